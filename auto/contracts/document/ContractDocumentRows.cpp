@@ -41,6 +41,21 @@ public:
              {Accounts::dutyPayable, Accounts::dutyExpense});
     }
 
+    void sale(const ContractSale &sale, const ContractDocumentParty &seller, const ContractDocumentParty &buyer)
+    {
+        if (buyer.personID == 0)
+            return;
+        const QString bought = u"بهای خودرو، خریدار "_s + buyer.name;
+        pair({Accounts::persons, buyer.personID, bought}, {Accounts::carSaleClearing, 0, bought}, sale.price);
+        const QString sold = u"بهای خودرو، فروشنده "_s + seller.name;
+        if (seller.kind == PartyKind::Showroom)
+            pair({Accounts::carSaleClearing, 0, bought}, {Accounts::carSales, 0, bought}, sale.price);
+        else if (seller.personID != 0)
+            pair({Accounts::carSaleClearing, 0, sold}, {Accounts::persons, seller.personID, sold}, sale.price);
+        const QString interest = u"بهره اقساط "_s + buyer.name;
+        pair({Accounts::persons, buyer.personID, interest}, {Accounts::instalmentInterest, 0, interest}, sale.interest);
+    }
+
     QList<DocumentRow> take() { return std::move(m_rows); }
 
 private:
@@ -108,6 +123,7 @@ QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract)
     rows.tax(contract.second);
     rows.duty(contract.first);
     rows.duty(contract.second);
+    rows.sale(contract.sale, contract.first, contract.second);
     return rows.take();
 }
 

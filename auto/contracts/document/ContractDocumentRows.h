@@ -23,11 +23,19 @@ struct ContractDocumentParty
     double duty = 0;
 };
 
+// The price that the buyer of an instalment sale owes, as the books hold it.
+struct ContractSale
+{
+    double price = 0;
+    double interest = 0; // of the stored plan
+};
+
 struct ContractForDocument
 {
     double commission = 0;
     ContractDocumentParty first;
     ContractDocumentParty second;
+    ContractSale sale = {}; // as constructed: the books do not hold it
 };
 
 // Header text: the type's name and the contract's number.
@@ -40,6 +48,11 @@ QString contractDocumentDescription(int contractType, int number);
 //   tax, duty   of every party: party / payable account
 //   tax, duty   of a party that is the dealership itself, again: expense account / party, which clears what the pair
 //               before charged, so that the dealership bears its own tax and duty as an expense
+// and then, of a sale in the books to a buyer with a person code:
+//   price       party / clearing account of car sales; and from there to whoever sells: clearing account / party, or clearing
+//               account / car sales where the dealership sells its own car. What is owed to a seller typed in by hand stays on the
+//               clearing account until he is entered as a person.
+//   interest    party / interest on instalments
 QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract);
 
 // What the rows charge one party: a person by the rows that name the person, the dealership itself by the tax and duty that it

@@ -4,8 +4,15 @@
 #include "auto/contracts/document/ContractPosting.h"
 
 #include "auto/contracts/document/ContractDocumentRows.h"
+#include "auto/contracts/figures/InstalmentSale.h"
+#include "auto/settings/ContractSettings.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/utility/values/Money.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,6 +20,25 @@ PartyKind partyKind(qint32 stored)
 {
     return stored >= 0 && stored <= static_cast<qint32>(PartyKind::Other) ? static_cast<PartyKind>(stored)
                                                                           : PartyKind::None;
+}
+
+// What will be received by the plan, in the decimals of the money unit, less what it splits. Read as it is now and not as it was when
+// the transaction began.
+double planInterest(const CTblAutomobilContracts &contract)
+{
+    if (contract.m_iID < 1)
+        return 0;
+    CTblTemp plan(contract.database());
+    plan.Open(true, false, true);
+    plan.FormatAndExecuteQuery("SELECT dAmount,dExtra FROM AutomobilPayments WHERE iAutomobilContractID=%d LOCK IN SHARE MODE", contract.m_iID);
+    long double total = 0;
+    long double principal = 0;
+    for (; plan.HasResultRow(); plan.MoveNextResult()) {
+        total += plan.GetDoubleFieldValue(0);
+        principal += plan.GetDoubleFieldValue(0) - plan.GetDoubleFieldValue(1);
+    }
+    const int decimals = GetDBSetting()->MoneyDecimals();
+    return roundToDecimals(static_cast<double>(total), decimals) - roundToDecimals(static_cast<double>(principal), decimals);
 }
 
 ContractForDocument forDocument(const CTblAutomobilContracts &contract)
@@ -25,6 +51,8 @@ ContractForDocument forDocument(const CTblAutomobilContracts &contract)
     document.second = {contract.m_iPersonSecondID, contract.m_sName2, partyKind(contract.m_iPersonContract2),
                        contract.m_dDiscountSecond, contract.m_dPercentTax2, contract.m_dTax2,
                        contract.m_dPercentImposition2, contract.m_dImposition2};
+    if (ContractPosting::postsSale(contract))
+        document.sale = {contract.m_dAmount, planInterest(contract)};
     return document;
 }
 
@@ -46,4 +74,32 @@ bool ContractPosting::post(CTblAutomobilContracts &contract)
     contract.m_iDocNum = document.num();
     contract.m_iFiscalYear = document.fiscalYear();
     return true;
+}
+
+bool ContractPosting::holdsSale(const CTblAutomobilContracts &contract)
+{
+    if (contract.m_iDocNum < 1)
+        return false;
+    CTblTemp rows(contract.database());
+    rows.Open(true, false, true);
+    rows.FormatAndExecuteQuery("SELECT iID FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d AND iHesabMoeenCode=%d LIMIT 1 LOCK IN SHARE MODE",
+                               contract.m_iDocNum, contract.m_iFiscalYear, int(Accounts::carSaleClearing));
+    return rows.HasResultRow();
+}
+
+bool ContractPosting::postsSale(const CTblAutomobilContracts &contract)
+{
+    if (contract.m_iContractType != InstalmentSale::contractType || contract.m_iPersonSecondID < 1 || contract.m_dAmount <= 0)
+        return false;
+    return ContractSettings::load(contract.database()).postPlan || holdsSale(contract);
+}
+
+void ContractPosting::followPlan(CTblAutomobilContracts &contract)
+{
+    if (contract.m_iDocNum < 1 || !postsSale(contract))
+        return;
+    contract.Edit();
+    if (!post(contract))
+        throw KAccountingError(u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
+    contract.Update(true);
 }

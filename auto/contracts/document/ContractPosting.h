@@ -20,8 +20,20 @@ namespace ContractPosting {
 // To be called inside the transaction that saves the contract. When that unit is replayed after a lock conflict, the
 // contract must be loaded again first: iDocNum still names the document that was rolled back.
 //
+// The price of an instalment sale to a person of the suite, and the interest of its plan, stand in the document where the contract
+// settings say so, and where the document holds them already: turning the setting off changes nobody's books.
+//
 // False: the suite assigned no document number; nothing more was written. Throws CMySQLException, and KAccountingError as
 // DocumentWriter does.
 [[nodiscard]] bool post(CTblAutomobilContracts &contract);
+
+// Whether the stored document of the contract holds the price.
+[[nodiscard]] bool holdsSale(const CTblAutomobilContracts &contract);
+// Whether it will once it is written.
+[[nodiscard]] bool postsSale(const CTblAutomobilContracts &contract);
+
+// Rewrites the document after the plan of the contract was changed; nothing where it has none, or one without the sale. Within
+// the transaction that has locked and loaded the contract. Throws KAccountingError where there is no document to be had.
+void followPlan(CTblAutomobilContracts &contract);
 
 }

@@ -31,10 +31,13 @@ QHash<int, QString> fieldValues(const KRowValues &named)
     return values;
 }
 
-RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &customFields, ContractSaving::Posted &posted)
+RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &customFields, ContractSaving::Posted &posted,
+                                      const ContractSaving::PlanStep &plan = {})
 {
     RecordSaving::Parts<Contract> parts;
-    parts.beforeRow = [&posted](Contract &contract) {
+    parts.beforeRow = [&posted, plan](Contract &contract) {
+        if (plan)
+            plan(contract);
         if (!ContractPosting::post(contract))
             throw KAccountingError(u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
         posted = {contract.m_iDocNum, contract.m_iFiscalYear};
@@ -63,10 +66,10 @@ int ContractSaving::customFieldOf(const QString &name)
     return name.startsWith(customFieldPrefix) ? name.sliced(customFieldPrefix.size()).toInt() : 0;
 }
 
-ContractSaving::Posted ContractSaving::save(const Decision &decision, const CustomFields &customFields)
+ContractSaving::Posted ContractSaving::save(const Decision &decision, const CustomFields &customFields, const PlanStep &plan)
 {
     Posted posted;
-    RecordSaving::save<Contract>(decision, partsOf(customFields, posted));
+    RecordSaving::save<Contract>(decision, partsOf(customFields, posted, plan));
     return posted;
 }
 

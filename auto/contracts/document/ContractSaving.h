@@ -9,6 +9,8 @@
 #include <QHash>
 #include <QString>
 
+#include <functional>
+
 // Saves a contract that a user has written or changed: row, accounting document and custom fields together or not at all.
 namespace ContractSaving {
 
@@ -26,11 +28,15 @@ struct CustomFields
     QHash<int, QString> changed; // of those that the user changed since
 };
 
+// What becomes of the instalment plan, once the contract holds what both sides decided and before its document is written. Runs in
+// the unit; what it throws ends the save, and nothing of it is kept. Empty: the plan stays as it is.
+using PlanStep = std::function<void(CTblAutomobilContracts &)>;
+
 using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
 
 // As RecordSaving does it. A custom field that both sides changed is one more conflict, under the name of customFieldName. Throws
 // KAccountingError, with nothing kept, when no document could be added.
-[[nodiscard]] Posted save(const Decision &decision, const CustomFields &customFields = {});
+[[nodiscard]] Posted save(const Decision &decision, const CustomFields &customFields = {}, const PlanStep &plan = {});
 // As a new contract, with a document of its own and all values of the custom fields. key: where it goes.
 [[nodiscard]] Posted saveAsNew(const Decision &decision, const CustomFields &customFields, int &key);
 

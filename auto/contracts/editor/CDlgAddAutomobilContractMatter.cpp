@@ -6,6 +6,7 @@
 #include "auto/cars/fields/VehicleDoubts.h"
 #include "auto/contracts/editor/MatterFields.h"
 #include "auto/contracts/editor/MatterVisibility.h"
+#include "auto/contracts/figures/InstalmentSale.h"
 #include "auto/contracts/figures/ModelYear.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -24,16 +25,6 @@
 #include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int instalmentSale = 2;
-
-double amountLeft(double amount, double inCash, double byCheque)
-{
-    return qMax(0.0, amount - inCash - byCheque);
-}
-}
 
 CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent)
     : ContractEditorPage(mode, u"مشخصات فروش"_s, parent)
@@ -137,7 +128,7 @@ QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFiel
 
 double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const
 {
-    return amountLeft(contractAmount, m_form->edit(u"dFixAmount"_s)->number(), m_form->edit(u"dAgreeAmount"_s)->number());
+    return InstalmentSale::amountLeft(contractAmount, m_form->edit(u"dFixAmount"_s)->number(), m_form->edit(u"dAgreeAmount"_s)->number());
 }
 
 bool CDlgAddAutomobilContractMatter::validate()
@@ -178,6 +169,6 @@ void CDlgAddAutomobilContractMatter::write(CTblAutomobilContracts &contract)
 // into instalments.
 void CDlgAddAutomobilContractMatter::follow(CTblAutomobilContracts &contract)
 {
-    if (contract.m_iContractType == instalmentSale)
-        contract.m_dRemainingAmount = amountLeft(contract.m_dAmount, contract.m_dFixAmount, contract.m_dAgreeAmount);
+    if (contract.m_iContractType == InstalmentSale::contractType)
+        contract.m_dRemainingAmount = InstalmentSale::amountLeft(contract.m_dAmount, contract.m_dFixAmount, contract.m_dAgreeAmount);
 }

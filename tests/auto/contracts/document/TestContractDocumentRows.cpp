@@ -69,6 +69,9 @@ private Q_SLOTS:
     void amountsAreGrouped();
     void everyCombinationBalances_data();
     void everyCombinationBalances();
+    void saleOfACar_data();
+    void saleOfACar();
+    void saleIsNoChargeOfTheCommission();
 };
 
 void TestContractDocumentRows::init()
@@ -255,6 +258,59 @@ void TestContractDocumentRows::everyCombinationBalances()
     QVERIFY(balances(rows));
     for (qsizetype i = 0; i < rows.size(); i += 2)
         QVERIFY(rows[i].debit > 0 && rows[i].credit == 0 && rows[i + 1].credit == rows[i].debit && rows[i + 1].debit == 0);
+}
+
+// What the price and the interest add, without the descriptions.
+void TestContractDocumentRows::saleOfACar_data()
+{
+    QTest::addColumn<int>("seller"); // 0 without a kind of person of the list
+    QTest::addColumn<int>("sellerKind");
+    QTest::addColumn<int>("buyer");
+    QTest::addColumn<double>("price");
+    QTest::addColumn<double>("interest");
+    QTest::addColumn<QStringList>("rows");
+    const auto row = [](const char *name, int seller, PartyKind kind, int buyer, double price, double interest, const QStringList &rows) {
+        QTest::newRow(name) << seller << int(kind) << buyer << price << interest << rows;
+    };
+    const QStringList price{u"110301/22 2000 0"_s, u"210601/0 0 2000"_s};
+    const QStringList interest{u"110301/22 144 0"_s, u"410203/0 0 144"_s};
+    row("between two persons", 11, PartyKind::Ordinary, 22, 2000, 144,
+        price + QStringList{u"210601/0 2000 0"_s, u"110301/11 0 2000"_s} + interest);
+    row("without interest", 11, PartyKind::Ordinary, 22, 2000, 0, price + QStringList{u"210601/0 2000 0"_s, u"110301/11 0 2000"_s});
+    row("of the showroom's own car", 0, PartyKind::Showroom, 22, 2000, 144,
+        price + QStringList{u"210601/0 2000 0"_s, u"410301/0 0 2000"_s} + interest);
+    row("by a seller typed by hand", 0, PartyKind::Other, 22, 2000, 0, price);
+    row("to a buyer typed by hand", 11, PartyKind::Ordinary, 0, 2000, 144, {});
+    row("not in the books", 11, PartyKind::Ordinary, 22, 0, 0, {});
+}
+
+void TestContractDocumentRows::saleOfACar()
+{
+    QFETCH(int, seller);
+    QFETCH(int, sellerKind);
+    QFETCH(int, buyer);
+    QFETCH(double, price);
+    QFETCH(double, interest);
+    QFETCH(QStringList, rows);
+    ContractForDocument contract = taxedContract();
+    contract.first.personID = seller;
+    contract.first.kind = PartyKind(sellerKind);
+    contract.second.personID = buyer;
+    const qsizetype without = contractDocumentRows(contract).size();
+    contract.sale = {price, interest};
+    const QList<DocumentRow> all = contractDocumentRows(contract);
+    QVERIFY(balances(all));
+    QStringList added;
+    for (const QString &line : lines(all.sliced(without)))
+        added.append(line.section(u" ["_s, 0, 0));
+    QCOMPARE(added, rows);
+}
+
+void TestContractDocumentRows::saleIsNoChargeOfTheCommission()
+{
+    ContractForDocument contract = taxedContract();
+    contract.sale = {2000, 144};
+    QCOMPARE(amountCharged(contract.commission, contract.second), 1045.0);
 }
 
 static const RegisteredTest<TestContractDocumentRows> registeredContractDocumentRows;
