@@ -3,7 +3,9 @@
 
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 
-#include "auto/contracts/instalments/InstalmentReceiving.h"
+#include "auto/contracts/instalments/InstalmentQuestions.h"
+#include "auto/contracts/instalments/LateFee.h"
+#include "auto/contracts/instalments/PlanFollowing.h"
 #include "auto/words/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -25,6 +27,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
+#include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 
@@ -52,49 +55,37 @@ const QString closeCaption = u"بازگشت"_s;
 constexpr int yearlyPosition = 1;
 constexpr int monthsPosition = 1;
 
-QVector<KListModel::Column> listColumns()
+// The late fee has a column where the office takes one.
+QVector<KListModel::Column> listColumns(bool withLateFee)
 {
-    return {{u"ردیف"_s, Qt::AlignCenter, 40},
-            {u"تاریخ قسط"_s, Qt::AlignCenter, 80, {}, true},
-            {u"شرح"_s, Qt::AlignRight, 150},
-            {u"مبلغ قسط"_s, Qt::AlignCenter, 100},
-            {u"وضعیت"_s, Qt::AlignCenter, 80}};
+    QVector<KListModel::Column> columns{{u"ردیف"_s, Qt::AlignCenter, 40},
+                                        {u"تاریخ قسط"_s, Qt::AlignCenter, 80, {}, true},
+                                        {u"شرح"_s, Qt::AlignRight, 150},
+                                        {u"مبلغ قسط"_s, Qt::AlignCenter, 100},
+                                        {u"وضعیت"_s, Qt::AlignCenter, 100},
+                                        {u"دریافت شده"_s, Qt::AlignCenter, 100},
+                                        {u"مانده"_s, Qt::AlignCenter, 100}};
+    if (withLateFee)
+        columns.append({u"جریمه دیرکرد"_s, Qt::AlignCenter, 90});
+    return columns;
 }
 
-// An instalment is kept as exact as it was calculated, and shown as it will be received.
-struct ListedAmount
+QString stateText(InstalmentState::Kind kind)
 {
-    double exact = 0;
-    QString shown;
-};
-
-KListModel::Row listRow(int key, int number, const QDate &due, const QString &description, const ListedAmount &amount,
-                        bool paid, const QDate &today)
-{
-    KListModel::Row row{key,
-                        {{QString::number(number), number},
-                         {shamsiText(due), due},
-                         {description},
-                         {amount.shown, amount.exact},
-                         {WordLists::textAt(WordLists::paymentStates(), paid ? 1 : 0)}}};
-    row.warning = key > 0 && !paid && due < today;
-    return row;
-}
-
-template <class Rows>
-std::vector<double> amountsToReceiveOf(const Rows &rows, int decimals)
-{
-    std::vector<double> amounts;
-    for (const auto &row : rows)
-        amounts.push_back(row.amount);
-    return amountsToReceive(amounts, decimals);
+    switch (kind) {
+    case InstalmentState::Unpaid: return WordLists::textAt(WordLists::paymentStates(), 0);
+    case InstalmentState::Paid: return WordLists::textAt(WordLists::paymentStates(), 1);
+    case InstalmentState::Partly: break;
+    }
+    return u"بخشی پرداخت شده"_s;
 }
 
 }
 
 CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal, QWidget *parent)
     : KDialog(parent)
-    , m_settings(OfficeSettings::read())
+    , m_settings(OfficeSettings::read({ContractSettings::section()}))
+    , m_rates(ContractSettings::of(m_settings))
     , m_contractID(contractID)
     , m_personID(personID)
 {
@@ -110,7 +101,7 @@ CDlgCalcPayment::CDlgCalcPayment(int contractID, int personID, double principal,
     loadPlan();
     // It has no OK button: the plan is saved by a command.
     setAsksBeforeDropping(true);
-    resize(LookSizes::scaled(760), LookSizes::scaled(660));
+    resize(LookSizes::scaled(960), LookSizes::scaled(660));
 }
 
 CDlgCalcPayment::~CDlgCalcPayment() = default;
@@ -123,17 +114,29 @@ void CDlgCalcPayment::Run(int contractID, int personID, double principal, QWidge
         dialog.exec();
 }
 
+void CDlgCalcPayment::RunAnew(int contractID, int personID, double principal, QWidget *parent)
+{
+    CDlgCalcPayment dialog(contractID, personID, principal, parent);
+    dialog.calculateAnew(principal);
+    if (dialog.m_contractCode > 0)
+        dialog.exec();
+}
+
 void CDlgCalcPayment::build(double principal)
 {
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(calculateCaption);
-    m_list->setColumns(listColumns());
+    m_list->setColumns(listColumns(m_rates.lateFeePercent > 0));
     m_list->SetSettingName(u"AutomobilPayments\\List"_s);
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgCalcPayment::updateButtons);
     m_note = new QLabel(
         u"به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد."_s, this);
     m_note->setWordWrap(true);
     m_note->hide();
+    m_disagreement = new QLabel(this);
+    m_disagreement->setWordWrap(true);
+    m_disagreement->setForegroundRole(HostColors::dangerText);
+    m_disagreement->hide();
 
     auto *content = new QWidget(this);
     auto *cards = new CardStack(content);
@@ -141,6 +144,7 @@ void CDlgCalcPayment::build(double principal)
     cards->addCard(buildMethod());
     cards->addCard(new KListCard(m_list, content), true);
     cards->addCard(m_note);
+    cards->addCard(m_disagreement);
     cards->addCard(buildSums());
     QDialogButtonBox *close = createButtons({}, closeCaption);
     setContent(content, close);
@@ -264,18 +268,19 @@ bool CDlgCalcPayment::isNoteShown() const
 
 bool CDlgCalcPayment::changesAllowed() const
 {
-    return !m_readOnly && !m_anyPaid && !GetDBSetting()->IsClosedDB();
+    return !m_readOnly && !m_anyReceived && !GetDBSetting()->IsClosedDB();
 }
 
 void CDlgCalcPayment::updateButtons()
 {
-    const bool changes = !m_readOnly && !m_anyPaid && !m_settings.isClosed();
+    const bool changes = !m_readOnly && !m_anyReceived && !m_settings.isClosed();
     for (const QString &caption : {calculateCaption, saveCaption, deleteCaption})
         button(caption)->setEnabled(changes);
     const int key = m_list->currentKey();
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &row) { return row.id == key; });
+    const bool isOpen = key > 0 && selected != m_stored.cend() && selected->state().kind != InstalmentState::Paid;
     // A contract that was never confirmed can still be cancelled, and a receipt would outlive it.
-    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !m_settings.isClosed() && key > 0 && selected != m_stored.cend() && !selected->paid);
+    button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !m_settings.isClosed() && isOpen);
 }
 
 InstalmentTerms CDlgCalcPayment::terms() const
@@ -352,17 +357,32 @@ void CDlgCalcPayment::calculate()
     showPlan();
 }
 
+void CDlgCalcPayment::calculateAnew(double principal)
+{
+    m_principal->setNumber(principal);
+    calculate();
+}
+
+// An instalment is kept as exact as it was calculated, and shown as it will be received.
 void CDlgCalcPayment::showPlan()
 {
-    const QDate today = m_settings.serverTime().date();
     const int decimals = m_settings.moneyDecimals();
-    const std::vector<double> toReceive = amountsToReceiveOf(m_plan->instalments, decimals);
+    std::vector<double> amounts;
+    for (const Instalment &instalment : m_plan->instalments)
+        amounts.push_back(instalment.amount);
+    const std::vector<double> dues = amountsToReceive(amounts, decimals);
     QVector<KListModel::Row> rows;
-    int number = 0;
     for (const Instalment &instalment : m_plan->instalments) {
-        const ListedAmount amount{instalment.amount, DToMoney(toReceive.at(number), decimals)};
-        ++number;
-        rows.append(listRow(-number, number, instalment.due, QString(), amount, false, today));
+        const double due = dues[static_cast<std::size_t>(rows.size())];
+        const int number = static_cast<int>(rows.size()) + 1;
+        rows.append({-number,
+                     {{QString::number(number), number},
+                      {shamsiText(instalment.due), instalment.due},
+                      {},
+                      {DToMoney(due, decimals), instalment.amount},
+                      {stateText(InstalmentState::Unpaid)},
+                      {DToMoney(0, decimals), 0.0},
+                      {DToMoney(due, decimals), due}}});
     }
     m_list->setRows(std::move(rows));
     m_total->setNumber(m_plan->total);
@@ -374,23 +394,58 @@ void CDlgCalcPayment::loadPlan()
 {
     m_plan.reset();
     m_stored = StoredInstalments::load(m_contractID);
-    m_toReceive = amountsToReceiveOf(m_stored, m_settings.moneyDecimals());
-    m_anyPaid = std::any_of(m_stored.cbegin(), m_stored.cend(), [](const auto &row) { return row.paid; });
-    m_note->setVisible(m_anyPaid);
+    m_anyReceived = std::any_of(m_stored.cbegin(), m_stored.cend(),
+                                [](const auto &row) { return row.paid || row.state().kind != InstalmentState::Unpaid; });
+    m_note->setVisible(m_anyReceived);
     showStored();
+    showDisagreement();
     updateButtons();
+}
+
+// The stored contract and the stored plan: what an open editor holds may still be changed.
+void CDlgCalcPayment::showDisagreement()
+{
+    CTblAutomobilContracts contract;
+    if (m_contractCode > 0 && m_confirmed && contract.IsRecordExist(u"iID"_s, m_contractID))
+        m_disagreement->setText(PlanFollowing::disagreement(contract).join(u'\n'));
+    m_disagreement->setVisible(!m_disagreement->text().isEmpty());
+}
+
+QString CDlgCalcPayment::disagreementText() const
+{
+    return m_disagreement->isHidden() ? QString() : m_disagreement->text();
+}
+
+KListModel::Row CDlgCalcPayment::storedRow(const StoredInstalments::Row &row, int number) const
+{
+    const QDate due = row.date.date();
+    const QDate today = m_settings.serverTime().date();
+    const int decimals = m_settings.moneyDecimals();
+    const InstalmentState state = row.state();
+    // Older rows are marked as paid without a receipt that names them.
+    const double received = row.received > 0 ? row.received : row.due - state.rest;
+    KListModel::Row listed{row.id,
+                           {{QString::number(number), number},
+                            {shamsiText(due), due},
+                            {row.description},
+                            {DToMoney(row.due, decimals), row.amount},
+                            {stateText(state.kind)},
+                            {DToMoney(received, decimals), received},
+                            {DToMoney(state.rest, decimals), state.rest}}};
+    const double fee = LateFee::of(state.rest, static_cast<int>(due.daysTo(today)), m_rates.lateFeePercent, m_rates.lateFeeGrace, decimals);
+    if (m_rates.lateFeePercent > 0)
+        listed.cells.append({DToMoney(fee, decimals), fee});
+    listed.warning = state.kind != InstalmentState::Paid && due < today;
+    return listed;
 }
 
 void CDlgCalcPayment::showStored()
 {
-    const QDate today = m_settings.serverTime().date();
     QVector<KListModel::Row> rows;
     double total = 0;
     double interest = 0;
     for (const StoredInstalments::Row &row : m_stored) {
-        const int number = static_cast<int>(rows.size()) + 1;
-        const ListedAmount amount{row.amount, DToMoney(m_toReceive.at(number - 1), m_settings.moneyDecimals())};
-        rows.append(listRow(row.id, number, row.due.date(), row.description, amount, row.paid, today));
+        rows.append(storedRow(row, static_cast<int>(rows.size()) + 1));
         total += row.amount;
         interest += row.interest;
     }
@@ -481,13 +536,9 @@ void CDlgCalcPayment::receiveSelected()
 {
     const int key = m_list->currentKey();
     const int row = m_list->currentRow();
-    const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &stored) { return stored.id == key; });
-    if (!m_confirmed || key <= 0 || selected == m_stored.cend() || selected->paid)
+    if (!m_confirmed || key <= 0)
         return;
-    const QString description = StoredInstalments::receiptText(selected->number, m_contractCode);
-    const double amount = m_toReceive.at(static_cast<std::size_t>(selected - m_stored.cbegin()));
-    GetDBSetting()->CashFromPersonMulti(m_personID, amount, description, this,
-                                        InstalmentReceiving::purpose(m_contractID, key, selected->number));
+    InstalmentQuestions::receive(m_contractID, key, this);
     // Also when nothing was received here: somebody else may have received it.
     loadPlan();
     m_list->selectRow(row);

@@ -5,9 +5,11 @@
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
+#include "auto/settings/ContractSettings.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
+#include "suite/utility/lists/KListModel.h"
 
 #include <optional>
 
@@ -21,8 +23,8 @@ class QLabel;
 class QPushButton;
 class QRadioButton;
 
-// Calculates, stores, deletes and shows the instalment plan of a contract, and receives its instalments. Once an
-// instalment is paid the plan stays as it is: calculating, saving and deleting are refused.
+// Calculates, stores, deletes and shows the instalment plan of a contract, and receives its instalments, whole or in parts. Once
+// something was received for one the plan stays as it is: calculating, saving and deleting are refused.
 class CDlgCalcPayment final : public KDialog
 {
     Q_OBJECT
@@ -34,8 +36,11 @@ public:
 
     // Opens the window for a contract; nothing for one that does not exist.
     static void Run(int contractID, int personID, double principal, QWidget *parent, bool readOnly = false);
+    // Opens it with a plan calculated for that principal, by the terms of the stored one, which it is to replace.
+    static void RunAnew(int contractID, int personID, double principal, QWidget *parent);
 
     void setReadOnly(bool readOnly);
+    void calculateAnew(double principal);
     // The commands behind the buttons.
     void calculate();
     void savePlan();
@@ -47,6 +52,8 @@ public:
 
     KExtListCtrl *list() const { return m_list; }
     bool isNoteShown() const;
+    // What is said about a plan that does not agree with its contract; empty where it does.
+    QString disagreementText() const;
     InstalmentTerms terms() const;
     void setTerms(const InstalmentTerms &terms);
     double shownTotal() const;
@@ -63,6 +70,8 @@ private:
     void loadPlan();
     bool storePlan(const QList<int> &seen);
     void showStored();
+    void showDisagreement();
+    KListModel::Row storedRow(const StoredInstalments::Row &row, int number) const;
     void showPlan();
     void updateButtons();
     bool refuse(const QString &message, QWidget *field);
@@ -74,15 +83,15 @@ private:
     bool changesAllowed() const;
 
     const OfficeSettings m_settings; // as the window's opening found them
+    const ContractSettings m_rates;
     int m_contractID;
     int m_personID;
     int m_contractCode = 0;
     int m_contractNumber = 0; // in the registry, or the code while there is none
     bool m_confirmed = false; // the contract was saved at least once, and so has its document
     bool m_readOnly = false;
-    bool m_anyPaid = false;
+    bool m_anyReceived = false;
     std::vector<StoredInstalments::Row> m_stored; // what the list shows, unless a plan was just calculated
-    std::vector<double> m_toReceive;              // for each of those, in the decimals of the money unit
     std::optional<InstalmentPlan> m_plan;         // calculated and not yet saved
     InstalmentTerms m_plannedTerms;
     KEdit *m_principal = nullptr;
@@ -99,5 +108,6 @@ private:
     KEdit *m_interest = nullptr;
     KEdit *m_remaining = nullptr;
     QLabel *m_note = nullptr;
+    QLabel *m_disagreement = nullptr;
     QList<QPushButton *> m_buttons;
 };

@@ -3,6 +3,8 @@
 
 #include "auto/contracts/instalments/StoredInstalments.h"
 
+#include "auto/contracts/document/ContractPosting.h"
+#include "auto/contracts/instalments/PlanSpread.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/ContractLock.h"
@@ -12,9 +14,11 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/treasury/CTblReceipts.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QSet>
+#include <QHash>
 
 #include <cmath>
 
@@ -48,36 +52,86 @@ KSql ofContract(int contractID)
     return condition;
 }
 
-QSet<int> paidIDs(int contractID)
+KSql locking(bool locked)
 {
-    QSet<int> ids;
+    return locked ? KSql(" FOR UPDATE") : KSql();
+}
+
+// What the receipts that stand say, by instalment.
+QHash<int, double> receivedFor(int contractID, bool locked)
+{
+    QHash<int, double> received;
     CTblTemp statement;
-    statement.Open(false, false, true);
-    statement.ExecuteQuery("SELECT iID FROM AutomobilPayments WHERE iStatus=1 AND " + ofContract(contractID));
-    while (statement.HasResultRow()) {
-        ids.insert(statement.GetLongFieldValue(0));
-        statement.MoveNextResult();
+    statement.Open(true, false, true);
+    statement.ExecuteQuery(KSql::formatted("SELECT iPaymentID,SUM(IF(iKind=%1,-dAmount,dAmount)) FROM Receipts WHERE iTable=%2 AND iRecordID=%3"
+                                           " AND iStatus=%4 AND iPaymentID>0 GROUP BY iPaymentID",
+                                           int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), contractID,
+                                           int(CTblReceipts::valid))
+                           + locking(locked));
+    for (; statement.HasResultRow(); statement.MoveNextResult())
+        received.insert(statement.GetLongFieldValue(0), statement.GetDoubleFieldValue(1));
+    return received;
+}
+
+void setDues(std::vector<StoredInstalments::Row> &rows)
+{
+    std::vector<double> amounts;
+    for (const StoredInstalments::Row &row : rows)
+        amounts.push_back(row.amount);
+    const std::vector<double> dues = amountsToReceive(amounts, GetDBSetting()->MoneyDecimals());
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        rows[i].due = dues[i];
+}
+
+StoredInstalments::Row rowOf(const CTblTemp &found)
+{
+    StoredInstalments::Row row;
+    row.id = found.GetLongFieldValue(0);
+    row.number = found.GetLongFieldValue(1);
+    row.date = found.GetDateFieldValue(2);
+    row.amount = found.GetDoubleFieldValue(3);
+    row.interest = found.GetDoubleFieldValue(4);
+    row.description = found.GetTextFieldValue(5);
+    row.paid = found.GetLongFieldValue(6) != 0;
+    row.personID = found.GetLongFieldValue(7);
+    row.days = found.GetLongFieldValue(8);
+    row.months = found.GetLongFieldValue(9);
+    row.monthlyRate = found.GetLongFieldValue(10) != 0;
+    row.method = found.GetLongFieldValue(11) == decliningLevel ? InterestMethod::DecliningPrincipal : InterestMethod::WholePrincipal;
+    return row;
+}
+
+std::vector<StoredInstalments::Row> rowsWhere(const KSql &condition, int contractID, bool locked)
+{
+    const QHash<int, double> received = receivedFor(contractID, locked);
+    std::vector<StoredInstalments::Row> rows;
+    CTblTemp found;
+    found.Open(true, false, true);
+    found.ExecuteQuery("SELECT iID,iNum,date,dAmount,dExtra,sDesc,iStatus,iPersonID,iDays,iMonths,bPercentMonthly,iLevel FROM AutomobilPayments"
+                       " WHERE "
+                       + condition + " ORDER BY date,iID" + locking(locked));
+    for (; found.HasResultRow(); found.MoveNextResult()) {
+        rows.push_back(rowOf(found));
+        rows.back().received = received.value(rows.back().id);
     }
-    return ids;
+    setDues(rows);
+    return rows;
 }
 
 // A plan has no row of its own, so that who changed it is noted for the contract under this name.
 const QString planName = u"InstalmentPlan"_s;
 
-void requireReplaceable(int contractID, const QList<int> &seen)
+void requireReplaceable(CTblAutomobilContracts &contract, int contractID, const QList<int> &seen)
 {
-    CTblAutomobilContracts contract;
     ContractLock::take(contract, contractID);
-    CTblTemp statement;
-    statement.ExecuteQuery("SELECT iID,iStatus FROM AutomobilPayments WHERE " + ofContract(contractID) + " ORDER BY date,iID FOR UPDATE");
-    QList<int> stored;
-    for (; statement.HasResultRow(); statement.MoveNextResult()) {
-        if (statement.GetLongFieldValue(1) != 0)
+    const std::vector<StoredInstalments::Row> rows = StoredInstalments::loadLocked(contractID);
+    for (const StoredInstalments::Row &row : rows) {
+        if (row.paid || row.state().kind != InstalmentState::Unpaid)
             throw KAccountingError(u"در این میان قسطی از این قرارداد دریافت شده است و برنامه اقساط آن دیگر تغییر نمی‌کند. چیزی ذخیره نشد."_s);
-        stored.append(statement.GetLongFieldValue(0));
     }
+    const QList<int> stored = StoredInstalments::keysOf(rows);
     if (stored != seen)
-        throw StoredInstalments::Changed(u"%1 برنامه اقساط این قرارداد را در این میان تغییر داده است. چیزی ذخیره نشد."_s.arg(RowChanged::lastChange(planName, contractID)),
+        throw StoredInstalments::Changed(u"%1 برنامه اقساط این قرارداد را در این میان تغییر داده است. چیزی ذخیره نشد."_s.arg(StoredInstalments::lastChange(contractID)),
                                          stored);
 }
 
@@ -86,6 +140,21 @@ void deletePlan(int contractID)
     CTblTemp statement;
     statement.Open(true, false, true);
     statement.ExecuteQuery("DELETE FROM AutomobilPayments WHERE " + ofContract(contractID));
+}
+
+std::vector<PlanSpread::Row> spreadRowsOf(const std::vector<StoredInstalments::Row> &rows)
+{
+    std::vector<PlanSpread::Row> spread;
+    for (const StoredInstalments::Row &row : rows)
+        spread.push_back({row.amount, row.interest, row.due, row.state().rest});
+    return spread;
+}
+
+void deleteInstalment(int paymentID)
+{
+    CTblTemp statement;
+    statement.Open(true, false, true);
+    statement.FormatAndExecuteQuery("DELETE FROM AutomobilPayments WHERE iID=%d", paymentID);
 }
 
 void addInstalment(CTblAutomobilPayments &payment, const StoredInstalments::Owner &owner, const InstalmentTerms &terms, const Instalment &instalment)
@@ -107,16 +176,32 @@ void addInstalment(CTblAutomobilPayments &payment, const StoredInstalments::Owne
 
 std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
 {
-    const QSet<int> paid = paidIDs(contractID);
-    std::vector<Row> rows;
-    CTblAutomobilPayments payments;
-    payments.m_filter = ofContract(contractID);
-    payments.m_sort = "date,iID";
-    for (payments.Open(true, true, true); !payments.IsEOF(); payments.MoveNext())
-        rows.push_back({payments.m_iID, payments.m_iNum, payments.m_date, payments.m_dAmount, payments.m_dExtra, payments.m_sDesc,
-                        paid.contains(payments.m_iID), payments.m_iDays, payments.m_iMonths, payments.m_bPercentMonthly != 0,
-                        payments.m_iLevel == decliningLevel ? InterestMethod::DecliningPrincipal : InterestMethod::WholePrincipal});
-    return rows;
+    return rowsWhere(ofContract(contractID), contractID, false);
+}
+
+std::vector<StoredInstalments::Row> StoredInstalments::loadLocked(int contractID)
+{
+    return rowsWhere(ofContract(contractID), contractID, true);
+}
+
+QString StoredInstalments::lastChange(int contractID)
+{
+    return RowChanged::lastChange(planName, contractID);
+}
+
+PlanFigures StoredInstalments::figuresOf(const std::vector<Row> &rows, double principal)
+{
+    PlanFigures figures;
+    figures.principal = termsOf(rows).principal;
+    for (const Row &row : rows) {
+        const InstalmentState state = row.state();
+        figures.anyReceived = figures.anyReceived || row.paid || state.kind != InstalmentState::Unpaid;
+        figures.hasOpen = figures.hasOpen || state.kind != InstalmentState::Paid;
+        if (state.kind != InstalmentState::Paid && !figures.personID)
+            figures.personID = row.personID;
+    }
+    figures.receivedIsWithin = PlanSpread::problemOf(spreadRowsOf(rows), principal) == PlanSpread::Problem::None;
+    return figures;
 }
 
 StoredInstalments::Changed::Changed(const QString &userMessage, QList<int> stored)
@@ -139,7 +224,8 @@ void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const I
 {
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen();
-        requireReplaceable(owner.contractID, seen);
+        CTblAutomobilContracts contract;
+        requireReplaceable(contract, owner.contractID, seen);
         deletePlan(owner.contractID);
         CTblAutomobilPayments payment;
         int number = 0;
@@ -150,6 +236,7 @@ void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const I
             addInstalment(payment, owner, terms, instalment);
         }
         KChangeLog::note(planName, owner.contractID, KChange::Kind::Changed);
+        ContractPosting::followPlan(contract);
     });
 }
 
@@ -167,7 +254,7 @@ InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
     terms.interval = first.days > 0 ? first.days : first.months;
     terms.rateUnit = first.monthlyRate ? RateUnit::Monthly : RateUnit::Yearly;
     terms.method = first.method;
-    terms.start = startBefore(first.due.date(), terms);
+    terms.start = startBefore(first.date.date(), terms);
     // The interest grows with the rate, so one percent's interest yields the rate; rounded to the decimals of a typed rate.
     terms.rate = 1;
     if (problemOf(terms) != InstalmentProblem::None)
@@ -180,10 +267,41 @@ void StoredInstalments::remove(int contractID, const QList<int> &seen)
 {
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen();
-        requireReplaceable(contractID, seen);
-        deletePlan(contractID);
-        KChangeLog::note(planName, contractID, KChange::Kind::Deleted);
+        CTblAutomobilContracts contract;
+        requireReplaceable(contract, contractID, seen);
+        removeLocked(contractID);
+        ContractPosting::followPlan(contract);
     });
+}
+
+void StoredInstalments::removeLocked(int contractID)
+{
+    deletePlan(contractID);
+    KChangeLog::note(planName, contractID, KChange::Kind::Deleted);
+}
+
+void StoredInstalments::spread(const CTblAutomobilContracts &contract, const std::vector<Row> &rows, double principal)
+{
+    const std::vector<PlanSpread::Part> parts = PlanSpread::of(spreadRowsOf(rows), principal, GetDBSetting()->MoneyDecimals());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        CTblAutomobilPayments payment;
+        payment.lockRecord(rows[i].id);
+        const InstalmentState before = rows[i].state();
+        if (before.kind == InstalmentState::Unpaid && IsEquals(parts[i].amount, 0)) {
+            deleteInstalment(rows[i].id);
+            continue;
+        }
+        payment.Edit();
+        payment.m_dAmount = parts[i].amount;
+        payment.m_dExtra = parts[i].interest;
+        if (before.kind != InstalmentState::Paid)
+            payment.m_iPersonID = contract.m_iPersonSecondID;
+        payment.Update(true);
+        const bool paid = InstalmentState::of(parts[i].amount, rows[i].received, rows[i].paid).kind == InstalmentState::Paid;
+        if (paid != rows[i].paid)
+            setPaid(rows[i].id, paid);
+    }
+    KChangeLog::note(planName, contract.m_iID, KChange::Kind::Changed);
 }
 
 QString StoredInstalments::receiptText(int number, int contractCode)
@@ -206,4 +324,16 @@ void StoredInstalments::setPaid(int paymentID, bool paid)
     CTblTemp statement;
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("UPDATE AutomobilPayments SET iStatus=%d WHERE iID=%d", paid ? 1 : 0, paymentID);
+}
+
+void StoredInstalments::recount(int contractID, int paymentID)
+{
+    // The plan that the instalment is in: another department may have one of its own.
+    const KSql plan = KSql::formatted("iAutomobilContractID=%1 AND iDepartmentID<=>(SELECT q.iDepartmentID FROM AutomobilPayments q WHERE q.iID=%2 LOCK IN SHARE MODE)",
+                                      contractID, paymentID);
+    for (const Row &row : rowsWhere(plan, contractID, true)) {
+        const bool whole = InstalmentState::of(row.due, row.received, false).kind == InstalmentState::Paid;
+        if (row.id == paymentID && whole != row.paid)
+            setPaid(paymentID, whole);
+    }
 }

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
+#include "auto/contracts/instalments/InstalmentState.h"
+#include "auto/contracts/instalments/PlanAgreement.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 #include <QDateTime>
@@ -11,6 +13,8 @@
 #include <QString>
 
 #include <vector>
+
+class CTblAutomobilContracts;
 
 // The instalments of a contract as the database keeps them. Where the office works by departments and one is current, only
 // those of that department.
@@ -20,19 +24,28 @@ struct Row
 {
     int id = 0;     // key of the payment
     int number = 0; // from 1
-    QDateTime due;
+    QDateTime date; // when it is due
     double amount = 0;
     double interest = 0; // within amount
     QString description;
-    bool paid = false;
-    int days = 0; // interval, in days or in months
+    bool paid = false;   // as the row is marked; its state says how far it is
+    int personID = 0;    // who pays it
+    double due = 0;      // what is to be received for it, in the decimals of the money unit
+    double received = 0; // by the receipts that stand, less what was paid back
+    int days = 0;        // interval, in days or in months
     int months = 0;
     bool monthlyRate = false;
     InterestMethod method = InterestMethod::WholePrincipal;
+
+    InstalmentState state() const { return InstalmentState::of(due, received, paid); }
 };
 
 // In the order of their dates.
 std::vector<Row> load(int contractID);
+// The same within a transaction that holds the contract's lock: as they are now, and so until it ends.
+std::vector<Row> loadLocked(int contractID);
+// What agrees with the contract, or does not. principal: what is to be split now. There must be a row.
+PlanFigures figuresOf(const std::vector<Row> &rows, double principal);
 
 // The stored plan is another than the user had seen. Nothing was written.
 class Changed : public KAccountingError
@@ -50,6 +63,8 @@ private:
 
 // The keys of a plan, to tell it from another one.
 QList<int> keysOf(const std::vector<Row> &rows);
+// Who changed the plan of the contract last, and when (RowChanged::lastChange).
+QString lastChange(int contractID);
 
 // Whom and what a plan is for.
 struct Owner
@@ -60,7 +75,8 @@ struct Owner
 };
 
 // Replaces the contract's earlier plan, of which the user saw the rows with these keys, by the new one: all of it, or nothing.
-// Throws Changed; and KAccountingError when an instalment is paid by now, or the contract is gone.
+// The contract's document follows, where it holds the sale. Throws Changed; and KAccountingError when something was received for an
+// instalment by now, or the contract is gone.
 void save(const Owner &owner, const QList<int> &seen, const InstalmentTerms &terms, const InstalmentPlan &plan);
 
 // The terms that a stored plan was made of, from its rows: the rate from the interest, the start from the first date.
@@ -73,14 +89,22 @@ void remove(int contractID, const QList<int> &seen);
 // The text that receiving an instalment proposes for the receipt.
 QString receiptText(int number, int contractCode);
 
+// Within a transaction that has locked the contract: spreads what is open anew (PlanSpread) and makes it the contract's present
+// buyer's; or deletes the plan. The document is left to the caller, who saves the contract. rows: as loadLocked found them.
+void spread(const CTblAutomobilContracts &contract, const std::vector<Row> &rows, double principal);
+void removeLocked(int contractID);
+
 enum class State {
     Unpaid,
     Paid,
     Gone // no longer in the plan of the contract
 };
-// Nobody else changes the instalment until the transaction ends.
+// How its row is marked. Nobody else changes the instalment until the transaction ends.
 State lock(int contractID, int paymentID);
-// Sets the paid state, which the record class does not bind. Within a transaction that has locked the instalment.
+// Sets that mark, which the record class does not bind. Within a transaction that has locked the instalment.
 void setPaid(int paymentID, bool paid);
+// Marks the instalment by what its receipts say. Within a transaction that has locked the contract, after a receipt for it was
+// saved or no longer counts. Nothing for one that is gone.
+void recount(int contractID, int paymentID);
 
 }
