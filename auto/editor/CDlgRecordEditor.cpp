@@ -167,6 +167,8 @@ bool CDlgRecordEditor::saveOrAsk()
         try {
             save();
             return true;
+        } catch (const GoneBack &) {
+            return false;
         } catch (const RowChanged &changed) {
             if (changed.kind() == RowChanged::Kind::Gone)
                 return saveInPlaceOf(changed);

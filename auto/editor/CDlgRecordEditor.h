@@ -49,6 +49,11 @@ public:
     void unarchive();
 
 protected:
+    // Thrown by save: the user was asked something and goes back to the window. Nothing is told.
+    struct GoneBack
+    {
+    };
+
     CDlgRecordEditor(int key, EditorMode mode, QWidget *parent);
 
     // Adds a button beside "فعال", before "برگشت از بايگاني". What its action throws is shown.
@@ -68,7 +73,7 @@ protected:
     void typedWorkChanged(bool typed) override;
     // When false, the reason has been shown.
     [[nodiscard]] virtual bool validatePages() = 0;
-    // Throws RowChanged where the row is no longer as it was read and the user has to decide.
+    // Throws RowChanged where the row is no longer as it was read and the user has to decide, GoneBack where he has decided so.
     virtual void save() = 0;
     // Saves what the window holds as a new row, and returns its key.
     [[nodiscard]] virtual int saveAsNew() = 0;

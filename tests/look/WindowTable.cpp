@@ -11,6 +11,7 @@
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
+#include "auto/contracts/instalments/CDlgPlanChoice.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
@@ -137,6 +138,8 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"contract-instalments", window<CDlgCalcPayment>(contract, person, 123'456'789.0)});
     const CTblFollowUps::Subject call{CTblAutomobilContracts::recordKind, contract, 0, u"AutomobilPayments"_s};
     entries.push_back({"follow-up", window<CDlgFollowUp>(call, u"مریم کریمی     09121234567     قسط شماره 3 قرارداد 12     سررسید 1405/04/02     مانده 45,000,000"_s)});
+    entries.push_back({"contract-plan-choice",
+                       window<CDlgPlanChoice>(PlanFollowing::Facts{{true, 1'800'000'000, 2}, {1'200'000'000, 1, false, true, true}, {}})});
     entries.push_back({"contract-receipts", window<CDlgContractReceipts>(contract)});
     entries.push_back({"receipt", window<CDlgCashFromPerson>(person, 2'818'800.0, u"بابت تسویه قرارداد شماره 15"_s)});
     entries.push_back({"clauses", window<CDlgMultiItems>(int(CTblItems::typeClause), u"توضیحات"_s)});

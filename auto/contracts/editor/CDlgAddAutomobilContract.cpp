@@ -8,6 +8,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
+#include "auto/contracts/instalments/CDlgPlanChoice.h"
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/contracts/editor/ContractTitle.h"
@@ -169,10 +170,27 @@ bool CDlgAddAutomobilContract::validatePages()
         && m_base->settlePayments();
 }
 
+// The answer is about what was shown: a plan that another desk changes meanwhile is asked about anew.
 void CDlgAddAutomobilContract::save()
 {
+    m_planAnswer.reset();
+    for (;;) {
+        try {
+            return savePosted();
+        } catch (const PlanFollowing::Undecided &undecided) {
+            const std::optional<PlanChoice> choice = CDlgPlanChoice::ask(undecided.facts(), this);
+            if (!choice)
+                throw GoneBack();
+            m_planAnswer = {undecided.facts(), *choice};
+        }
+    }
+}
+
+void CDlgAddAutomobilContract::savePosted()
+{
     const KWaitCursor wait;
-    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()});
+    const auto plan = [this](CTblAutomobilContracts &contract) { PlanFollowing::run(contract, m_planAnswer); };
+    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()}, plan);
 }
 
 int CDlgAddAutomobilContract::saveAsNew()
@@ -221,6 +239,8 @@ void CDlgAddAutomobilContract::refuseCode(const QString &why)
 void CDlgAddAutomobilContract::saved()
 {
     CDlgDocCreated::Show(m_posted.docNum, m_posted.fiscalYear, this);
+    if (m_planAnswer && m_planAnswer->choice == PlanChoice::NewPlan)
+        CDlgCalcPayment::RunAnew(key(), m_planAnswer->facts.contract.buyerID, m_planAnswer->facts.contract.left, this);
 }
 
 bool CDlgAddAutomobilContract::takeOutOfArchive()

@@ -6,6 +6,7 @@
 #include "auto/editor/CDlgRecordEditor.h"
 #include "auto/contracts/document/ContractSaving.h"
 #include "auto/contracts/editor/ContractEditorPage.h"
+#include "auto/contracts/instalments/PlanFollowing.h"
 #include "suite/accounting/office/OfficeSettings.h"
 
 class CDlgAddAutomobilContractBase;
@@ -63,12 +64,14 @@ private:
     void applyMode();
     void showContractType(int contractType);
     void showInstalments();
+    void savePosted();
     void copyCar();
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;
 
     ContractSaving::Posted m_posted;
-    QHash<int, QString> m_customValues; // of the contract as it was opened
+    std::optional<PlanFollowing::Answer> m_planAnswer; // of the save that is at work
+    QHash<int, QString> m_customValues;                // of the contract as it was opened
     int m_contractType = 0;
     int m_chosenCar = 0; // key of the car last copied in
     int m_matterTab = -1;

@@ -4,6 +4,7 @@
 #include "auto/contracts/printing/ContractPrinting.h"
 
 #include "auto/platform/ModulePlatform.h"
+#include "auto/contracts/instalments/PlanFollowing.h"
 #include "auto/contracts/printing/ContractMergeFields.h"
 #include "auto/contracts/printing/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
@@ -83,6 +84,9 @@ bool ContractPrinting::print(int contractID)
 {
     CTblAutomobilContracts contract;
     if (contractID <= 0 || !contract.IsRecordExist(u"iID"_s, contractID))
+        return false;
+    const QStringList disagreement = m_dialogs.goOn ? PlanFollowing::disagreement(contract) : QStringList();
+    if (!disagreement.isEmpty() && !m_dialogs.goOn(disagreement.join(u'\n')))
         return false;
     const QString name = templateName(contract.m_iContractType);
     const QString path = name.isEmpty() ? QString() : QDir(m_places.templates).filePath(name);

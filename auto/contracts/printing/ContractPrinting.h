@@ -28,6 +28,8 @@ public:
         std::function<void(Trouble)> warn;
         std::function<QString()> chooseTemplate;       // the path; empty: cancelled
         std::function<bool(const QString &path)> open; // shows the finished document; false: nothing to show it with
+        // Whether to print all the same a contract that its instalment plan does not agree with, as the text says. Empty: yes.
+        std::function<bool(const QString &disagreement)> goOn = {};
     };
 
     // Folders of the templates and of the documents. Empty: beside the module; the user's temporary folder.

@@ -46,5 +46,9 @@ ContractPrinting::Dialogs contractPrintingDialogs(QWidget *parent)
 {
     return {[parent](ContractPrinting::Trouble trouble) { g_pDlgWarning->Show(warningText(trouble), parent); },
             [parent] { return askForTemplate(parent); },
-            [](const QString &path) { return KProcess::Execute(u"Explorer"_s, path); }};
+            [](const QString &path) { return KProcess::Execute(u"Explorer"_s, path); },
+            [parent](const QString &disagreement) {
+                const QString question = disagreement + u"\nبا این حال چاپ شود؟"_s;
+                return g_pDlgYesNo->Ask(question, parent) != KMessageDialog::No;
+            }};
 }
