@@ -6,29 +6,21 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
-#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/KWndReportGen.h"
+#include "suite/accounting/reports/ReportFile.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDropDown.h"
-#include "suite/utility/frame/KProcess.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/look/LookSizes.h"
-#include "suite/utility/values/KSettings.h"
-#include "suite/utility/values/ShamsiDate.h"
 
-#include <QDir>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSpinBox>
-#include <QStandardPaths>
 #include <QVBoxLayout>
 
 #include <array>
@@ -37,35 +29,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString section = u"Reports"_s;
-const QString folderKey = u"Folder"_s;
 constexpr std::array scales{0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
 constexpr int fitWidthChoice = 0;
 constexpr int fitPageChoice = 1;
-
-// Asks for the file to write, in the folder of the last one; empty when the user gave up.
-QString askFile(const ListReport &report, const QString &kind, const QString &suffix, QWidget *parent)
-{
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString folder = ReadSetting(section, folderKey, documents);
-    QFileDialog dialog(parent, u"ذخیره"_s, QDir(folder).exists() ? folder : documents,
-                       u"%1 (*.%2)"_s.arg(kind, suffix));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(CDlgReportGenerator::fileName(report, suffix));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    const QString path = dialog.selectedFiles().constFirst();
-    WriteSetting(section, folderKey, QFileInfo(path).absolutePath());
-    return path;
-}
-
-void tellWritten(const QString &path, QWidget *parent)
-{
-    const QFileInfo file(path);
-    if (g_pDlgMessage->ShowWritten(u"فایل «%1» ذخیره شد."_s.arg(file.fileName()), parent))
-        KProcess::Execute(u"Explorer"_s, file.absolutePath());
-}
 
 }
 
@@ -220,23 +186,21 @@ bool CDlgReportGenerator::print(const ListReport &report, QPrinter &printer, QWi
 
 void CDlgReportGenerator::askAndSavePdf(const ListReport &report, QWidget *parent)
 {
-    const QString path = askFile(report, u"فایل PDF"_s, u"pdf"_s, parent);
+    const QString path = ReportFile::ask(report.report(), u"فایل PDF"_s, u"pdf"_s, parent);
     if (!path.isEmpty() && savePdf(report, path, parent))
-        tellWritten(path, parent);
+        ReportFile::tellWritten(path, parent);
 }
 
 QString CDlgReportGenerator::fileName(const ListReport &report, const QString &suffix)
 {
-    static const QRegularExpression unfit(uR"([/\\:*?"<>|\x00-\x1f])"_s);
-    QString name = report.report() + u' ' + shamsiText(QDate::currentDate());
-    return name.replace(unfit, u"-"_s) + u'.' + suffix;
+    return ReportFile::name(report.report(), suffix);
 }
 
 void CDlgReportGenerator::askAndSaveSpreadsheet(const ListReport &report, QWidget *parent)
 {
-    const QString path = askFile(report, u"صفحه گسترده"_s, u"xlsx"_s, parent);
+    const QString path = ReportFile::ask(report.report(), u"صفحه گسترده"_s, u"xlsx"_s, parent);
     if (!path.isEmpty() && saveSpreadsheet(report, path, parent))
-        tellWritten(path, parent);
+        ReportFile::tellWritten(path, parent);
 }
 
 bool CDlgReportGenerator::arrange(ListReport &report, QWidget *parent)

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/reports/KWndReportGen.h"
 
+#include "suite/accounting/reports/ReportPainter.h"
 #include "suite/utility/look/HostColors.h"
 
 #include <QKeyEvent>
@@ -41,13 +42,18 @@ bool KWndReportGen::setReport(const ListReport &report, const ReportProgress &pr
     auto painter = std::make_unique<ReportPainter>(report);
     if (!painter->layOut(progress))
         return false;
-    m_painter = std::move(painter);
+    setPages(std::move(painter));
+    return true;
+}
+
+void KWndReportGen::setPages(std::unique_ptr<PaperPages> pages)
+{
+    m_painter = std::move(pages);
     m_page = 0;
     fitNow();
     updateBars();
     viewport()->update();
     Q_EMIT pageChanged(m_page);
-    return true;
 }
 
 int KWndReportGen::pageCount() const
@@ -87,14 +93,14 @@ void KWndReportGen::setFit(Fit fit)
 
 double KWndReportGen::screenDotsPerDot() const
 {
-    return m_scale * logicalDpiX() / ReportPainter::resolution;
+    return m_scale * logicalDpiX() / PaperPages::resolution;
 }
 
 void KWndReportGen::fitNow()
 {
     if (!m_painter || m_fit == FixedScale)
         return;
-    const QSizeF paper = m_painter->paperSize() * logicalDpiX() / ReportPainter::resolution;
+    const QSizeF paper = m_painter->paperSize() * logicalDpiX() / PaperPages::resolution;
     const double bar = m_fit == FitWidth && !verticalScrollBar()->isVisible() ? verticalScrollBar()->sizeHint().width() : 0;
     const double wide = (viewport()->width() - bar - 2 * border) / paper.width();
     const double high = (viewport()->height() - 2 * border) / paper.height();

@@ -3,14 +3,17 @@
 
 #pragma once
 
-#include "suite/accounting/reports/ReportPainter.h"
+#include "suite/accounting/reports/PaperPages.h"
+#include "suite/accounting/reports/ReportProgress.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QAbstractScrollArea>
 
 #include <memory>
 
-// The pages of a list report on screen, one at a time, as they will be printed. PageUp, PageDown, Home and End turn the pages;
+class ListReport;
+
+// The pages of a list report, or others, on screen, one at a time, as they will be printed. PageUp, PageDown, Home and End turn the pages;
 // Ctrl with the wheel, + or - changes the scale.
 class TZACCOUNTING_EXPORT KWndReportGen : public QAbstractScrollArea
 {
@@ -29,6 +32,8 @@ public:
     // Lays the report out anew and shows its first page; the report must stay alive. False, with nothing changed, when
     // progress asked to stop.
     [[nodiscard]] bool setReport(const ListReport &report, const ReportProgress &progress = {});
+    // The same with pages that are laid out.
+    void setPages(std::unique_ptr<PaperPages> pages);
     int pageCount() const;
     // From 0; brought to the nearest existing page.
     int currentPage() const { return m_page; }
@@ -58,7 +63,7 @@ private:
     void updateBars();
     void turn(int pages);
 
-    std::unique_ptr<ReportPainter> m_painter;
+    std::unique_ptr<PaperPages> m_painter;
     int m_page = 0;
     double m_scale = 1;
     Fit m_fit = FitWidth;

@@ -24,12 +24,12 @@ namespace {
 }
 
 // Pages first to last (from 0) on a device of that resolution.
-bool paintPages(const ReportPainter &pages, QPagedPaintDevice &device, double resolution, int first, int last,
+bool paintPages(const PaperPages &pages, QPagedPaintDevice &device, double resolution, int first, int last,
                 const ReportProgress &progress)
 {
     QPainter painter;
     ReportOutput::begin(painter, device);
-    const double scale = resolution / ReportPainter::resolution;
+    const double scale = resolution / PaperPages::resolution;
     for (int page = first; page <= last; ++page) {
         if (progress && !progress(page - first, last - first + 1))
             return false;
@@ -54,19 +54,22 @@ void ReportOutput::begin(QPainter &painter, QPaintDevice &device)
 bool ReportOutput::writePdf(const ListReport &report, const QString &path, const ReportProgress &progress)
 {
     ReportPainter pages(report);
-    if (!pages.layOut(progress))
-        return false;
+    return pages.layOut(progress) && writePagesPdf(pages, report.shownTitle(), path, progress);
+}
+
+bool ReportOutput::writePagesPdf(const PaperPages &pages, const QString &title, const QString &path, const ReportProgress &progress)
+{
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         refuse(path);
     bool whole = false;
     {
         QPdfWriter writer(&file);
-        writer.setResolution(ReportPainter::resolution);
+        writer.setResolution(PaperPages::resolution);
         writer.setPageLayout(pages.paper());
-        writer.setTitle(report.shownTitle());
+        writer.setTitle(title);
         writer.setCreator(u"TzAuto"_s);
-        whole = paintPages(pages, writer, ReportPainter::resolution, 0, pages.pageCount() - 1, progress);
+        whole = paintPages(pages, writer, PaperPages::resolution, 0, pages.pageCount() - 1, progress);
     }
     if (!whole) {
         file.cancelWriting();
@@ -93,11 +96,14 @@ bool ReportOutput::writeSpreadsheet(const ListReport &report, const QString &pat
 bool ReportOutput::print(const ListReport &report, QPrinter &printer, const ReportProgress &progress)
 {
     ReportPainter pages(report);
-    if (!pages.layOut(progress))
-        return false;
+    return pages.layOut(progress) && printPages(pages, report.shownTitle(), printer, progress);
+}
+
+bool ReportOutput::printPages(const PaperPages &pages, const QString &title, QPrinter &printer, const ReportProgress &progress)
+{
     printer.setFullPage(true);
     printer.setPageLayout(pages.paper());
-    printer.setDocName(report.shownTitle());
+    printer.setDocName(title);
     const int last = printer.toPage() > 0 ? std::min(printer.toPage(), pages.pageCount()) : pages.pageCount();
     const int first = std::clamp(printer.fromPage(), 1, last);
     if (paintPages(pages, printer, printer.resolution(), first - 1, last - 1, progress))

@@ -13,6 +13,9 @@ class QPrinter;
 namespace ReportOutput {
 
 [[nodiscard]] TZACCOUNTING_EXPORT bool writePdf(const ListReport &report, const QString &path, const ReportProgress &progress = {});
+// Pages that are laid out; the title is the file's own.
+[[nodiscard]] TZACCOUNTING_EXPORT bool writePagesPdf(const PaperPages &pages, const QString &title, const QString &path,
+                                                     const ReportProgress &progress = {});
 
 // One sheet from right to left: the columns of the layout under a header row that stays in sight, numbers as numbers. A date
 // stands twice: as the Shamsi text of the list, and in a column of its own behind the others as a date to calculate with.
@@ -24,5 +27,7 @@ TZACCOUNTING_EXPORT void begin(QPainter &painter, QPaintDevice &device);
 
 // The printer's own range of pages is respected.
 [[nodiscard]] TZACCOUNTING_EXPORT bool print(const ListReport &report, QPrinter &printer, const ReportProgress &progress = {});
+[[nodiscard]] TZACCOUNTING_EXPORT bool printPages(const PaperPages &pages, const QString &title, QPrinter &printer,
+                                                  const ReportProgress &progress = {});
 
 }

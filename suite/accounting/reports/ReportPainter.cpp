@@ -106,11 +106,6 @@ QPageLayout ReportPainter::paper() const
     return {QPageSize(QPageSize::A4), m_report.layout().landscape ? QPageLayout::Landscape : QPageLayout::Portrait, {}};
 }
 
-QSizeF ReportPainter::paperSize() const
-{
-    return paper().fullRect(QPageLayout::Inch).size() * resolution;
-}
-
 double ReportPainter::lineHeight(const QFont &font) const
 {
     return std::ceil(QFontMetricsF(font).height() * leading);

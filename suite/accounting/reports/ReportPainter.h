@@ -4,43 +4,34 @@
 #pragma once
 
 #include "suite/accounting/reports/ListReport.h"
+#include "suite/accounting/reports/PaperPages.h"
 #include "suite/accounting/reports/ReportGeometry.h"
 #include "suite/accounting/reports/ReportProgress.h"
 #include "suite/accounting/TzAccountingExport.h"
 
 #include <QFont>
 #include <QFontMetricsF>
-#include <QPageLayout>
 
 #include <functional>
 #include <span>
 
-class QPainter;
-
 // Lays a list report out on A4 pages and paints any one of them: corners and title, the table with its header row on every
 // page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page. Where not
 // even the words of all columns fit across the paper, the rows of a page continue on the sheets that follow it.
-//
-// Lengths are dots of 1/600 inch whatever is painted on, so that screen, printer and PDF break lines and pages alike.
-class TZACCOUNTING_EXPORT ReportPainter
+class TZACCOUNTING_EXPORT ReportPainter : public PaperPages
 {
 public:
-    static constexpr int resolution = 600;
-
     // The report is read until the painter is destroyed. Without a font the program's own is used, in the layout's size.
     explicit ReportPainter(const ListReport &report, const QFont &font = {});
 
     // To be called first. False when progress asked to stop; there are no pages then.
     [[nodiscard]] bool layOut(const ReportProgress &progress = {});
-    int pageCount() const;
+    int pageCount() const override;
     // Of the columns from the right, in dots; of those that stand on more than one sheet, on the first.
     const std::vector<double> &columnWidths() const { return m_widths; }
 
-    // The paper, without margins: the painter keeps its own.
-    QPageLayout paper() const;
-    QSizeF paperSize() const;
-    // Pages count from 0. The painter's unit must be a dot.
-    void paint(QPainter &painter, int page) const;
+    QPageLayout paper() const override;
+    void paint(QPainter &painter, int page) const override;
 
 private:
     bool measureColumns(const ReportProgress &progress);
