@@ -3,19 +3,10 @@
 
 #pragma once
 
-#include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/OpenItem.h"
 
-#include <QDateTime>
 #include <QList>
-
-// Something that a person can pay or be paid for.
-struct OpenItem
-{
-    ReceiptPurpose purpose; // its text names it
-    double rest = 0;        // above 0
-    QDateTime due;          // invalid: at once
-};
 
 // Who knows the records of one kind that money is received or paid for: contracts, invoices.
 class TZTREASURYDATA_EXPORT ReceiptOwner
