@@ -16,6 +16,7 @@
 #include "host/server/TableNames.h"
 #include "host/server/WayBack.h"
 #include "suite/treasury/CDlgCashFromPerson.h"
+#include "suite/treasury/InvoiceReceiptOwner.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -106,6 +107,7 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
 {
     connect(&m_lock, &InstanceLock::raiseRequested, this, &HostProgram::raiseWindow);
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
+    InvoiceReceiptOwner::enter();
     KErrorText::setDamageText([this](const QStringList &tables) { return damageText(tables); });
 }
 

@@ -175,7 +175,7 @@ void CDlgFactors::voidInvoice()
     const int num = list()->currentKey();
     if (isChangeBlocked() || !CheckDeletionSecurity())
         return;
-    const QString refusal = InvoicePosting::changeRefusal(num);
+    const QString refusal = InvoicePosting::voidRefusal(num);
     if (!refusal.isEmpty()) {
         g_pDlgWarning->Show(refusal, this);
         return;

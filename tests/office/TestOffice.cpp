@@ -11,6 +11,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/treasury/CDlgCashFromPerson.h"
+#include "suite/treasury/InvoiceReceiptOwner.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -56,6 +57,7 @@ TestOffice::TestOffice()
     SuiteSchema::raiseModuleVersion(reached);
     SuiteSchema::afterModuleUpgrade();
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
+    InvoiceReceiptOwner::enter();
     m_adminID = CTblUsers::create(u"مدیر"_s, u"secret"_s, u"مدیر دفتر"_s, true);
     clear();
 }

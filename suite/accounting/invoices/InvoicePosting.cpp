@@ -19,6 +19,7 @@
 #include "suite/accounting/invoices/InvoiceDocumentRows.h"
 #include "suite/accounting/invoices/InvoiceValues.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString keyColumn = u"iID"_s;
+
+InvoicePosting::MoneyTaken moneyTaken = nullptr;
 
 // What does not change while the invoice is written, so that a replay reads it once.
 struct Frame
@@ -62,6 +65,22 @@ QString refusalOf(const CTblFactors &invoice, int fiscalYear)
             .arg(invoice.m_iFiscalYear)
             .arg(fiscalYear);
     return {};
+}
+
+// Empty while no money stands against the invoice.
+QString moneyRefusal(int num, int database)
+{
+    const double taken = moneyTaken ? moneyTaken(num, database) : 0;
+    if (IsEquals(taken, 0))
+        return {};
+    return u"برای فاکتور شماره %1 مبلغ %2 %3 دریافت یا پرداخت شده است. ابتدا آن را در فهرست «دریافت‌ها و پرداخت‌ها» باطل نمایید."_s
+        .arg(QString::number(num), DToMoney(taken), OfficeSettings::read({}, database).moneyUnitName());
+}
+
+void requireNoMoney(const CTblFactors &invoice)
+{
+    if (const QString refusal = moneyRefusal(invoice.m_iID, invoice.database()); !refusal.isEmpty())
+        throw KAccountingError(refusal);
 }
 
 QString goneText()
@@ -171,6 +190,8 @@ InvoicePosting::Saved write(const Invoice &edited, const OpenedRow *opened, cons
         if (opened)
             invoice = mergedOnto(*opened, edited, frame);
         requireSavable(invoice, frame);
+        if (invoice.personID != record.m_iPersonID)
+            requireNoMoney(record);
         record.Edit();
     } else {
         record.AddNew();
@@ -226,8 +247,10 @@ void InvoicePosting::makeVoid(int num, int database)
     const Frame frame = currentFrame(database);
     KTransaction::runReplayable(
         [&] {
+            OfficeClosing::requireOpen(frame.database);
             CTblFactors record(frame.database);
             lockForChange(record, num, frame);
+            requireNoMoney(record);
             record.Edit();
             record.m_iStatus = CTblFactors::voided;
             record.Update(true);
@@ -266,4 +289,15 @@ QString InvoicePosting::changeRefusal(int num, int database)
     if (!record.IsRecordExist(keyColumn, num))
         return goneText();
     return refusalOf(record, GetDBSetting()->FiscalYear());
+}
+
+QString InvoicePosting::voidRefusal(int num, int database)
+{
+    const QString refusal = changeRefusal(num, database);
+    return refusal.isEmpty() ? moneyRefusal(num, database) : refusal;
+}
+
+void InvoicePosting::setMoneyTaken(MoneyTaken taken)
+{
+    moneyTaken = taken;
 }
