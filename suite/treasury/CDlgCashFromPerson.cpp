@@ -3,13 +3,18 @@
 
 #include "suite/treasury/CDlgCashFromPerson.h"
 
-#include "suite/db/KLookup.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
-#include "suite/treasury/ReceiptPosting.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/crm/persons/KPersonField.h"
+#include "suite/treasury/CDlgReceiptPaper.h"
+#include "suite/treasury/ChequeFields.h"
+#include "suite/treasury/ReceiptOwners.h"
+#include "suite/treasury/ReceiptSpread.h"
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -17,88 +22,245 @@
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/CardPage.h"
+#include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
+#include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/Money.h"
+#include "suite/utility/values/ShamsiDate.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestDescription = 500;
+const QString settingName = u"CashFromPerson"_s;
+const QString printKey = u"bPrint"_s;
+
+QString onAccount()
+{
+    return u"علی‌الحساب"_s;
+}
+
+// Settlements and instalments are received in cash unless the user says otherwise, and the window says so.
+QString titleOf(const CDlgCashFromPerson::Start &start)
+{
+    const bool isCash = start.kind == CTblReceipts::received && start.personID != 0 && start.method == CTblReceipts::cash;
+    return isCash ? u"دریافت نقدی"_s : CTblReceipts::kindName(start.kind);
+}
+
+// What the user reads as the thing that is paid.
+QString textOf(const ReceiptPurpose &purpose)
+{
+    return purpose.text.isEmpty() ? onAccount() : purpose.text;
+}
 
 }
 
 CDlgCashFromPerson::CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose)
+    : CDlgCashFromPerson(Start{.personID = personID, .amount = amount, .desc = desc, .purpose = purpose}, parent)
+{
+}
+
+CDlgCashFromPerson::CDlgCashFromPerson(const Start &start, QWidget *parent)
     : KDialog(parent)
     , m_settings(OfficeSettings::read())
-    , m_personID(personID)
-    , m_purpose(purpose)
-    , m_person(new KEdit)
+    , m_start(start)
+    , m_person(new KPersonField(u"شخص :"_s))
+    , m_for(new KDropDown)
     , m_amount(new KEdit(KEdit::Kind::Money))
     , m_words(new AmountWords)
     , m_desc(new KEdit)
     , m_date(new KDateEdit)
+    , m_method(new KDropDown)
     , m_account(new KDropDown)
+    , m_cheque(new ChequeFields)
+    , m_print(new QCheckBox(u"چاپ رسید پس از ثبت"_s))
 {
-    setWindowTitle(u"دریافت نقدی"_s);
-    SetSettingName(u"CashFromPerson"_s);
+    setWindowTitle(titleOf(start));
     build();
-    m_person->setText(KLookup::name<CTblReceipts>(u"iPersonID", personID));
-    m_person->setCursorPosition(0);
-    // What is received is what the line shows.
-    m_amount->setNumber(roundToDecimals(amount, m_settings.moneyDecimals()));
-    m_desc->setText(desc);
-    m_date->setDate(m_settings.serverTime().date());
-    fillAccounts();
-    showWords(m_amount->number());
-    m_amount->setFocus();
+    connectFields();
+    begin();
 }
 
 CDlgCashFromPerson::~CDlgCashFromPerson() = default;
 
 bool CDlgCashFromPerson::receive(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose)
 {
-    return CDlgCashFromPerson(personID, amount, desc, parent, purpose).exec() == Accepted;
+    return !open({.personID = personID, .amount = amount, .desc = desc, .purpose = purpose}, parent).isEmpty();
+}
+
+QList<ReceiptPosting::Posted> CDlgCashFromPerson::run(const Start &start, QWidget *parent)
+{
+    KSecurity security;
+    security.SetFormName(u"Receipts"_s);
+    if (!security.CheckWriteSecurity())
+        return {};
+    if (GetDBSetting()->IsClosedDB()) {
+        g_pDlgWarning->Show(OfficeSettings::closedMessage(), parent);
+        return {};
+    }
+    return open(start, parent);
+}
+
+QList<ReceiptPosting::Posted> CDlgCashFromPerson::open(const Start &start, QWidget *parent)
+{
+    CDlgCashFromPerson dialog(start, parent);
+    if (dialog.exec() != Accepted)
+        return {};
+    // What goes wrong on the way to the paper takes nothing back.
+    KErrorBoundary::guarded(parent, [&dialog] { dialog.printIfWanted(); });
+    return dialog.posted();
+}
+
+int CDlgCashFromPerson::docNum() const
+{
+    return m_posted.isEmpty() ? 0 : m_posted.constFirst().docNum;
 }
 
 void CDlgCashFromPerson::build()
 {
-    m_person->setReadOnly(true);
-    m_desc->setMaxLength(longestDescription);
+    const bool isPaid = m_start.kind == CTblReceipts::paid;
+    m_desc->setMaxLength(CTblReceipts::longestDescription);
     m_words->setObjectName(u"amountInWords"_s);
     m_words->setMinimumHeight(LookSizes::scaled(LookSizes::labelLine));
 
-    auto *unit = new QLabel(m_settings.moneyUnitName());
-    LookFonts::applyHint(unit);
-    auto *amountLine = new QHBoxLayout;
-    amountLine->setSpacing(LookSizes::unit);
-    amountLine->addWidget(m_amount, 1);
-    amountLine->addWidget(unit);
-
-    auto *page = new CardPage(560, this);
+    auto *page = new CardPage(640, this);
     FormGrid *grid = page->addForm();
-    addLabelled(grid, u"شخص :"_s, m_person);
-    grid->addField(labelFor(u"مبلغ :"_s, m_amount), new FieldNote(m_amount), amountLine, 1);
+    addLabelled(grid, u"شخص :"_s, m_person, 2);
+    addLabelled(grid, u"بابت :"_s, m_for, 2);
+    grid->addField(labelFor(u"مبلغ :"_s, m_amount), new FieldNote(m_amount), buildAmount(), 2);
     grid->addLine(m_words);
     addLabelled(grid, u"شرح :"_s, m_desc, 4);
     addLabelled(grid, u"تاریخ :"_s, m_date);
-    addLabelled(grid, u"دریافت در :"_s, m_account);
+    addLabelled(grid, u"روش :"_s, m_method);
+    m_accountLabel = addLabelled(grid, isPaid ? u"پرداخت از :"_s : u"دریافت در :"_s, m_account, 2);
+    page->cards()->addCard(m_cheque);
     setContent(page, createButtons());
-    connect(m_amount, &KEdit::numberChanged, this, &CDlgCashFromPerson::showWords);
+    footer()->addWidget(m_print);
+    m_print->setAccessibleName(m_print->text());
+    m_print->setChecked(ReadSetting(settingName, printKey, 0) != 0);
 }
 
-void CDlgCashFromPerson::fillAccounts()
+QHBoxLayout *CDlgCashFromPerson::buildAmount()
 {
-    CTblHesabMoeen set;
-    set.m_filter = KSql::formatted("iStatus=0 AND iHesabKolCode IN (%1,%2)", int(Accounts::cashKol), int(Accounts::bankKol));
-    set.m_sort = "iCode";
-    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
-        m_account->addItem(set.m_sName, set.m_iCode);
+    auto *unit = new QLabel(m_settings.moneyUnitName());
+    LookFonts::applyHint(unit);
+    auto *line = new QHBoxLayout;
+    line->setSpacing(LookSizes::unit);
+    line->addWidget(m_amount, 1);
+    line->addWidget(unit);
+    return line;
+}
+
+void CDlgCashFromPerson::connectFields()
+{
+    connect(m_person, &KPersonField::changed, this, [this] {
+        m_for->setCurrentIndex(0); // what was chosen is another person's
+        loadItems();
+    });
+    connect(m_for, &QComboBox::currentIndexChanged, this, &CDlgCashFromPerson::itemChosen);
+    connect(m_amount, &KEdit::numberChanged, this, &CDlgCashFromPerson::showWords);
+    connect(m_method, &QComboBox::currentIndexChanged, this, &CDlgCashFromPerson::methodChosen);
+}
+
+void CDlgCashFromPerson::begin()
+{
+    const bool isPersonKnown = m_start.personID != 0;
+    m_person->setPersonID(m_start.personID);
+    m_person->setButtonsVisible(!isPersonKnown);
+    for (const CTblReceipts::Method method : {CTblReceipts::cash, CTblReceipts::bank, CTblReceipts::card, CTblReceipts::cheque})
+        m_method->addItem(CTblReceipts::methodName(method), method);
+    m_method->setCurrentIndex(std::max(0, m_method->findData(int(m_start.method))));
+    m_date->setDate(m_settings.serverTime().date());
+    m_cheque->setCheque(m_start.cheque);
+    m_desc->setText(m_start.desc);
+    // What is received is what the line shows.
+    m_amount->setNumber(roundToDecimals(m_start.amount, m_settings.moneyDecimals()));
+    loadItems();
+    methodChosen();
+    showWords(m_amount->number());
+    if (isPersonKnown)
+        m_amount->setFocus();
+    else
+        m_person->setFocus();
+}
+
+void CDlgCashFromPerson::loadItems()
+{
+    const bool isFixed = m_start.purpose.recordKind != 0;
+    const ReceiptPurpose before = purpose();
+    const bool wasChosen = before.recordKind != 0;
+    m_items = ReceiptOwners::openItems(m_person->personID(), m_start.kind);
+    m_cheque->setDrawerHint(m_person->name());
+    {
+        const QSignalBlocker quiet(m_for);
+        m_for->clear();
+        m_for->addItem(isFixed && !m_start.purpose.text.isEmpty() ? m_start.purpose.text : isFixed ? m_start.desc
+                                                                                                   : onAccount());
+        for (const OpenItem &item : std::as_const(m_items)) {
+            if (isFixed)
+                break;
+            m_for->addItem(item.purpose.text);
+            // What was to be paid and is no longer open must not become money on account unseen.
+            if (wasChosen && ReceiptSpread::isSame(item.purpose, before))
+                m_for->setCurrentIndex(m_for->count() - 1);
+        }
+        if (!isFixed && wasChosen && m_for->currentIndex() == 0)
+            m_for->setCurrentIndex(-1);
+    }
+    m_for->setEnabled(!isFixed);
+    itemChosen();
+}
+
+ReceiptPurpose CDlgCashFromPerson::purpose() const
+{
+    if (m_start.purpose.recordKind != 0)
+        return m_start.purpose;
+    const int item = m_for->currentIndex() - 1;
+    return item >= 0 && item < m_items.size() ? m_items.at(item).purpose : ReceiptPurpose();
+}
+
+void CDlgCashFromPerson::itemChosen()
+{
+    const ReceiptPurpose chosen = purpose();
+    const OpenItem *item = ReceiptSpread::find(m_items, chosen);
+    showRest();
+    describe(chosen.recordKind != 0 ? u"بابت %1"_s.arg(chosen.text)
+                                    : u"%1 %2"_s.arg(CTblReceipts::kindName(m_start.kind), onAccount()));
+    // What the user typed stays.
+    const bool isProposed = m_amount->number() <= 0 || IsEquals(m_amount->number(), m_proposedAmount);
+    if (!item || !isProposed)
+        return;
+    m_proposedAmount = roundToDecimals(item->rest, m_settings.moneyDecimals());
+    m_amount->setNumber(m_proposedAmount);
+}
+
+void CDlgCashFromPerson::describe(const QString &text)
+{
+    if (!m_desc->text().isEmpty() && m_desc->text() != m_proposedDesc)
+        return;
+    m_proposedDesc = text.left(CTblReceipts::longestDescription);
+    m_desc->setText(m_proposedDesc);
+    m_desc->setCursorPosition(0);
+}
+
+void CDlgCashFromPerson::showRest()
+{
+    QStringList texts;
+    if (const OpenItem *item = ReceiptSpread::find(m_items, purpose())) {
+        texts.append(u"مانده %1 %2"_s.arg(DToMoney(item->rest), m_settings.moneyUnitName()));
+        if (item->due.isValid())
+            texts.append(u"سررسید %1"_s.arg(shamsiText(item->due.date())));
+    }
+    FieldNote::of(m_for)->setOwnText(texts.join(u"، "_s));
 }
 
 void CDlgCashFromPerson::showWords(double amount)
@@ -106,13 +268,61 @@ void CDlgCashFromPerson::showWords(double amount)
     m_words->showAmount(amount, m_settings.moneyUnitName());
 }
 
-bool CDlgCashFromPerson::OnOK()
+CTblReceipts::Method CDlgCashFromPerson::method() const
 {
-    auto refuse = [this](const QString &why, QWidget *field) {
-        g_pDlgWarning->Show(why, this);
-        field->setFocus();
-        return false;
-    };
+    return static_cast<CTblReceipts::Method>(m_method->currentData().toInt());
+}
+
+void CDlgCashFromPerson::methodChosen()
+{
+    const bool byCheque = method() == CTblReceipts::cheque;
+    m_cheque->setVisible(byCheque);
+    m_account->setVisible(!byCheque);
+    m_accountLabel->setVisible(!byCheque);
+    fillAccounts();
+    // The fields of the cheque come and go, and the window with them.
+    if (isVisible())
+        resize(width(), std::min(sizeHint().height(), screen()->availableGeometry().height()));
+}
+
+void CDlgCashFromPerson::fillAccounts()
+{
+    const int before = m_account->currentData().toInt();
+    m_account->clear();
+    CTblHesabMoeen set;
+    set.m_filter = KSql::formatted("iStatus=0 AND iHesabKolCode=%1", method() == CTblReceipts::cash ? Accounts::cashKol : Accounts::bankKol);
+    set.m_sort = "iCode";
+    for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
+        m_account->addItem(set.m_sName, set.m_iCode);
+    m_account->setCurrentIndex(std::max(0, m_account->findData(before)));
+}
+
+bool CDlgCashFromPerson::refuse(const QString &why, QWidget *field)
+{
+    g_pDlgWarning->Show(why, this);
+    field->setFocus();
+    return false;
+}
+
+QWidget *CDlgCashFromPerson::fieldOf(const QString &column) const
+{
+    const std::pair<QString, QWidget *> fields[] = {
+        {u"iPersonID"_s, m_person}, {u"dAmount"_s, m_amount}, {u"date"_s, m_date}, {u"iAccount"_s, m_account}};
+    for (const auto &[name, field] : fields) {
+        if (name == column)
+            return field;
+    }
+    QWidget *ofCheque = m_cheque->fieldOf(column);
+    return ofCheque ? ofCheque : m_amount;
+}
+
+// What a field itself refuses; the rest is refused where it is saved.
+bool CDlgCashFromPerson::checkEntries()
+{
+    if (m_person->personID() == 0)
+        return refuse(u"لطفا شخص را انتخاب نمایید."_s, m_person);
+    if (m_for->currentIndex() < 0)
+        return refuse(u"آنچه انتخاب شده بود دیگر باز نیست. لطفا «بابت» را انتخاب نمایید."_s, m_for);
     if (!m_amount->isEntryValid())
         return refuse(m_amount->entryError(), m_amount);
     if (m_amount->number() <= 0 || IsEquals(m_amount->number(), 0))
@@ -121,17 +331,82 @@ bool CDlgCashFromPerson::OnOK()
         return refuse(m_date->entryError(), m_date);
     if (!m_date->dateTime().isValid())
         return refuse(u"لطفا تاریخ را وارد نمایید."_s, m_date);
-    try {
-        const int account = m_account->currentData().toInt();
-        m_docNum = ReceiptPosting::save({.personID = m_personID,
-                                         .date = m_date->dateTime(),
-                                         .method = Accounts::kolOf(account) == Accounts::cashKol ? CTblReceipts::cash : CTblReceipts::bank,
-                                         .account = account,
-                                         .parts = {{m_amount->number(), m_desc->text(), m_purpose}}})
-                       .constFirst()
-                       .docNum;
-    } catch (const KAccountingError &error) {
-        return refuse(error.userMessage(), m_date);
+    QWidget *field = nullptr;
+    if (method() != CTblReceipts::cheque)
+        return true;
+    const QString problem = m_cheque->problem(&field);
+    return problem.isEmpty() || refuse(problem, field);
+}
+
+// More than the one thing still owes goes on to others, which the user must want.
+bool CDlgCashFromPerson::mayGoOn(double surplus)
+{
+    const QString unit = m_settings.moneyUnitName();
+    QString question = u"مبلغ %1 %2 بیشتر از مانده «%3» است. آیا مازاد چنین ثبت شود؟"_s.arg(DToMoney(surplus), unit, m_for->currentText());
+    const QList<ReceiptSpread::Share> shares = ReceiptSpread::of(m_amount->number(), purpose(), m_items);
+    for (qsizetype i = 1; i < shares.size(); ++i)
+        question += u"\n%1 : %2 %3"_s.arg(textOf(shares.at(i).purpose), DToMoney(shares.at(i).amount), unit);
+    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes)
+        return true;
+    m_amount->setFocus();
+    m_amount->selectAll();
+    return false;
+}
+
+QList<ReceiptPosting::Part> CDlgCashFromPerson::parts() const
+{
+    QList<ReceiptPosting::Part> parts;
+    for (const ReceiptSpread::Share &share : ReceiptSpread::of(m_amount->number(), purpose(), m_items)) {
+        const QString desc = parts.isEmpty() ? m_desc->text() : u"مازاد %1، بابت %2"_s.arg(m_for->currentText(), textOf(share.purpose));
+        parts.append({share.amount, desc.left(CTblReceipts::longestDescription), share.purpose});
     }
+    return parts;
+}
+
+ReceiptPosting::Handover CDlgCashFromPerson::handover() const
+{
+    ReceiptPosting::Handover handover{.kind = m_start.kind,
+                                      .personID = m_person->personID(),
+                                      .date = m_date->dateTime(),
+                                      .method = method(),
+                                      .parts = parts()};
+    if (method() == CTblReceipts::cheque) {
+        handover.cheque = m_cheque->cheque();
+        if (handover.cheque->drawer.isEmpty() && m_start.kind == CTblReceipts::received)
+            handover.cheque->drawer = m_person->name();
+    } else {
+        handover.account = m_account->currentData().toInt();
+    }
+    return handover;
+}
+
+bool CDlgCashFromPerson::OnOK()
+{
+    if (!checkEntries())
+        return false;
+    const double surplus = ReceiptSpread::surplus(m_amount->number(), purpose(), m_items);
+    if (surplus > 0 && !mayGoOn(surplus))
+        return false;
+    try {
+        m_posted = ReceiptPosting::save(handover());
+    } catch (const FieldRefused &refused) {
+        return refuse(refused.userMessage(), fieldOf(refused.column()));
+    } catch (const KAccountingError &error) {
+        refuse(error.userMessage(), m_amount);
+        // Another desk may have received for the same.
+        loadItems();
+        return false;
+    }
+    WriteSetting(settingName, printKey, m_print->isChecked() ? 1 : 0);
     return true;
+}
+
+void CDlgCashFromPerson::printIfWanted()
+{
+    if (!m_print->isChecked())
+        return;
+    QList<int> keys;
+    for (const ReceiptPosting::Posted &posted : std::as_const(m_posted))
+        keys.append(posted.receiptID);
+    CDlgReceiptPaper::show(keys, parentWidget());
 }

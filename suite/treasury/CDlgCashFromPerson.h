@@ -5,44 +5,95 @@
 
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
+#include "suite/treasury/OpenItem.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/treasury/TzTreasuryExport.h"
 #include "suite/utility/frame/KDialog.h"
 
 class AmountWords;
+class ChequeFields;
 class KDateEdit;
 class KEdit;
+class KPersonField;
+class QCheckBox;
+class QHBoxLayout;
 class QComboBox;
+class QLabel;
 
-// Receives an amount from one person into a cash or bank account ("دریافت نقدی").
+// Receives an amount from one person, or pays it ("دریافت نقدی", "دریافت", "پرداخت"): in cash, by a bank account, a card or a cheque,
+// for what the person still owes or on account. More than is owed for the one thing goes on to the next, after a question.
 class TZTREASURY_EXPORT CDlgCashFromPerson : public KDialog
 {
     Q_OBJECT
 
 public:
+    // What the window begins with.
+    struct Start
+    {
+        CTblReceipts::Kind kind = CTblReceipts::received;
+        int personID = 0;  // 0: the user picks one
+        double amount = 0; // 0: what is still owed for the purpose
+        QString desc = {};
+        ReceiptPurpose purpose = {}; // one of a record is chosen and cannot be changed; else the user chooses
+        CTblReceipts::Method method = CTblReceipts::cash;
+        Cheque cheque = {}; // proposed where the method is a cheque
+    };
+
+    explicit CDlgCashFromPerson(const Start &start, QWidget *parent = nullptr);
     CDlgCashFromPerson(int personID, double amount, const QString &desc, QWidget *parent = nullptr, const ReceiptPurpose &purpose = {});
     ~CDlgCashFromPerson() override;
 
     // Opens the window and waits until it closes. True when a receipt was saved.
     static bool receive(int personID, double amount, const QString &desc, QWidget *parent, const ReceiptPurpose &purpose = {});
+    // The same for a user who may add receipts, in a database that is open; says so otherwise. What was saved, in parts; empty when
+    // nothing was.
+    static QList<ReceiptPosting::Posted> run(const Start &start, QWidget *parent);
 
-    // Number of the document that was written; 0 before that.
-    int docNum() const { return m_docNum; }
+    // What was saved; empty before that.
+    const QList<ReceiptPosting::Posted> &posted() const { return m_posted; }
+    // Number of the first document that was written; 0 before that.
+    int docNum() const;
 
     bool OnOK() override;
 
 private:
+    static QList<ReceiptPosting::Posted> open(const Start &start, QWidget *parent);
     void build();
+    QHBoxLayout *buildAmount();
+    void connectFields();
+    void begin();
+    void methodChosen();
     void fillAccounts();
+    void loadItems();
+    void itemChosen();
+    void describe(const QString &text);
+    void showRest();
     void showWords(double amount);
+    bool refuse(const QString &why, QWidget *field);
+    bool checkEntries();
+    QWidget *fieldOf(const QString &column) const;
+    CTblReceipts::Method method() const;
+    ReceiptPurpose purpose() const;
+    bool mayGoOn(double surplus);
+    ReceiptPosting::Handover handover() const;
+    QList<ReceiptPosting::Part> parts() const;
+    void printIfWanted();
 
     const OfficeSettings m_settings; // as they were when the window was opened
-    int m_personID;
-    const ReceiptPurpose m_purpose;
-    int m_docNum = 0;
-    KEdit *m_person;
+    const Start m_start;
+    QList<OpenItem> m_items; // of the person
+    QString m_proposedDesc;
+    double m_proposedAmount = 0;
+    QList<ReceiptPosting::Posted> m_posted;
+    KPersonField *m_person;
+    QComboBox *m_for;
     KEdit *m_amount;
     AmountWords *m_words;
     KEdit *m_desc;
     KDateEdit *m_date;
+    QComboBox *m_method;
+    QLabel *m_accountLabel = nullptr;
     QComboBox *m_account;
+    ChequeFields *m_cheque;
+    QCheckBox *m_print;
 };

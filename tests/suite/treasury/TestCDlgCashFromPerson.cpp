@@ -141,9 +141,8 @@ void TestCDlgCashFromPerson::windowShowsPersonAmountAndWords()
     QCOMPARE(field<KDateEdit>(&dialog, u"تاریخ :"_s)->geometry(), below);
     QCOMPARE(field<KDateEdit>(&dialog, u"تاریخ :"_s)->date(), GetDBSetting()->GetDBServerDate().date());
     auto *account = field<QComboBox>(&dialog, u"دریافت در :"_s);
-    QCOMPARE(account->count(), 2);
+    QCOMPARE(account->count(), 1);
     QCOMPARE(account->itemText(0), u"صندوق"_s);
-    QCOMPARE(account->itemText(1), u"بانک"_s);
 }
 
 void TestCDlgCashFromPerson::okSavesReceiptAndBalancedDocument()
@@ -183,12 +182,14 @@ void TestCDlgCashFromPerson::amountIsReceivedInTheDecimalsOfTheMoneyUnit()
 void TestCDlgCashFromPerson::moneyToTheBankStandsOnTheBankAccount()
 {
     QVERIFY(receive([](QDialog *dialog) {
-        field<QComboBox>(dialog, u"دریافت در :"_s)->setCurrentText(u"بانک"_s);
+        field<QComboBox>(dialog, u"روش :"_s)->setCurrentText(u"بانکی"_s);
+        QCOMPARE(field<QComboBox>(dialog, u"دریافت در :"_s)->currentText(), u"بانک"_s);
         field<KEdit>(dialog, u"مبلغ :"_s)->setText(u"۵۰۰"_s);
         FormDriver::click(dialog, u"تاييد"_s);
     }));
     QCOMPARE(value("SELECT CONCAT_WS('|',iHesabKolCode,iHesabMoeenCode,dBed) FROM Docs WHERE dBed>0"),
              u"1102|110201|500"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('|',iMethod,iAccount) FROM Receipts"), u"2|110201"_s);
 }
 
 void TestCDlgCashFromPerson::cancelSavesNothing()
