@@ -24,7 +24,6 @@
 #include "host/start/CDlgServerPassword.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
-#include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
@@ -41,6 +40,11 @@
 #include "suite/image/KStaticImage.h"
 #include "suite/treasury/CDlgCashDay.h"
 #include "suite/treasury/CDlgFollowUp.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
+#include "suite/treasury/CDlgReceiptPaper.h"
+#include "suite/treasury/CDlgShowReceipt.h"
+#include "suite/treasury/CDlgVoiding.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/look/LookOffice.h"
@@ -66,6 +70,7 @@ const QString persons = u"اشخاص"_s;
 const QString documents = u"اسناد حسابداری"_s;
 const QString invoices = u"فاکتورها"_s;
 const QString services = u"خدمات"_s;
+const QString receipts = u"دریافت‌ها و پرداخت‌ها"_s;
 const QString users = u"کاربران و دسترسی‌ها"_s;
 const QString reminders = u"یادآوری ها"_s;
 
@@ -96,6 +101,20 @@ Show rowConflict()
     });
 }
 
+// Received by a cheque, of the person with the long name, and made void again; the key.
+int voidReceipt(LookOffice &office)
+{
+    const QDateTime today = GetDBSetting()->GetDBServerDate();
+    const Cheque cheque{.sayad = u"1234567890123456"_s, .number = u"102030"_s, .bank = u"ملت"_s, .branch = u"میدان ونک"_s, .branchCode = u"65432"_s, .due = today.addDays(40)};
+    const int person = office.number(u"SELECT iPersonFirstID FROM AutomobilContracts WHERE iID%3=2 LIMIT 1"_s);
+    const QString text = u"تحویل خودرو پس از انتقال سند و تسویه کامل مبلغ قرارداد انجام خواهد شد"_s;
+    const int key = ReceiptPosting::save({.personID = person, .date = today, .method = CTblReceipts::cheque, .cheque = cheque, .parts = {{987654321000, text}}})
+                        .constFirst()
+                        .receiptID;
+    ReceiptPosting::makeVoid(key, u"مبلغ چک اشتباه وارد شده بود"_s);
+    return key;
+}
+
 ListReport reportOf(LookOffice &office)
 {
     ListReport report(u"Look"_s, u"Contracts"_s);
@@ -122,6 +141,10 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"services", page(office, services)});
     entries.push_back({"accounts", page(office, u"سرفصل حساب‌ها"_s)});
     entries.push_back({"cash-accounts", page(office, u"صندوق و بانک"_s)});
+    entries.push_back({"receipts", page(office, receipts, [](KListPage &list) {
+                           list.filters().set(u"voided", true);
+                           list.refill();
+                       })});
     entries.push_back({"users", page(office, users)});
     entries.push_back({"reminders", page(office, reminders)});
 }
@@ -142,6 +165,15 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
                        window<CDlgPlanChoice>(PlanFollowing::Facts{{true, 1'800'000'000, 2}, {1'200'000'000, 1, false, true, true}, {}})});
     entries.push_back({"contract-receipts", window<CDlgContractReceipts>(contract)});
     entries.push_back({"receipt", window<CDlgCashFromPerson>(person, 2'818'800.0, u"بابت تسویه قرارداد شماره 15"_s)});
+    entries.push_back({"receipt-cheque", window<CDlgCashFromPerson>(CDlgCashFromPerson::Start{.method = CTblReceipts::cheque})});
+    const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());
+    entries.push_back({"receipt-show", window<CDlgShowReceipt>(voided)});
+    entries.push_back({"receipt-paper", window<CDlgReceiptPaper>(QList<ReceiptDetails>{voided, voided})});
+    entries.push_back({"receipt-void", modal([] {
+                           const QString text = u"دریافت شماره 137 به مبلغ 987,654,321,000 ریال (سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری) باطل می‌شود."_s;
+                           CDlgVoiding::run(
+                               u"ابطال دریافت"_s, text, [](const QString &) {}, nullptr);
+                       })});
     entries.push_back({"clauses", window<CDlgMultiItems>(int(CTblItems::typeClause), u"توضیحات"_s)});
     entries.push_back({"custom-fields", window<CDlgCustomFieldDefinitions>(int(CTblAutomobilContracts::recordKind))});
     entries.push_back({"comprehensive-report", command(office, contracts, u"fullReport"_s)});
