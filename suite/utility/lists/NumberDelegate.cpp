@@ -13,10 +13,13 @@
 
 namespace {
 
+// A text that is laid out may be a little wider than the sum of its letters: one that just fits has a tip rather than none.
+constexpr int rounding = 2;
+
 bool isCut(const QStyleOptionViewItem &cell, const QString &text)
 {
     const int margin = cell.widget->style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
-    return cell.fontMetrics.horizontalAdvance(text) > cell.rect.width() - 2 * margin;
+    return cell.fontMetrics.horizontalAdvance(text) > cell.rect.width() - 2 * margin - rounding;
 }
 
 }
