@@ -76,7 +76,7 @@ KListColumn CDlgAutomobilContracts::receivedColumn(int side) const
     const auto charged = [this, side](KMySQL &record, int) {
         return KListColumn::money(ContractDues::charged(static_cast<const CTblAutomobilContracts &>(record), side, m_levySeparate));
     };
-    return {.key = receivedKey(side), .title = u"دریافت از "_s + ContractSide::nameOf(side), .width = 70, .cell = charged, .reads = ContractDues::chargedColumns(), .optional = true};
+    return {.key = receivedKey(side), .title = u"دریافت از "_s + ContractSide::nameOf(side), .width = 60, .cell = charged, .reads = ContractDues::chargedColumns(), .optional = true};
 }
 
 void CDlgAutomobilContracts::beginRows()

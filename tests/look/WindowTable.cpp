@@ -13,6 +13,8 @@
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/contracts/instalments/CDlgPlanChoice.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
+#include "auto/contracts/receipts/ContractReceiptOwner.h"
+#include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
 #include "host/administration/CDlgUserRights.h"
@@ -149,6 +151,38 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"reminders", page(office, reminders)});
 }
 
+// Money of both sides, one receipt of it void.
+void receiveFor(int contractID)
+{
+    ContractReceiptOwner::enter();
+    CTblAutomobilContracts contract;
+    QVERIFY(contract.IsRecordExist(u"iID"_s, contractID));
+    for (const int side : {1, 2, 2}) {
+        const int person = side == 1 ? contract.m_iPersonFirstID : contract.m_iPersonSecondID;
+        ReceiptPosting::save({.personID = person,
+                              .date = GetDBSetting()->GetDBServerDate(),
+                              .account = 110101,
+                              .parts = {{2'818'800.0, ContractReceipts::commissionText(contract.number()), ContractReceipts::commission(contract, side)}}});
+    }
+    const QList<ContractReceipts::Entry> entries = ContractReceipts::list(contract);
+    ContractReceipts::makeVoid(contractID, entries.constLast(), u"دوبار ثبت شده بود"_s);
+}
+
+// The list with the columns that are off at first, and are off again afterwards.
+Show withReceived(LookOffice &office)
+{
+    const auto set = [](KListPage &list, bool shown) {
+        for (const QString &column : {u"receivedSeller"_s, u"receivedBuyer"_s})
+            list.list()->setColumnShown(column, shown);
+    };
+    const Show shown = page(office, contracts, [set](KListPage &list) { set(list, true); });
+    return [&office, set, shown](const Look &look) {
+        shown(look);
+        set(*office.list(contracts), false);
+        office.clear();
+    };
+}
+
 void addContracts(LookOffice &office, std::vector<Entry> &entries)
 {
     const int contract = office.number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
@@ -163,7 +197,11 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"follow-up", window<CDlgFollowUp>(call, u"مریم کریمی     09121234567     قسط شماره 3 قرارداد 12     سررسید 1405/04/02     مانده 45,000,000"_s)});
     entries.push_back({"contract-plan-choice",
                        window<CDlgPlanChoice>(PlanFollowing::Facts{{true, 1'800'000'000, 2}, {1'200'000'000, 1, false, true, true}, {}})});
-    entries.push_back({"contract-receipts", window<CDlgContractReceipts>(contract)});
+    entries.push_back({"contract-receipts", modal([contract] {
+                           receiveFor(contract);
+                           CDlgContractReceipts(contract).exec();
+                       })});
+    entries.push_back({"contracts-received", withReceived(office)});
     entries.push_back({"receipt", window<CDlgCashFromPerson>(person, 2'818'800.0, u"بابت تسویه قرارداد شماره 15"_s)});
     entries.push_back({"receipt-cheque", window<CDlgCashFromPerson>(CDlgCashFromPerson::Start{.method = CTblReceipts::cheque})});
     const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());

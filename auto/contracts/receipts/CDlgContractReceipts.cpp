@@ -49,12 +49,12 @@ QVector<KListModel::Column> receiptColumns()
 {
     return {{u"ردیف"_s, Qt::AlignCenter, 26},
             {u"تاریخ"_s, Qt::AlignCenter, 50, {}, true},
-            {u"نوع"_s, Qt::AlignCenter, 40},
+            {u"نوع"_s, Qt::AlignCenter, 50},
             {u"شخص"_s, Qt::AlignRight, 90},
-            {u"طرف"_s, Qt::AlignCenter, 45},
+            {u"طرف"_s, Qt::AlignCenter, 55},
             {u"مبلغ"_s, Qt::AlignRight, 65},
-            {u"روش"_s, Qt::AlignCenter, 40},
-            {u"شرح"_s, Qt::AlignRight, 120},
+            {u"روش"_s, Qt::AlignCenter, 45},
+            {u"شرح"_s, Qt::AlignRight, 140},
             {u"شماره سند"_s, Qt::AlignCenter, 45},
             {u"وضعیت"_s, Qt::AlignRight, 50},
             {u"ابطال"_s, Qt::AlignRight, 150}};
@@ -102,7 +102,7 @@ CDlgContractReceipts::CDlgContractReceipts(int contractID, QWidget *parent)
     m_closed = settings.isClosed();
     SetSettingName(u"AutomobilContracts\\Receipts"_s);
     build();
-    resize(LookSizes::scaled(900), LookSizes::scaled(480));
+    resize(LookSizes::scaled(1180), LookSizes::scaled(480));
     if (load())
         m_list->selectRow(0);
     m_list->setFocus();
