@@ -3,6 +3,7 @@
 
 #include "host/demo/DemoData.h"
 
+#include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 #include "host/demo/DemoCars.h"
@@ -10,6 +11,7 @@
 #include "host/demo/DemoContracts.h"
 #include "host/demo/DemoDemands.h"
 #include "host/demo/DemoInvoices.h"
+#include "host/demo/DemoMoney.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -26,6 +28,7 @@ constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
 constexpr int fewestSales = 12;
 constexpr int mostSales = 120;
+constexpr int mostWithMoney = 80; // contracts with receipts, plans and cheques: the latest
 constexpr int daysOfTheRegister = 300; // age of the oldest car in it
 
 // Fixed days, so that the office is the same whenever it is created.
@@ -104,6 +107,9 @@ ContractSettings contractSettings()
     settings.tiers.ceilings = {5e9, 20e9, 100e9};
     settings.tiers.percents = {1, 0.75, 0.5};
     settings.tiers.thirdInUse = true;
+    settings.postPlan = true;
+    settings.lateFeePercent = 0.1;
+    settings.lateFeeGrace = 10;
     return settings;
 }
 
@@ -135,6 +141,8 @@ void fill(int contracts, int database)
     DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
                  database)
         .write(qBound(fewestSales, contracts / 10, mostSales));
+    ContractReceiptOwner::enter();
+    DemoMoney(ConvertToMiladi(currentYear, 1, 1), office.lastDay, random).write(mostWithMoney);
     CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
 }

@@ -23,6 +23,7 @@
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
 #include "tests/faults/desk/DeskContention.h"
+#include "tests/faults/desk/DeskMoney.h"
 #include "tests/support/Hand.h"
 #include "tests/support/NamedWidget.h"
 
@@ -342,6 +343,12 @@ QHash<QString, Desk::Command> DeskCommands::all()
         {u"archive"_s, [](Desk &desk, const Words &words) { return onListed(desk, words, u"archive"); }},
         {u"receive"_s, receive},
         {u"instalments"_s, instalments},
+        {u"plan"_s, DeskMoney::plan},
+        {u"pay"_s, DeskMoney::pay},
+        {u"settle"_s, DeskMoney::settle},
+        {u"void"_s, DeskMoney::makeVoid},
+        {u"cheque"_s, DeskMoney::sendOn},
+        {u"back"_s, DeskMoney::takeBack},
         {u"report"_s, report},
         {u"asking"_s, asking},
         {u"notices"_s, notices},
