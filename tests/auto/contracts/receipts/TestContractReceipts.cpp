@@ -55,8 +55,9 @@ class TestContractReceipts : public QObject
 
     int addInstalment(int number, double amount, bool paid)
     {
-        m_office->database().run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID,iNum,dAmount,iStatus,date) "
-                                 "VALUES(%1,%2,%3,%4,%5,NOW())"_s.arg(m_contract->key)
+        m_office->database().run(u"INSERT INTO AutomobilPayments(iDepartmentID,iAutomobilContractID,iPersonID,iNum,dAmount,iStatus,date) "
+                                 "VALUES(%1,%2,%3,%4,%5,%6,NOW())"_s.arg(GetDBSetting()->GetDepartmentID())
+                                     .arg(m_contract->key)
                                      .arg(m_contract->buyer)
                                      .arg(number)
                                      .arg(amount)
