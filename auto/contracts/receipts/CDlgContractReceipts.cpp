@@ -13,6 +13,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/db/KLookup.h"
+#include "suite/treasury/CDlgReceiptPaper.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
@@ -140,6 +141,10 @@ void CDlgContractReceipts::build()
     cards->addCard(received, true);
     cards->addCard(buildVoiding());
     QDialogButtonBox *buttons = createButtons(QString(), u"بازگشت"_s);
+    m_paper = buttons->addButton(u"چاپ رسید"_s, QDialogButtonBox::ActionRole);
+    m_paper->setIcon(LookIcons::icon(u":/icons/receipt.svg"_s));
+    m_paper->setAccessibleName(m_paper->text());
+    connect(m_paper, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { printSelected(); }); });
     m_print = buttons->addButton(u"چاپ"_s, QDialogButtonBox::ActionRole);
     m_print->setIcon(LookIcons::icon(u":/icons/print.svg"_s));
     m_print->setAccessibleName(m_print->text());
@@ -209,6 +214,13 @@ void CDlgContractReceipts::print()
         CDlgReportGenerator(report(), this).ShowReport();
 }
 
+// On the paper that the user may give away; of an instalment without a receipt there is none.
+void CDlgContractReceipts::printSelected()
+{
+    if (const ContractReceipts::Entry *entry = selected(); entry && entry->receiptID != 0)
+        CDlgReceiptPaper::show({entry->receiptID}, this);
+}
+
 void CDlgContractReceipts::refill()
 {
     const int row = m_list->currentRow();
@@ -225,6 +237,7 @@ const ContractReceipts::Entry *CDlgContractReceipts::selected() const
 void CDlgContractReceipts::updateButton()
 {
     const ContractReceipts::Entry *entry = selected();
+    m_paper->setEnabled(entry && entry->receiptID != 0);
     m_void->setEnabled(entry && !entry->isVoid() && !m_closed && receiptSecurity().CheckDeletionSecurity(0));
 }
 

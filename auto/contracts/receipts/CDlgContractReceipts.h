@@ -32,6 +32,7 @@ public:
     KEdit *reason() const { return m_reason; }
     QPushButton *voidButton() const { return m_void; }
     QPushButton *printButton() const { return m_print; }
+    QPushButton *paperButton() const { return m_paper; }
     QString totalText() const;
     // What the button "چاپ" shows.
     ListReport report() const;
@@ -46,6 +47,7 @@ private:
     QString totals() const;
     QString voidingQuestion(const ContractReceipts::Entry &entry) const;
     void print();
+    void printSelected();
     const ContractReceipts::Entry *selected() const;
 
     int m_contractID;
@@ -56,5 +58,6 @@ private:
     QLabel *m_total = nullptr;
     KEdit *m_reason = nullptr;
     QPushButton *m_void = nullptr;
-    QPushButton *m_print = nullptr;
+    QPushButton *m_print = nullptr; // the list
+    QPushButton *m_paper = nullptr; // the selected receipt
 };

@@ -71,6 +71,47 @@ private Q_SLOTS:
         QVERIFY(dialog.voidButton()->isEnabled());
     }
 
+    void theListIsPrintedAsItStands()
+    {
+        CDlgContractReceipts dialog(m_contract->key);
+        const ListReport report = dialog.report();
+        QCOMPARE(report.rows().size(), 1);
+        QCOMPARE(report.shownTitle(), dialog.windowTitle());
+        QCOMPARE(report.text(u"LeftTop"_s), dialog.totalText());
+        m_office->logInAs(u"clerk"_s, u"Receipts"_s, KSecurity::allRights & ~KSecurity::PrintList);
+        dialog.printButton()->click();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Receipts"_s, KSecurity::PrintList)});
+    }
+
+    void theSelectedReceiptIsPrinted()
+    {
+        CDlgContractReceipts dialog(m_contract->key);
+        bool shown = false;
+        TestOffice::whenModal("CDlgReceiptPaper", [&shown](QWidget *window) {
+            shown = true;
+            static_cast<QDialog *>(window)->reject();
+        });
+        dialog.paperButton()->click();
+        QVERIFY(shown);
+    }
+
+    // An older instalment that is marked as paid has no paper, and can be opened again.
+    void instalmentWithoutAReceiptHasNoPaperAndIsOpenedAgain()
+    {
+        m_office->database().run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID,iNum,dAmount,iStatus,date) VALUES(%1,%2,1,112,1,'2020-01-01')"_s
+                                     .arg(m_contract->key)
+                                     .arg(m_contract->buyer));
+        CDlgContractReceipts dialog(m_contract->key);
+        QCOMPARE(dialog.list()->cellText(0, stateColumn), u"بدون سند"_s);
+        QVERIFY(!dialog.paperButton()->isEnabled() && dialog.voidButton()->isEnabled());
+        dialog.reason()->setText(u"پرداخت نشده بود"_s);
+        dialog.voidButton()->click();
+        QVERIFY(g_pDlgYesNo->takeShown().value(0).contains(u"112 ریال"_s));
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments"_s), u"0"_s);
+        QCOMPARE(dialog.list()->count(), 1);
+        QVERIFY(dialog.paperButton()->isEnabled());
+    }
+
     void voidAsksForAReasonFirst()
     {
         CDlgContractReceipts dialog(m_contract->key);
