@@ -34,6 +34,7 @@
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/treasury/CDlgCashAccounts.h"
 #include "suite/treasury/CDlgReceipts.h"
+#include "suite/treasury/CDlgCheques.h"
 #include "suite/utility/frame/ActionHindrance.h"
 #include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/frame/KDialogTabPage.h"
@@ -202,6 +203,7 @@ void MainWindow::buildBooksMenu()
                 {u"ا&سناد حسابداری"_s, u"document"_s, &showPage<CDlgDocuments>, control(Qt::Key_3), page, u"Documents"_s},
                 {u"&فاکتورها"_s, u"receipt"_s, &showPage<CDlgFactors>, control(Qt::Key_8), page, u"Factors"_s},
                 {u"&دریافت‌ها و پرداخت‌ها"_s, u"money"_s, &showPage<CDlgReceipts>, {}, Command::OpensPage, u"Receipts"_s},
+                {u"&چک‌ها"_s, u"money"_s, &showPage<CDlgCheques>, {}, Command::OpensPage, u"Cheques"_s},
                 {u"&خدمات"_s, u"edit"_s, &showPage<CDlgServices>, {}, Command::StartsGroup | Command::OpensPage, u"Services"_s},
                 {u"س&رفصل حساب‌ها"_s, u"database"_s, &showPage<CDlgChartOfAccounts>, {}, Command::OpensPage, u"ChartOfAccounts"_s},
                 {u"&صندوق و بانک"_s, u"money"_s, &showPage<CDlgCashAccounts>, {}, Command::OpensPage, u"Receipts"_s},

@@ -324,7 +324,9 @@ QString ChequeChanging::nameOf(const CTblCheques &cheque)
 {
     const QString kind = isGiven(cheque) ? u"چک پرداختی"_s : u"چک دریافتی"_s;
     const QString number = cheque.m_sNumber.isEmpty() ? u"با شناسه صیادی %1"_s.arg(cheque.m_sSayad) : u"شماره %1"_s.arg(cheque.m_sNumber);
-    return cheque.m_sBank.isEmpty() ? u"%1 %2"_s.arg(kind, number) : u"%1 %2، بانک %3"_s.arg(kind, number, cheque.m_sBank);
+    const QString word = u"بانک "_s;
+    const QString bank = cheque.m_sBank.startsWith(word) ? cheque.m_sBank : word + cheque.m_sBank;
+    return cheque.m_sBank.isEmpty() ? u"%1 %2"_s.arg(kind, number) : u"%1 %2، %3"_s.arg(kind, number, bank);
 }
 
 ChequeChanging::Changed ChequeChanging::change(const Change &change, int database)
