@@ -5,6 +5,7 @@
 
 #include "auto/editor/NewRecord.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
+#include "auto/contracts/cheques/CDlgContractCheques.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
@@ -122,6 +123,8 @@ void CDlgAddAutomobilContract::addPages(const OfficeSettings &settings)
     m_matterTab = addPage(m_matter, m_matter->title());
     connect(m_matter, &CDlgAddAutomobilContractMatter::instalmentsRequested, this,
             [this] { KErrorBoundary::guarded(this, [this] { showInstalments(); }); });
+    connect(m_matter, &CDlgAddAutomobilContractMatter::chequesRequested, this,
+            [this] { KErrorBoundary::guarded(this, [this] { showCheques(); }); });
 
     m_customFields = new CDlgCustomFields(tabs());
     m_customFields->bind(CTblAutomobilContracts::recordKind, key());
@@ -154,6 +157,24 @@ void CDlgAddAutomobilContract::showInstalments()
     // The buyer pays the instalments.
     CDlgCalcPayment::Run(key(), m_base->secondParty()->personField()->personID(), m_matter->amountLeftOf(amount), this,
                          isShowMode());
+}
+
+void CDlgAddAutomobilContract::showCheques()
+{
+    CTblAutomobilContracts stored;
+    QString refusal;
+    if (mode() == ContractEditorMode::New || !stored.IsRecordExist(u"iID"_s, key()))
+        refusal = u"این قرارداد هنوز ثبت نشده است. ابتدا آن را تایید نمایید و سپس برای ثبت چک‌ها ویرایش کنید."_s;
+    else if (!isShowMode())
+        refusal = ContractCheques::entryRefusal(stored, m_base->secondParty()->personField()->personID());
+    if (!refusal.isEmpty()) {
+        g_pDlgWarning->Show(refusal, this);
+        return;
+    }
+    const auto texts = [this] { return MatterCheques::texts(ContractCheques::ofPrice(ContractCheques::list(key()))); };
+    const QList<MatterCheques::FieldText> before = texts();
+    CDlgContractCheques::Show(stored, isShowMode(), this);
+    m_matter->followCheques(before, texts());
 }
 
 QList<ContractEditorPage *> CDlgAddAutomobilContract::pages() const

@@ -65,6 +65,7 @@ private:
     void showContractType(int contractType);
     void showInstalments();
     void savePosted();
+    void showCheques();
     void copyCar();
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;

@@ -12,6 +12,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/values/Provinces.h"
 #include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/look/CardStack.h"
@@ -24,7 +25,21 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// An amount as the register's texts have it; none for 0.
+QString enteredText(const KEdit &edit)
+{
+    if (edit.kind() != KEdit::Kind::Money)
+        return edit.plainText();
+    return IsEquals(edit.number(), 0) ? QString() : DToMoney(edit.number());
+}
+
+}
 
 CDlgAddAutomobilContractMatter::CDlgAddAutomobilContractMatter(ContractEditorMode mode, QWidget *parent)
     : ContractEditorPage(mode, u"مشخصات فروش"_s, parent)
@@ -45,8 +60,7 @@ void CDlgAddAutomobilContractMatter::build()
     auto *cards = new CardStack(content);
     cards->addCard(card(u"موضوع مشخصات مورد معامله"_s,
                         {{"sAutomobilName"}, {"sAutomobilType"}, {"sSystem"}, {"sBrigade"}, {"sModel"}, {"sColor"}, {"sNumOfPlates"}, {"sFuel"}, {"sNumOfEngines", 2}, {"sChassisNum", 2}, {"sVIN", 2}, {"sDengue"}, {"sNumOFAxles"}, {"sNumOfWheels"}, {"sDocumentsDelivered", 3}, {"sDescMatter", 4}}));
-    cards->addCard(card(u"پرداخت"_s,
-                        {{"dFixAmount", 2}, {"sCheckCount", 2}, {"dAgreeAmount", 2}, {"sCheckNum", 2}, {"sBankName"}, {"sBranchName"}, {"sBranchCode"}, {"sDescCheck", 3}, {"dDamageAmount", 2}, {"dCompenseAmount", 2}, {"dRemainingAmount", 2}, {"sDescRemainingAmount", 6}}));
+    cards->addCard(buildPayment());
     cards->addCard(buildTerms());
     cards->addCard(card(u"ثبت و دفترخانه"_s,
                         {{"dateDeal", 2}, {"dateTradeUnit", 2}, {"sRegistryNum", 2}, {"sRightTahrir", 2}, {"dateDocument", 2}, {"dateOffice", 2}, {"dEveryHandDealAmount", 2}, {"sBillNumOne"}, {"sBillNumTwo"}, {"sState"}, {"sCity"}, {"sLicense"}, {"sAddressSample"}, {"sSampleDescOne", 2}, {"sSampleDescTwo", 2}}));
@@ -61,17 +75,32 @@ QGroupBox *CDlgAddAutomobilContractMatter::card(const QString &title, std::initi
     return box;
 }
 
+QPushButton *CDlgAddAutomobilContractMatter::smallButton(const QString &caption, QGroupBox *card, void (CDlgAddAutomobilContractMatter::*request)())
+{
+    auto *button = new QPushButton(caption, card);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    LookMarks::setButton(button, LookMarks::Button::Small);
+    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(button, &QPushButton::clicked, this, request);
+    static_cast<FormGrid *>(card->layout())->addCell(button);
+    return button;
+}
+
+QGroupBox *CDlgAddAutomobilContractMatter::buildPayment()
+{
+    QGroupBox *payment = card(u"پرداخت"_s, {{"dFixAmount", 2}, {"sCheckCount", 2}, {"dAgreeAmount", 2}, {"sCheckNum", 2}, {"sBankName"}, {"sBranchName"}, {"sBranchCode"}});
+    m_cheques = smallButton(u"چک‌ها"_s, payment, &CDlgAddAutomobilContractMatter::chequesRequested);
+    m_form->place(static_cast<FormGrid *>(payment->layout()),
+                  {{"sDescCheck", 2}, {"dDamageAmount", 2}, {"dCompenseAmount", 2}, {"dRemainingAmount", 2}, {"sDescRemainingAmount", 6}});
+    return payment;
+}
+
 QGroupBox *CDlgAddAutomobilContractMatter::buildTerms()
 {
     // What only a rent has comes last, so that an instalment sale's line has its gap at the end.
     m_terms = card({}, {{"sRentTime"}, {"dateRent"}, {"dateRentExpire"}, {"dAmountRent", 2}, {"sNumOfMonths"}, {"sNumOfInstallment"}, {"sUsanceNum", 2}, {"dDelayAmount", 2}});
-    m_instalments = new QPushButton(u"محاسبه اقساط"_s, m_terms);
-    m_instalments->setAccessibleName(m_instalments->text());
-    m_instalments->setAutoDefault(false);
-    LookMarks::setButton(m_instalments, LookMarks::Button::Small);
-    m_instalments->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(m_instalments, &QPushButton::clicked, this, &CDlgAddAutomobilContractMatter::instalmentsRequested);
-    static_cast<FormGrid *>(m_terms->layout())->addCell(m_instalments);
+    m_instalments = smallButton(u"محاسبه اقساط"_s, m_terms, &CDlgAddAutomobilContractMatter::instalmentsRequested);
     return m_terms;
 }
 
@@ -124,6 +153,37 @@ QStringList CDlgAddAutomobilContractMatter::takeVehicle(const QList<ContractFiel
             shortened.append(edit->accessibleName().remove(u" :"_s));
     }
     return shortened;
+}
+
+// Where the register says nothing new, what was typed stays without a question.
+bool CDlgAddAutomobilContractMatter::mayTakeCheques(const QList<MatterCheques::FieldText> &before, const QList<MatterCheques::FieldText> &now)
+{
+    for (qsizetype index = 0; index < now.size(); ++index) {
+        const QString entered = enteredText(*m_form->edit(now.at(index).column));
+        if (entered.isEmpty() || entered == now.at(index).text || entered == before.at(index).text)
+            continue;
+        const QString question = u"فیلدهای چک این صفحه با چک‌های ثبت شده یکی نیست. با مشخصات چک‌های ثبت شده جایگزین شود؟"_s;
+        return before != now && g_pDlgYesNo->Ask(question, this) != KMessageDialog::No;
+    }
+    return true;
+}
+
+void CDlgAddAutomobilContractMatter::followCheques(const QList<MatterCheques::FieldText> &before, const QList<MatterCheques::FieldText> &now)
+{
+    const auto isSaid = [](const MatterCheques::FieldText &field) { return !field.text.isEmpty(); };
+    const bool hasCheques = std::ranges::any_of(before, isSaid) || std::ranges::any_of(now, isSaid);
+    if (isShowMode() || !hasCheques || !mayTakeCheques(before, now))
+        return;
+    QStringList shortened;
+    for (const MatterCheques::FieldText &field : now) {
+        KEdit *edit = m_form->edit(field.column);
+        edit->setText(field.text);
+        edit->setCursorPosition(0);
+        if (enteredText(*edit).size() < field.text.size())
+            shortened.append(edit->accessibleName().remove(u" :"_s));
+    }
+    if (!shortened.isEmpty())
+        g_pDlgWarning->Show(u"مشخصات چک‌ها در این فیلدها جا نشد و کوتاه شد، لطفا بررسی کنید: "_s + shortened.join(u"، "_s), this);
 }
 
 double CDlgAddAutomobilContractMatter::amountLeftOf(double contractAmount) const

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "auto/contracts/cheques/MatterCheques.h"
 #include "auto/contracts/editor/ContractEditorPage.h"
 #include "auto/contracts/editor/ContractFromCar.h"
 #include "suite/utility/forms/KForm.h"
@@ -36,21 +37,32 @@ public:
     // was too long and is cut.
     QStringList takeVehicle(const QList<ContractFieldText> &fields);
 
+    // Shows what the register now says of the cheques for the price, in place of what it said before; asks first where the fields
+    // hold something else. Nothing where it knows, and knew, none.
+    void followCheques(const QList<MatterCheques::FieldText> &before, const QList<MatterCheques::FieldText> &now);
+
     KForm *form() const override { return m_form; }
     QPushButton *instalmentsButton() const { return m_instalments; }
+    QPushButton *chequesButton() const { return m_cheques; }
 
 Q_SIGNALS:
     // The user wants the contract's instalment plan.
     void instalmentsRequested();
+    // The user wants the register's cheques for the contract.
+    void chequesRequested();
 
 private:
     void build();
     QGroupBox *card(const QString &title, std::initializer_list<KForm::Cell> cells);
+    QGroupBox *buildPayment();
     QGroupBox *buildTerms();
+    QPushButton *smallButton(const QString &caption, QGroupBox *card, void (CDlgAddAutomobilContractMatter::*request)());
     void offerCities();
+    bool mayTakeCheques(const QList<MatterCheques::FieldText> &before, const QList<MatterCheques::FieldText> &now);
 
     bool m_filling = false;
     KForm *m_form = nullptr;
     QGroupBox *m_terms = nullptr;
     QPushButton *m_instalments = nullptr;
+    QPushButton *m_cheques = nullptr;
 };
