@@ -3,10 +3,14 @@
 
 #include "tests/look/LookOffice.h"
 
+#include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/CAutoDBSetting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "host/demo/DemoData.h"
 #include "host/desk/WorkArea.h"
+#include "suite/accounting/books/chart/Accounts.h"
+#include "suite/treasury/ChequeChanging.h"
+#include "suite/treasury/ReceiptPosting.h"
 #include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/treasury/CDlgCashFromPerson.h"
@@ -62,6 +66,7 @@ void LookOffice::fill()
     CTblCustomFields::define(contracts, u"تاریخ مراجعه"_s, CTblCustomFields::Date);
     CTblCustomFields::define(contracts, u"مدارک تحویل شد"_s, CTblCustomFields::YesNo);
     fillLong();
+    fillCheques();
     QFile scan(m_folder.filePath(u"اسکن قرارداد.pdf"_s));
     if (!scan.open(QIODevice::WriteOnly) || scan.write("%PDF-1.4\n") < 0)
         qFatal("the folder of the test cannot be written to");
@@ -79,6 +84,37 @@ void LookOffice::fillLong()
                    "dCommission=987654321, dTax=987654321, dTax2=987654321, dImposition=987654321, dImposition2=987654321, "
                    "dDiscountFirst=987654321, dDiscountSecond=987654321, dPayFirst=1987654321, dPaySecond=1987654321, "
                    "dPercentDiscount=99.99, dPercentDiscount2=99.99 WHERE iID%3=2"_s);
+}
+
+// Of the last contract: one that is overdue, one with the bank, one that came back.
+void LookOffice::fillCheques()
+{
+    ContractReceiptOwner::enter();
+    const int contract = number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
+    const int buyer = number(u"SELECT MAX(iID) FROM Persons"_s);
+    const QDateTime today = GetDBSetting()->GetDBServerDate();
+    const auto receive = [&](const QString &sayad, const QString &bank, int days) {
+        const ReceiptPosting::Part part{987'654'321,
+                                        u"چک بابت بهای خودرو"_s,
+                                        {.recordKind = CTblAutomobilContracts::recordKind, .recordID = contract, .what = ReceiptPurpose::Price, .side = 2, .text = u"بهای خودرو قرارداد 15، خریدار"_s}};
+        return ReceiptPosting::save({.personID = buyer,
+                                     .date = today.addDays(-40),
+                                     .method = CTblReceipts::cheque,
+                                     .cheque = Cheque{sayad, u"102030"_s, bank, u"شعبه مرکزی اصفهان"_s, u"65432"_s, today.addDays(days), u"سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری"_s},
+                                     .parts = {part}})
+            .constFirst()
+            .chequeID;
+    };
+    const auto bring = [&](int cheque, ChequeState state, int days) {
+        ChequeChanging::change({.seen = ChequeChanging::seen(cheque), .to = state, .date = today.addDays(days), .account = Accounts::bank});
+    };
+    receive(u"1234567890123456"_s, u"کشاورزی"_s, -10);
+    bring(receive(u"1234567890123457"_s, u"ملی"_s, 20), ChequeState::Deposited, -30);
+    const int bounced = receive(u"1234567890123458"_s, u"قرض‌الحسنه مهر ایران"_s, -5);
+    bring(bounced, ChequeState::Deposited, -20);
+    bring(bounced, ChequeState::Bounced, -4);
+    ChequeChanging::undoLast(ChequeChanging::seen(bounced), u"برگشت در سامانه بانک ثبت نشده بود"_s);
+    bring(bounced, ChequeState::Bounced, -3);
 }
 
 QAction *LookOffice::entry(const QString &text) const

@@ -36,6 +36,7 @@ public:
 private:
     void fill();
     void fillLong();
+    void fillCheques();
 
     TestDatabase m_database;
     QTemporaryDir m_folder;

@@ -10,6 +10,7 @@
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
+#include "auto/contracts/cheques/CDlgContractCheques.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/contracts/instalments/CDlgPlanChoice.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
@@ -26,6 +27,9 @@
 #include "host/start/CDlgServerPassword.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
+#include "suite/treasury/CDlgChequeChange.h"
+#include "suite/treasury/CDlgChequeHistory.h"
+#include "suite/treasury/CDlgShowCheque.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
@@ -222,6 +226,31 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"payable", window<CDlgPaymentAmount>(2, quint16(1405))});
 }
 
+CTblAutomobilContracts &lastContract(LookOffice &office, CTblAutomobilContracts &contract)
+{
+    if (!contract.IsRecordExist(u"iID"_s, office.number(u"SELECT MAX(iID) FROM AutomobilContracts"_s)))
+        qFatal("the contract is gone");
+    return contract;
+}
+
+void addCheques(LookOffice &office, std::vector<Entry> &entries)
+{
+    const int first = office.number(u"SELECT MIN(iID) FROM Cheques"_s);
+    const int last = office.number(u"SELECT MAX(iID) FROM Cheques"_s);
+    entries.push_back({"cheques", page(office, u"چک‌ها"_s)});
+    entries.push_back({"cheque-change", window<CDlgChequeChange>(first)});
+    entries.push_back({"cheque-endorse", modal([=] { CDlgChequeChange(first).exec(); }, [](QDialog &dialog) {
+                           auto *state = Hand::named<QComboBox>(&dialog, u"وضعیت جدید :"_s);
+                           QVERIFY(state);
+                           state->setCurrentIndex(state->count() - 1); })});
+    entries.push_back({"cheque-history", window<CDlgChequeHistory>(last)});
+    entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(last, nullptr); })});
+    entries.push_back({"contract-cheques", modal([&office] {
+                           CTblAutomobilContracts contract;
+                           CDlgContractCheques(lastContract(office, contract), false).exec();
+                       })});
+}
+
 void addCars(LookOffice &office, std::vector<Entry> &entries)
 {
     const int tariff = office.number(u"SELECT MIN(iID) FROM AutomobilTariffs"_s);
@@ -339,6 +368,7 @@ std::vector<Entry> WindowTable::all(LookOffice &office)
     std::vector<Entry> entries;
     addPages(office, entries);
     addContracts(office, entries);
+    addCheques(office, entries);
     addCars(office, entries);
     addPersonsAndBooks(office, entries);
     addAdministration(office, entries);
