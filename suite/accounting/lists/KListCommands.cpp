@@ -54,10 +54,11 @@ KListCommands::~KListCommands() = default;
 void KListCommands::add(KListCommand command)
 {
     Entry entry;
-    entry.inLine = !m_around.searchRow || !(command.options & KListCommand::BesideSearch);
-    QHBoxLayout *place = entry.inLine ? m_line : m_around.searchRow;
+    const bool inMenuOnly = command.options & KListCommand::InRowMenu;
+    entry.inLine = !inMenuOnly && (!m_around.searchRow || !(command.options & KListCommand::BesideSearch));
+    QHBoxLayout *place = entry.inLine || inMenuOnly ? m_line : m_around.searchRow;
     entry.group = (m_entries.empty() ? 0 : m_entries.back().group) + (command.options & KListCommand::StartsGroup ? 1 : 0);
-    entry.button = new KCommandButton(LookIcons::icon(command.icon), command.caption, entry.inLine ? this : place->parentWidget());
+    entry.button = new KCommandButton(LookIcons::icon(command.icon), command.caption, place == m_line ? this : place->parentWidget());
     // Enter presses the button that has the focus.
     entry.button->setAutoDefault(true);
     LookMarks::setTall(entry.button);
@@ -239,12 +240,12 @@ void KListCommands::showEntries()
     bool hasMoved = false;
     const Entry *before = nullptr;
     for (const Entry &entry : m_entries) {
-        const bool isShown = entry.offered && (entry.fits || !entry.inLine);
+        const bool isShown = entry.offered && !entry.inMenuOnly() && (entry.fits || !entry.inLine);
         losesFocus = losesFocus || (!isShown && focused && (focused == entry.button || focused == entry.menu));
         entry.button->setVisible(isShown);
         if (entry.menu)
             entry.menu->setVisible(isShown);
-        hasMore = hasMore || (entry.offered && !isShown);
+        hasMore = hasMore || (entry.offered && entry.inLine && !isShown);
         if (!entry.inLine)
             continue;
         // A gap parts two groups: there is none before the first that is shown.

@@ -31,7 +31,8 @@ struct KListCommand
         NotDisplayed = 8,     // exists, but is never offered
         StartsGroup = 32,     // a gap before it
         PrintsList = 64,      // the button has a menu beside it: the other ways to take the list out
-        BesideSearch = 128    // stands beside the search button, not among the commands below the list
+        BesideSearch = 128,   // stands beside the search button, not among the commands below the list
+        InRowMenu = 256       // with NeedsRow: in the row's menu only, so that the line keeps its room for the others
     };
 
     QString id;      // plain English, unique in the list: code and tests name the command by it
@@ -106,9 +107,11 @@ private:
         QWidget *menu = nullptr;    // the arrow beside it
         QSpacerItem *gap = nullptr; // before it, where it is the first of its group in sight
         int group = 0;
-        bool inLine = true; // not beside the search button
+        bool inLine = true; // neither beside the search button nor in the row's menu only
         bool offered = true;
         bool fits = true;
+
+        bool inMenuOnly() const { return command.options & KListCommand::InRowMenu; }
     };
 
     void add(KListCommand command);

@@ -37,7 +37,8 @@ struct Page
              command(u"delete"_s, u"حذف"_s, C::NeedsRow | C::HiddenInReadOnly, QKeySequence(QKeySequence::Delete)),
              command(u"show"_s, u"نمايش"_s, C::NeedsRow), command(u"print"_s, u"چاپ"_s, C::StartsGroup | C::PrintsList, QKeySequence(QKeySequence::Print)),
              command(u"settle"_s, u"تسويه با فروشنده"_s, C::NeedsRow | C::StartsGroup, QKeySequence(Qt::CTRL | Qt::Key_T)),
-             command(u"settings"_s, u"تنظيمات"_s, C::HiddenInSelect), command(u"reset"_s, u"پيش فرض"_s, C::NotDisplayed)},
+             command(u"settings"_s, u"تنظيمات"_s, C::HiddenInSelect), command(u"reset"_s, u"پيش فرض"_s, C::NotDisplayed),
+             command(u"statement"_s, u"صورتحساب"_s, C::NeedsRow | C::InRowMenu, QKeySequence(Qt::Key_F6))},
             {list, nullptr,
              [](QWidget *parent) {
                  auto *arrow = new QToolButton(parent);
@@ -245,7 +246,7 @@ private Q_SLOTS:
         QTest::keyClick(page.list, Qt::Key_Menu);
         QMenu *menu = page.menu(u"فرمان‌های ردیف"_s);
         QVERIFY(menu && menu->isVisible());
-        QCOMPARE(Page::captions(menu), (QStringList{u"ويرايش"_s, u"نمايش"_s, u"تسويه با فروشنده"_s, u"-"_s, u"حذف"_s}));
+        QCOMPARE(Page::captions(menu), (QStringList{u"ويرايش"_s, u"نمايش"_s, u"تسويه با فروشنده"_s, u"صورتحساب"_s, u"-"_s, u"حذف"_s}));
         QCOMPARE(named(menu, u"حذف"_s)->shortcut(), QKeySequence(QKeySequence::Delete));
         QCOMPARE(menu->activeAction(), named(menu, u"ويرايش"_s));
         QTest::keyClick(menu, Qt::Key_Return);
@@ -254,7 +255,24 @@ private Q_SLOTS:
         // What changes nothing is left on a closed database.
         page.commands->setMode(true, false);
         QTest::keyClick(page.list, Qt::Key_F10, Qt::ShiftModifier);
-        QCOMPARE(Page::captions(menu), (QStringList{u"نمايش"_s, u"تسويه با فروشنده"_s}));
+        QCOMPARE(Page::captions(menu), (QStringList{u"نمايش"_s, u"تسويه با فروشنده"_s, u"صورتحساب"_s}));
+    }
+
+    void aCommandOfTheRowsMenuAloneTakesNoRoom()
+    {
+        Page page;
+        for (const int width : {page.allFit(), page.allFit() - 60, 230}) {
+            QVERIFY(page.show(width));
+            QVERIFY(!page.commands->button(u"statement")->isVisible());
+        }
+        QVERIFY(!page.openMore().contains(u"صورتحساب"_s));
+        page.menu(u"بیشتر"_s)->close();
+        QVERIFY(page.commands->isOffered(u"statement"));
+        QVERIFY(!page.commands->run(u"statement"));
+        page.list->selectRow(0);
+        page.list->setFocus();
+        QTest::keyClick(page.list, Qt::Key_F6);
+        QCOMPARE(page.ran, QStringList{u"statement"_s});
     }
 
     void aRightClickOpensNoMenu()
