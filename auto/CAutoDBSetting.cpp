@@ -7,6 +7,7 @@
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
@@ -85,6 +86,11 @@ void CAutoDBSetting::ShowAutomobilReportSeasonsDlg()
 }
 
 void CAutoDBSetting::Archives() { }
+
+void CAutoDBSetting::ShowAutomobilPaymentsDlg()
+{
+    openPage<CDlgOverdueInstalments>();
+}
 
 CAutoDBSetting *GetAutoDBSetting()
 {

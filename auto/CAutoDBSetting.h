@@ -38,6 +38,10 @@ public:
 
     // Does nothing: archiving is done inside each list.
     virtual void Archives();
+
+    // The overdue desk: the unpaid instalments of all contracts, as a tab page of the host. (Behind the others: a host may know these
+    // operations by their positions.)
+    virtual void ShowAutomobilPaymentsDlg();
 };
 
 // The module's single object; the same address on every call. Under C linkage, so that its name in the library is the

@@ -7,6 +7,7 @@
 #include "auto/contracts/ContractFilter.h"
 #include "auto/contracts/FirstContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
+#include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/printing/ContractPrintingDialogs.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
@@ -18,6 +19,7 @@
 #include "auto/lists/WordCells.h"
 #include "auto/reports/income/CDlgAutoFullReport.h"
 #include "auto/settings/ContractSettings.h"
+#include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/persons/PersonFilter.h"
@@ -139,7 +141,10 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(ContractSide::buyer); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
         {u"settings"_s, u"تنظيمات"_s, C::StartsGroup, [this] { editSettings(); }, {}, u":/icons/settings.svg"_s},
         {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s, Access, u"AutoFullReport"_s},
-        {u"receipts"_s, u"دریافت‌های قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::StartsGroup, [this] { showReceipts(); }, {}, u":/icons/receipt.svg"_s, Read, u"Receipts"_s},
+        {u"receipts"_s, u"دریافت‌های قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showReceipts(); }, {}, u":/icons/receipt.svg"_s, Read, u"Receipts"_s},
+        {u"sellerStatement"_s, u"صورتحساب فروشنده"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::seller); }, {}, u":/icons/document.svg"_s},
+        {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},
+        {u"overdue"_s, u"سررسیدهای قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showOverdue(); }, {}, u":/icons/calendar.svg"_s, Access, u"AutomobilPayments"_s},
     };
 }
 
@@ -218,6 +223,24 @@ void CDlgAutomobilContracts::showReceipts()
 {
     CDlgContractReceipts::Show(list()->currentKey(), this);
     refresh();
+}
+
+void CDlgAutomobilContracts::showStatement(int side)
+{
+    CTblAutomobilContracts contract;
+    if (!loadSelected(contract))
+        return;
+    const int person = side == ContractSide::seller ? contract.m_iPersonFirstID : contract.m_iPersonSecondID;
+    if (person == 0)
+        g_pDlgMessage->Show(u"این طرف قرارداد در فهرست اشخاص نیست و صورتحسابی ندارد."_s, this);
+    CDlgAccountDocs::ShowPerson(person, this);
+}
+
+void CDlgAutomobilContracts::showOverdue()
+{
+    CTblAutomobilContracts contract;
+    if (loadSelected(contract))
+        CDlgOverdueInstalments::showContract(contract.number());
 }
 
 void CDlgAutomobilContracts::editSettings()

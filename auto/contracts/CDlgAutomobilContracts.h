@@ -55,6 +55,8 @@ private:
     void printContract();
     void settle(int side);
     void showReceipts();
+    void showStatement(int side);
+    void showOverdue();
     void editSettings();
 
     ContractPrinting m_printing;

@@ -181,6 +181,7 @@ void MainWindow::buildAutoMenu()
     const auto contracts = [this] { m_module->ShowAutomobilContractDlg(); };
     const auto demands = [this] { m_module->ShowAutomobilDemandsDlg(); };
     const auto cars = [this] { m_module->ShowAutomobilInformationsDlg(); };
+    const auto instalments = [this] { m_module->ShowAutomobilPaymentsDlg(); };
     const auto seasons = [this] { m_module->ShowAutomobilReportSeasonsDlg(); };
     constexpr int page = Command::OnStartPage | Command::NeedsModule | Command::OpensPage;
 
@@ -191,6 +192,8 @@ void MainWindow::buildAutoMenu()
                 {u"&گالري اتومبيل"_s, u"car"_s, cars, control(Qt::Key_7), page, u"AutomobilInformations"_s},
                 {u"گ&زارش فصلي"_s, u"money"_s, seasons, control(Qt::Key_9), Command::OnStartPage | Command::NeedsModule,
                  u"AutomobilReportSeasons"_s},
+                {u"&اقساط و سررسیدها"_s, u"calendar"_s, instalments, control(Qt::Key_0), Command::NeedsModule | Command::OpensPage,
+                 u"AutomobilPayments"_s},
             });
 }
 

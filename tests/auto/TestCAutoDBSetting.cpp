@@ -133,6 +133,8 @@ void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages_data()
                              << u"تقاضا"_s;
     QTest::newRow("cars") << Operation(&CAutoDBSetting::ShowAutomobilInformationsDlg) << u"AutomobilInformations"_s
                           << u"گالري اتومبيل"_s;
+    QTest::newRow("overdue desk") << Operation(&CAutoDBSetting::ShowAutomobilPaymentsDlg) << u"AutomobilPayments"_s
+                                  << u"اقساط و سررسیدها"_s;
 }
 
 void TestCAutoDBSetting::listOpenedTwiceIsTwoIndependentPages()

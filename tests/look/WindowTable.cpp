@@ -139,6 +139,7 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
                            list.filters().set(u"description", u"گمشده"_s);
                            list.refill();
                        })});
+    entries.push_back({"overdue", page(office, u"اقساط و سررسیدها"_s)});
     entries.push_back({"demands", page(office, demands)});
     entries.push_back({"cars", page(office, cars)});
     entries.push_back({"persons", page(office, persons)});

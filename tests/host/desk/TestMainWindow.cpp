@@ -169,6 +169,7 @@ void TestMainWindow::menuOfTheModuleStandsToTheLetter()
                           u"تقاضا"_s,
                           u"گالري اتومبيل"_s,
                           u"گزارش فصلي"_s,
+                          u"اقساط و سررسیدها"_s,
                       }));
     QCOMPARE(window.layoutDirection(), QApplication::layoutDirection());
 }
@@ -216,6 +217,8 @@ void TestMainWindow::pagesOpenOnce_data()
                              << "AutomobilDemands";
     QTest::newRow("cars") << "گالري اتومبيل"
                           << "AutomobilInformations";
+    QTest::newRow("instalments") << "اقساط و سررسیدها"
+                                 << "AutomobilPayments";
     QTest::newRow("cash and banks") << "صندوق و بانک"
                                     << "Receipts";
     QTest::newRow("persons") << "اشخاص"

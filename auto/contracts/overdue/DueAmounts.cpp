@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/overdue/DueAmounts.h"
+
+#include "auto/contracts/instalments/InstalmentPlan.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/treasury/CTblReceipts.h"
+
+#include <QList>
+
+#include <vector>
+
+namespace {
+
+struct Plan
+{
+    QList<int> keys;
+    std::vector<double> amounts;
+};
+
+void take(Plan &plan, int decimals, QHash<int, DueAmounts::Amount> &amounts)
+{
+    const std::vector<double> toReceive = amountsToReceive(plan.amounts, decimals);
+    for (qsizetype index = 0; index < plan.keys.size(); ++index)
+        amounts[plan.keys.at(index)].toReceive = toReceive.at(static_cast<size_t>(index));
+    plan = {};
+}
+
+void readPlans(int decimals, int database, QHash<int, DueAmounts::Amount> &amounts)
+{
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery("SELECT ap.iID,ap.iAutomobilContractID,ap.dAmount FROM AutomobilPayments ap JOIN (SELECT DISTINCT iAutomobilContractID id "
+                       "FROM AutomobilPayments WHERE iStatus=0) plans ON plans.id=ap.iAutomobilContractID "
+                       "ORDER BY ap.iAutomobilContractID,ap.date,ap.iID");
+    Plan plan;
+    int contract = 0;
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        if (contract != query.GetLongFieldValue(1))
+            take(plan, decimals, amounts);
+        contract = query.GetLongFieldValue(1);
+        plan.keys.append(query.GetLongFieldValue(0));
+        plan.amounts.push_back(query.GetDoubleFieldValue(2));
+    }
+    take(plan, decimals, amounts);
+}
+
+}
+
+QHash<int, DueAmounts::Amount> DueAmounts::read(int decimals, int database)
+{
+    QHash<int, Amount> amounts;
+    readPlans(decimals, database, amounts);
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(KSql::formatted("SELECT iPaymentID,SUM(IF(iKind=%1,-dAmount,dAmount)) FROM Receipts WHERE iTable=%2 AND iPaymentID>0 "
+                                       "AND iStatus=%3 GROUP BY iPaymentID",
+                                       int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(CTblReceipts::valid)));
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        const auto found = amounts.find(query.GetLongFieldValue(0));
+        if (found != amounts.end())
+            found->received = query.GetDoubleFieldValue(1);
+    }
+    return amounts;
+}

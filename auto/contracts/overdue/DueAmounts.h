@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QHash>
+
+// What is to be received for the instalments that are not paid, and what was received for them.
+namespace DueAmounts {
+
+struct Amount
+{
+    double toReceive = 0; // in the decimals of the money unit; the last of a plan carries what rounding left over
+    double received = 0;  // valid receipts less what was paid back
+};
+
+// By the key of the instalment: of all plans that have an unpaid one, in two statements.
+QHash<int, Amount> read(int decimals, int database = 0);
+
+}
