@@ -108,9 +108,9 @@ void LookOffice::fillCheques()
     const auto bring = [&](int cheque, ChequeState state, int days) {
         ChequeChanging::change({.seen = ChequeChanging::seen(cheque), .to = state, .date = today.addDays(days), .account = Accounts::bank});
     };
-    receive(u"1234567890123456"_s, u"کشاورزی"_s, -10);
-    bring(receive(u"1234567890123457"_s, u"ملی"_s, 20), ChequeState::Deposited, -30);
-    const int bounced = receive(u"1234567890123458"_s, u"قرض‌الحسنه مهر ایران"_s, -5);
+    receive(u"6102345678901236"_s, u"کشاورزی"_s, -10);
+    bring(receive(u"6102345678901237"_s, u"ملی"_s, 20), ChequeState::Deposited, -30);
+    const int bounced = receive(u"6102345678901238"_s, u"قرض‌الحسنه مهر ایران"_s, -5);
     bring(bounced, ChequeState::Deposited, -20);
     bring(bounced, ChequeState::Bounced, -4);
     ChequeChanging::undoLast(ChequeChanging::seen(bounced), u"برگشت در سامانه بانک ثبت نشده بود"_s);

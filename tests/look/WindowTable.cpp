@@ -236,7 +236,7 @@ CTblAutomobilContracts &lastContract(LookOffice &office, CTblAutomobilContracts 
 
 void addCheques(LookOffice &office, std::vector<Entry> &entries)
 {
-    const int first = office.number(u"SELECT MIN(iID) FROM Cheques"_s);
+    const int first = office.number(u"SELECT MIN(iID) FROM Cheques WHERE iKind=0 AND iState=0"_s);
     const int last = office.number(u"SELECT MAX(iID) FROM Cheques"_s);
     entries.push_back({"cheques", page(office, u"چک‌ها"_s)});
     entries.push_back({"cheque-change", window<CDlgChequeChange>(first)});
