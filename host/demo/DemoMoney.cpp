@@ -132,7 +132,7 @@ void DemoMoney::writeCheques(const CTblAutomobilContracts &contract)
                             .recordID = contract.m_iID,
                             .what = ReceiptPurpose::Price,
                             .side = buyerSide,
-                            .text = u"بهای خودرو، قرارداد %1"_s.arg(contract.number())}}};
+                            .text = u"بهای خودرو قرارداد %1، خریدار"_s.arg(contract.number())}}};
         sendOn(ReceiptPosting::save(handover).constFirst().chequeID, due);
     }
 }
