@@ -47,7 +47,7 @@ bool InstalmentQuestions::receive(int contractID, int paymentID, QWidget *parent
     CTblAutomobilContracts contract;
     contract.IsRecordExist(u"iID"_s, contractID);
     QString refusal = refusalOf(contract);
-    const std::vector<StoredInstalments::Row> rows = StoredInstalments::load(contractID);
+    const std::vector<StoredInstalments::Row> rows = StoredInstalments::load(contractID, StoredInstalments::Scope::AllDepartments);
     const auto row = std::ranges::find(rows, paymentID, &StoredInstalments::Row::id);
     if (refusal.isEmpty() && row == rows.cend())
         refusal = u"این قسط دیگر در برنامه اقساط این قرارداد نیست."_s;

@@ -61,7 +61,7 @@ void requireOpen(Target &instalment)
     ContractLock::take(contract, instalment.contractID);
     if (contract.m_iStatus == 1)
         throw KAccountingError(u"این قرارداد باطل شده است."_s);
-    const std::vector<StoredInstalments::Row> rows = StoredInstalments::loadLocked(instalment.contractID);
+    const std::vector<StoredInstalments::Row> rows = StoredInstalments::loadLocked(instalment.contractID, StoredInstalments::Scope::AllDepartments);
     const auto row = std::ranges::find(rows, instalment.paymentID, &StoredInstalments::Row::id);
     if (row == rows.cend())
         throw KAccountingError(u"قسط شماره %1 دیگر در برنامه اقساط این قرارداد نیست. چیزی ثبت نشد."_s.arg(instalment.number));

@@ -21,6 +21,7 @@
 #include <QHash>
 
 #include <cmath>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -73,14 +74,21 @@ QHash<int, double> receivedFor(int contractID, bool locked)
     return received;
 }
 
+// The plan of each department is one of its own.
 void setDues(std::vector<StoredInstalments::Row> &rows)
 {
-    std::vector<double> amounts;
+    std::map<int, std::vector<double>> amounts;
     for (const StoredInstalments::Row &row : rows)
-        amounts.push_back(row.amount);
-    const std::vector<double> dues = amountsToReceive(amounts, GetDBSetting()->MoneyDecimals());
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        rows[i].due = dues[i];
+        amounts[row.departmentID].push_back(row.amount);
+    const int decimals = GetDBSetting()->MoneyDecimals();
+    for (auto &[department, ofPlan] : amounts) {
+        const std::vector<double> dues = amountsToReceive(ofPlan, decimals);
+        auto due = dues.cbegin();
+        for (StoredInstalments::Row &row : rows) {
+            if (row.departmentID == department)
+                row.due = *due++;
+        }
+    }
 }
 
 StoredInstalments::Row rowOf(const CTblTemp &found)
@@ -98,16 +106,19 @@ StoredInstalments::Row rowOf(const CTblTemp &found)
     row.months = found.GetLongFieldValue(9);
     row.monthlyRate = found.GetLongFieldValue(10) != 0;
     row.method = found.GetLongFieldValue(11) == decliningLevel ? InterestMethod::DecliningPrincipal : InterestMethod::WholePrincipal;
+    row.departmentID = found.GetLongFieldValue(12);
     return row;
 }
 
-std::vector<StoredInstalments::Row> rowsWhere(const KSql &condition, int contractID, bool locked)
+std::vector<StoredInstalments::Row> rowsOf(int contractID, StoredInstalments::Scope scope, bool locked)
 {
+    const KSql condition =
+        scope == StoredInstalments::Scope::Department ? ofContract(contractID) : KSql::formatted("iAutomobilContractID=%1", contractID);
     const QHash<int, double> received = receivedFor(contractID, locked);
     std::vector<StoredInstalments::Row> rows;
     CTblTemp found;
     found.Open(true, false, true);
-    found.ExecuteQuery("SELECT iID,iNum,date,dAmount,dExtra,sDesc,iStatus,iPersonID,iDays,iMonths,bPercentMonthly,iLevel FROM AutomobilPayments"
+    found.ExecuteQuery("SELECT iID,iNum,date,dAmount,dExtra,sDesc,iStatus,iPersonID,iDays,iMonths,bPercentMonthly,iLevel,iDepartmentID FROM AutomobilPayments"
                        " WHERE "
                        + condition + " ORDER BY date,iID" + locking(locked));
     for (; found.HasResultRow(); found.MoveNextResult()) {
@@ -174,14 +185,14 @@ void addInstalment(CTblAutomobilPayments &payment, const StoredInstalments::Owne
 
 }
 
-std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID)
+std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID, Scope scope)
 {
-    return rowsWhere(ofContract(contractID), contractID, false);
+    return rowsOf(contractID, scope, false);
 }
 
-std::vector<StoredInstalments::Row> StoredInstalments::loadLocked(int contractID)
+std::vector<StoredInstalments::Row> StoredInstalments::loadLocked(int contractID, Scope scope)
 {
-    return rowsWhere(ofContract(contractID), contractID, true);
+    return rowsOf(contractID, scope, true);
 }
 
 QString StoredInstalments::lastChange(int contractID)
@@ -328,10 +339,7 @@ void StoredInstalments::setPaid(int paymentID, bool paid)
 
 void StoredInstalments::recount(int contractID, int paymentID)
 {
-    // The plan that the instalment is in: another department may have one of its own.
-    const KSql plan = KSql::formatted("iAutomobilContractID=%1 AND iDepartmentID<=>(SELECT q.iDepartmentID FROM AutomobilPayments q WHERE q.iID=%2 LOCK IN SHARE MODE)",
-                                      contractID, paymentID);
-    for (const Row &row : rowsWhere(plan, contractID, true)) {
+    for (const Row &row : loadLocked(contractID, Scope::AllDepartments)) {
         const bool whole = InstalmentState::of(row.due, row.received, false).kind == InstalmentState::Paid;
         if (row.id == paymentID && whole != row.paid)
             setPaid(paymentID, whole);

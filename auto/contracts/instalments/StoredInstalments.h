@@ -16,13 +16,13 @@
 
 class CTblAutomobilContracts;
 
-// The instalments of a contract as the database keeps them. Where the office works by departments and one is current, only
-// those of that department.
+// The instalments of a contract as the database keeps them.
 namespace StoredInstalments {
 
 struct Row
 {
-    int id = 0;     // key of the payment
+    int id = 0; // key of the payment
+    int departmentID = 0;
     int number = 0; // from 1
     QDateTime date; // when it is due
     double amount = 0;
@@ -40,10 +40,14 @@ struct Row
     InstalmentState state() const { return InstalmentState::of(due, received, paid); }
 };
 
+enum class Scope {
+    Department,    // where one is current, only its instalments: a plan as its window shows it
+    AllDepartments // all instalments of the contract: what money is received for
+};
 // In the order of their dates.
-std::vector<Row> load(int contractID);
+std::vector<Row> load(int contractID, Scope scope = Scope::Department);
 // The same within a transaction that holds the contract's lock: as they are now, and so until it ends.
-std::vector<Row> loadLocked(int contractID);
+std::vector<Row> loadLocked(int contractID, Scope scope = Scope::Department);
 // What agrees with the contract, or does not. principal: what is to be split now. There must be a row.
 PlanFigures figuresOf(const std::vector<Row> &rows, double principal);
 
@@ -74,7 +78,7 @@ struct Owner
     int personID = 0;
 };
 
-// Replaces the contract's earlier plan, of which the user saw the rows with these keys, by the new one: all of it, or nothing.
+// Replaces the contract's earlier plan in the current department, of which the user saw the rows with these keys, by the new one: all of it, or nothing.
 // The contract's document follows, where it holds the sale. Throws Changed; and KAccountingError when something was received for an
 // instalment by now, or the contract is gone.
 void save(const Owner &owner, const QList<int> &seen, const InstalmentTerms &terms, const InstalmentPlan &plan);

@@ -80,7 +80,7 @@ public:
         if (ContractPosting::holdsSale(contract))
             add(pricePurpose(contract, ContractSide::buyer),
                 contract.m_dFixAmount + contract.m_dAgreeAmount - priceHandedOver(contract.m_iID, ContractSide::buyer, CTblReceipts::received), {});
-        for (const StoredInstalments::Row &row : StoredInstalments::load(contract.m_iID))
+        for (const StoredInstalments::Row &row : StoredInstalments::load(contract.m_iID, StoredInstalments::Scope::AllDepartments))
             add(InstalmentReceiving::purpose({contract.m_iID, contract.number(), row.id, row.number, row.received}), row.state().rest, row.date);
     }
 
