@@ -9,17 +9,32 @@
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
+#include "auto/contracts/receipts/ReceiptLinking.h"
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 
+#include <QLoggingCategory>
+
 #include <new>
 
 namespace {
 
+Q_LOGGING_CATEGORY(lcModule, "tzauto.module")
+
 CAutoDBSetting autoDBSetting;
+
+// Without it older receipts stay on account until the next start; the module works all the same.
+void linkReceipts()
+{
+    try {
+        ReceiptLinking::run();
+    } catch (const CMySQLException &error) {
+        qCWarning(lcModule) << "older receipts were not linked:" << error.what();
+    }
+}
 
 // Passes the page to the host, which then owns it; the page is null when there was no memory for one.
 template <class Page>
@@ -55,6 +70,8 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
     ContractReceiptOwner::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
+        if (database == 0)
+            linkReceipts();
         return 1;
     } catch (const CMySQLException &) {
         g_pDlgWarning->Show(QString::asprintf("عملیات ارتقاء پایگاه داده Auto با خطا مواجه شد\nنسخه برنامه : %f\nارتقاء بدون مشکل تا %f.",
