@@ -539,6 +539,11 @@ void CDlgCalcPayment::receiveSelected()
     if (!m_confirmed || key <= 0)
         return;
     InstalmentQuestions::receive(m_contractID, key, this);
+    CTblAutomobilContracts contract;
+    contract.SetColumns({u"iPersonSecondID"_s});
+    // A buyer typed in by hand may have become a person.
+    if (m_personID < 1 && contract.IsRecordExist(u"iID"_s, m_contractID))
+        m_personID = contract.m_iPersonSecondID;
     // Also when nothing was received here: somebody else may have received it.
     loadPlan();
     m_list->selectRow(row);

@@ -213,6 +213,43 @@ private Q_SLOTS:
         QCOMPARE(dialog.list()->cellText(1, 4), u"پرداخت شده"_s);
     }
 
+    void buyerTypedByHandIsEnteredOnTheSpot_data()
+    {
+        QTest::addColumn<bool>("entered");
+        QTest::newRow("entered") << true;
+        QTest::newRow("left") << false;
+    }
+
+    void buyerTypedByHandIsEnteredOnTheSpot()
+    {
+        QFETCH(bool, entered);
+        m_office->database().run(u"UPDATE AutomobilContracts SET iPersonSecondID=0,iPersonContract2=2,sName2='زهرا نوری',sMobile2='09121112233'"_s);
+        m_office->database().run(u"UPDATE AutomobilPayments SET iPersonID=0"_s);
+        CDlgCalcPayment dialog(m_contract->key, 0, 0);
+        dialog.list()->selectRow(0);
+        g_pDlgYesNo->answerNext(entered ? KMessageDialog::Yes : KMessageDialog::No);
+        if (entered) {
+            TestOffice::whenModal("CDlgAddPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+            TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        }
+        dialog.receiveSelected();
+        const QString person = value(u"SELECT iPersonSecondID FROM AutomobilContracts"_s);
+        QCOMPARE(person != u"0"_s, entered);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(iPersonID) FROM Receipts"_s), entered ? person : QString());
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(DISTINCT iPersonID) FROM AutomobilPayments"_s), person);
+        QCOMPARE(mark(1), entered ? u"1"_s : u"0"_s);
+    }
+
+    void contractWithoutABuyerSaysSo()
+    {
+        m_office->database().run(u"UPDATE AutomobilContracts SET iPersonSecondID=0,iPersonContract2=1,sName2=''"_s);
+        CDlgCalcPayment dialog(m_contract->key, 0, 0);
+        dialog.list()->selectRow(0);
+        dialog.receiveSelected();
+        QVERIFY(g_pDlgWarning->takeShown().join(u'|').contains(u"خریداری ندارد"_s));
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
+    }
+
     void lateFeeHasAColumnWhereTheOfficeTakesOne()
     {
         ContractSettings settings = ContractSettings::load();

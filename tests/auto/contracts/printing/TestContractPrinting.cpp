@@ -66,10 +66,22 @@ class TestContractPrinting : public QObject
     QString m_choice; // what the person answers when asked for a template
     int m_asked = 0;
     bool m_dialogstopOpens = true;
+    QStringList m_disagreements;
+    bool m_goesOn = true;
 
     QString templates() const { return m_folder->filePath(u"AutomobileDocx"_s); }
     QString temporary() const { return m_folder->filePath(u"temporary"_s); }
     QString templatePath(const QString &name) const { return templates() + u'/' + name; }
+
+    // An instalment sale of 2000, which splits 1200 of it into instalments.
+    int addWithPlan()
+    {
+        const int contract = PrintedContracts::add(*m_office, 2);
+        m_office->database().run(u"UPDATE AutomobilContracts SET dAmount=2000,dFixAmount=500,dAgreeAmount=300,iPersonSecondID=0 WHERE iID=%1"_s.arg(contract));
+        m_office->database().run(u"INSERT INTO AutomobilPayments(iDepartmentID,iAutomobilContractID,iPersonID,iNum,dAmount,dExtra,iMonths,iStatus,date) "
+                                 "VALUES((SELECT MIN(iID) FROM Departments),%1,0,1,1200,0,1,0,NOW())"_s.arg(contract));
+        return contract;
+    }
 
     bool print(int contract)
     {
@@ -82,6 +94,10 @@ class TestContractPrinting : public QObject
         dialogs.open = [this](const QString &path) {
             m_opened << path;
             return m_dialogstopOpens;
+        };
+        dialogs.goOn = [this](const QString &disagreement) {
+            m_disagreements << disagreement;
+            return m_goesOn;
         };
         return ContractPrinting(dialogs, {templates(), temporary()}).print(contract);
     }
@@ -121,6 +137,8 @@ private Q_SLOTS:
         m_choice.clear();
         m_asked = 0;
         m_dialogstopOpens = true;
+        m_disagreements.clear();
+        m_goesOn = true;
     }
 
     void contractIsPrintedFromTheTemplateOfItsType_data()
@@ -472,6 +490,31 @@ private Q_SLOTS:
         QVERIFY(print(contract));
         TemporaryFolders::removeLeft(temporary());
         QVERIFY(QFile::exists(m_opened.first()));
+    }
+
+    void planThatAgreesIsNotAskedAbout()
+    {
+        QVERIFY(print(addWithPlan()));
+        QVERIFY(m_disagreements.isEmpty());
+    }
+
+    void contractThatItsPlanDoesNotAgreeWithIsAskedAbout_data()
+    {
+        QTest::addColumn<bool>("goesOn");
+        QTest::newRow("printed") << true;
+        QTest::newRow("not printed") << false;
+    }
+
+    void contractThatItsPlanDoesNotAgreeWithIsAskedAbout()
+    {
+        QFETCH(bool, goesOn);
+        m_goesOn = goesOn;
+        const int contract = addWithPlan();
+        m_office->database().run(u"UPDATE AutomobilContracts SET dAmount=2600"_s);
+        QCOMPARE(print(contract), goesOn);
+        QCOMPARE(m_disagreements.size(), 1);
+        QVERIFY2(m_disagreements.constFirst().contains(u"1,800"_s), qPrintable(m_disagreements.constFirst()));
+        QCOMPARE(m_opened.size(), goesOn ? 1 : 0);
     }
 };
 
