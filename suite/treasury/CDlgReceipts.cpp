@@ -3,6 +3,7 @@
 
 #include "suite/treasury/CDlgReceipts.h"
 
+#include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -113,6 +114,7 @@ std::vector<KListCommand> CDlgReceipts::commands()
         {u"show"_s, u"نمایش"_s, C::NeedsRow, [this] { showReceipt(); }, {}, u":/icons/show.svg"_s, Read},
         {u"printReceipt"_s, u"چاپ رسید"_s, C::NeedsRow, [this] { printReceipt(); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), u":/icons/print.svg"_s, Read},
         {u"showDocument"_s, u"نمایش سند"_s, C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, u":/icons/document.svg"_s, Read, u"Documents"_s},
+        {u"statement"_s, u"صورتحساب"_s, C::NeedsRow, [this] { showStatement(); }, QKeySequence(Qt::Key_F6), u":/icons/table.svg"_s, Read},
         printCommand(C::StartsGroup),
     };
 }
@@ -171,6 +173,13 @@ void CDlgReceipts::showDocument()
     CTblReceipts receipt;
     if (loadSelected(receipt))
         CDlgShowDocument::Show(receipt.m_iDocNum, receipt.m_iFiscalYear, this);
+}
+
+void CDlgReceipts::showStatement()
+{
+    CTblReceipts receipt;
+    if (loadSelected(receipt))
+        CDlgAccountDocs::ShowPerson(receipt.m_iPersonID, this);
 }
 
 void CDlgReceipts::voidReceipt()

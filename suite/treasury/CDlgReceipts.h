@@ -32,5 +32,6 @@ private:
     void showReceipt();
     void printReceipt();
     void showDocument();
+    void showStatement();
     void voidReceipt();
 };

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void chequeGoesWithItsReceipts();
     void showOpensEverything();
     void receiptGoesOnPaper();
+    void statementIsThatOfThePerson();
     void rightsOfEachCommand_data();
     void rightsOfEachCommand();
     void withoutTheRightThePageIsRefused();
@@ -307,6 +308,16 @@ void TestCDlgReceipts::receiptGoesOnPaper()
     Hand::inNextWindow([&title](QDialog *window) { title = window->windowTitle(); });
     QVERIFY(page.runCommand(u"printReceipt"));
     QCOMPARE(title, u"پیش نمایش چاپ - رسید پرداخت"_s);
+}
+
+void TestCDlgReceipts::statementIsThatOfThePerson()
+{
+    CDlgReceipts page;
+    select(page, key(1));
+    QString title;
+    Hand::inNextWindow([&title](QDialog *window) { title = window->windowTitle(); });
+    QVERIFY(page.runCommand(u"statement"));
+    QVERIFY2(title.contains(u"صورتحساب"_s) && title.contains(u"پارس خودرو"_s), qPrintable(title));
 }
 
 void TestCDlgReceipts::rightsOfEachCommand_data()

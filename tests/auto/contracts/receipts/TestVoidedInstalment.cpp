@@ -1,29 +1,48 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/contracts/instalments/InstalmentReceiving.h"
+#include "suite/accounting/books/chart/Accounts.h"
+#include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/treasury/CDlgReceipts.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "tests/auto/contracts/receipts/PostedContract.h"
+#include "tests/auto/contracts/PlannedContract.h"
+#include "tests/support/BooksAgree.h"
 #include "tests/support/Hand.h"
 #include "tests/support/NamedWidget.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
-// An instalment's receipt that is made void in the list of receipts.
+// Instalments that are received in the window of receipts and made void in their list.
 class TestVoidedInstalment : public QObject
 {
     Q_OBJECT
 
     std::unique_ptr<TestOffice> m_office;
-    std::unique_ptr<PostedContract> m_contract;
+    std::unique_ptr<PlannedContract> m_contract;
 
     QString value(const QString &statement) { return m_office->database().value(statement); }
+    double rest(int number) const { return m_contract->row(number).state().rest; }
+    QString mark(int number) { return value(u"SELECT iStatus FROM AutomobilPayments WHERE iNum=%1"_s.arg(number)); }
+    int receiptOf(int number) { return value(u"SELECT MAX(iID) FROM Receipts WHERE iPaymentID=%1"_s.arg(m_contract->row(number).id)).toInt(); }
+
+    static void makeVoid(int receipt)
+    {
+        CDlgReceipts page;
+        page.open();
+        QVERIFY(page.list()->selectKey(receipt));
+        Hand::inNextWindow([](QDialog *window) {
+            named<KEdit>(*window, u"دلیل :"_s)->setText(u"مبلغ اشتباه بود"_s);
+            window->accept();
+        });
+        QVERIFY(page.runCommand(u"void"));
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    }
 
 private Q_SLOTS:
     void initTestCase() { m_office = std::make_unique<TestOffice>(); }
@@ -35,36 +54,65 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
-        m_contract = std::make_unique<PostedContract>(*m_office);
+        m_contract = std::make_unique<PlannedContract>(*m_office);
     }
 
-    void isOpenAgainAndReceivedOnceMore()
+    void voidedOneIsOpenAgainAndReceivedOnceMore()
     {
-        m_office->database().run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID,iNum,dAmount,iStatus,date) "
-                                 "VALUES(%1,%2,3,700,0,NOW())"_s.arg(m_contract->key)
-                                     .arg(m_contract->buyer));
-        const int payment = value(u"SELECT MAX(iID) FROM AutomobilPayments"_s).toInt();
-        const QString state = u"SELECT iStatus FROM AutomobilPayments WHERE iID=%1"_s.arg(payment);
-        PostedContract::receive(m_contract->buyer, 700, u"قسط"_s, InstalmentReceiving::purpose(m_contract->key, payment, 3));
-        QCOMPARE(value(state), u"1"_s);
-        const int receipt = value(u"SELECT MAX(iID) FROM Receipts"_s).toInt();
-
-        CDlgReceipts page;
-        page.open();
-        QVERIFY(page.list()->selectKey(receipt));
-        QVERIFY(page.list()->cellText(page.list()->currentRow(), u"for").startsWith(u"قسط 3 قرارداد "_s));
-        Hand::inNextWindow([](QDialog *window) {
-            named<KEdit>(*window, u"دلیل :"_s)->setText(u"مبلغ اشتباه بود"_s);
-            window->accept();
-        });
-        QVERIFY(page.runCommand(u"void"));
-        QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
-        QCOMPARE(value(state), u"0"_s);
+        const int receipt = m_contract->receive(3, 112);
+        QCOMPARE(mark(3), u"1"_s);
+        makeVoid(receipt);
+        QCOMPARE(mark(3), u"0"_s);
+        QCOMPARE(rest(3), 112.);
         QCOMPARE(value(u"SELECT CONCAT_WS('|',iStatus,sVoidReason) FROM Receipts WHERE iID=%1"_s.arg(receipt)), u"1|مبلغ اشتباه بود"_s);
+        m_contract->receive(3, 112);
+        QCOMPARE(mark(3), u"1"_s);
+        QCOMPARE(value(u"SELECT SUM(dAmount) FROM Receipts WHERE iStatus=0"_s), u"112"_s);
+    }
 
-        PostedContract::receive(m_contract->buyer, 700, u"قسط"_s, InstalmentReceiving::purpose(m_contract->key, payment, 3));
-        QCOMPARE(value(state), u"1"_s);
-        QCOMPARE(value(u"SELECT SUM(dAmount) FROM Receipts WHERE iStatus=0 AND iPaymentID=%1"_s.arg(payment)), u"700"_s);
+    void surplusGoesToTheNextAndIsVoidedByItself()
+    {
+        CDlgCashFromPerson window({.personID = m_contract->buyer, .amount = 150, .purpose = m_contract->purpose(2)});
+        window.accept();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+        const QStringList asked = g_pDlgYesNo->takeShown();
+        QCOMPARE(asked.size(), 1);
+        QVERIFY2(asked.constFirst().contains(u"قسط 3 "_s) && asked.constFirst().contains(u" : 38 "_s), qPrintable(asked.constFirst()));
+        QCOMPARE(mark(2), u"1"_s);
+        QCOMPARE(rest(3), 74.);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"2/0/0"_s);
+        makeVoid(receiptOf(3));
+        QCOMPARE(mark(2), u"1"_s);
+        QCOMPARE(rest(3), 112.);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
+    }
+
+    void openItemsOfTheBuyerAreOfferedInTheirOrder()
+    {
+        m_contract->receive(1, 112);
+        CDlgCashFromPerson window({.personID = m_contract->buyer});
+        auto *items = named<QComboBox>(window, u"بابت :"_s);
+        QStringList instalments;
+        for (int i = 0; i < items->count(); ++i) {
+            if (items->itemText(i).startsWith(u"قسط"_s))
+                instalments.append(items->itemText(i).section(u' ', 1, 1));
+        }
+        QCOMPARE(instalments.join(u' '), u"2 3 4 5 6 7 8 9 10 11 12"_s);
+        items->setCurrentIndex(items->findText(u"قسط 2 "_s, Qt::MatchStartsWith));
+        QCOMPARE(named<KEdit>(window, u"مبلغ :"_s)->text(), u"112"_s);
+    }
+
+    // The other desk is faster.
+    void instalmentReceivedElsewhereIsTaken()
+    {
+        CDlgCashFromPerson window({.personID = m_contract->buyer, .purpose = m_contract->purpose(2)});
+        window.show();
+        m_contract->receive(2, 112);
+        window.accept();
+        QVERIFY(window.isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(value(u"SELECT SUM(dAmount) FROM Receipts WHERE iStatus=0"_s), u"112"_s);
+        window.cancel();
     }
 };
 
