@@ -13,7 +13,7 @@
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/treasury/CDlgReceiptPaper.h"
 #include "suite/treasury/ChequeFields.h"
-#include "suite/treasury/ReceiptOwners.h"
+#include "suite/treasury/OpenItemField.h"
 #include "suite/treasury/ReceiptSpread.h"
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -74,7 +74,7 @@ CDlgCashFromPerson::CDlgCashFromPerson(const Start &start, QWidget *parent)
     , m_settings(OfficeSettings::read())
     , m_start(start)
     , m_person(new KPersonField(u"شخص :"_s))
-    , m_for(new KDropDown)
+    , m_for(new OpenItemField(start.kind))
     , m_amount(new KEdit(KEdit::Kind::Money))
     , m_words(new AmountWords)
     , m_desc(new KEdit)
@@ -162,10 +162,7 @@ QHBoxLayout *CDlgCashFromPerson::buildAmount()
 
 void CDlgCashFromPerson::connectFields()
 {
-    connect(m_person, &KPersonField::changed, this, [this] {
-        m_for->setCurrentIndex(0); // what was chosen is another person's
-        loadItems();
-    });
+    connect(m_person, &KPersonField::changed, this, &CDlgCashFromPerson::personChosen);
     connect(m_for, &QComboBox::currentIndexChanged, this, &CDlgCashFromPerson::itemChosen);
     connect(m_amount, &KEdit::numberChanged, this, &CDlgCashFromPerson::showWords);
     connect(m_method, &QComboBox::currentIndexChanged, this, &CDlgCashFromPerson::methodChosen);
@@ -184,7 +181,9 @@ void CDlgCashFromPerson::begin()
     m_desc->setText(m_start.desc);
     // What is received is what the line shows.
     m_amount->setNumber(roundToDecimals(m_start.amount, m_settings.moneyDecimals()));
-    loadItems();
+    if (m_start.purpose.recordKind != 0)
+        m_for->setFixed(m_start.purpose, m_start.desc);
+    personChosen();
     methodChosen();
     showWords(m_amount->number());
     if (isPersonKnown)
@@ -193,46 +192,19 @@ void CDlgCashFromPerson::begin()
         m_person->setFocus();
 }
 
-void CDlgCashFromPerson::loadItems()
+void CDlgCashFromPerson::personChosen()
 {
-    const bool isFixed = m_start.purpose.recordKind != 0;
-    const ReceiptPurpose before = purpose();
-    const bool wasChosen = before.recordKind != 0;
-    m_items = ReceiptOwners::openItems(m_person->personID(), m_start.kind);
     m_cheque->setDrawerHint(m_person->name());
-    {
-        const QSignalBlocker quiet(m_for);
-        m_for->clear();
-        m_for->addItem(isFixed && !m_start.purpose.text.isEmpty() ? m_start.purpose.text : isFixed ? m_start.desc
-                                                                                                   : onAccount());
-        for (const OpenItem &item : std::as_const(m_items)) {
-            if (isFixed)
-                break;
-            m_for->addItem(item.purpose.text);
-            // What was to be paid and is no longer open must not become money on account unseen.
-            if (wasChosen && ReceiptSpread::isSame(item.purpose, before))
-                m_for->setCurrentIndex(m_for->count() - 1);
-        }
-        if (!isFixed && wasChosen && m_for->currentIndex() == 0)
-            m_for->setCurrentIndex(-1);
-    }
-    m_for->setEnabled(!isFixed);
-    itemChosen();
-}
-
-ReceiptPurpose CDlgCashFromPerson::purpose() const
-{
-    if (m_start.purpose.recordKind != 0)
-        return m_start.purpose;
-    const int item = m_for->currentIndex() - 1;
-    return item >= 0 && item < m_items.size() ? m_items.at(item).purpose : ReceiptPurpose();
+    m_for->setPerson(m_person->personID());
 }
 
 void CDlgCashFromPerson::itemChosen()
 {
-    const ReceiptPurpose chosen = purpose();
-    const OpenItem *item = ReceiptSpread::find(m_items, chosen);
+    const ReceiptPurpose chosen = m_for->purpose();
+    const OpenItem *item = m_for->item();
     showRest();
+    if (!m_for->isChosen())
+        return;
     describe(chosen.recordKind != 0 ? u"بابت %1"_s.arg(chosen.text)
                                     : u"%1 %2"_s.arg(CTblReceipts::kindName(m_start.kind), onAccount()));
     // What the user typed stays.
@@ -255,7 +227,7 @@ void CDlgCashFromPerson::describe(const QString &text)
 void CDlgCashFromPerson::showRest()
 {
     QStringList texts;
-    if (const OpenItem *item = ReceiptSpread::find(m_items, purpose())) {
+    if (const OpenItem *item = m_for->item()) {
         texts.append(u"مانده %1 %2"_s.arg(DToMoney(item->rest), m_settings.moneyUnitName()));
         if (item->due.isValid())
             texts.append(u"سررسید %1"_s.arg(shamsiText(item->due.date())));
@@ -321,7 +293,7 @@ bool CDlgCashFromPerson::checkEntries()
 {
     if (m_person->personID() == 0)
         return refuse(u"لطفا شخص را انتخاب نمایید."_s, m_person);
-    if (m_for->currentIndex() < 0)
+    if (!m_for->isChosen())
         return refuse(u"آنچه انتخاب شده بود دیگر باز نیست. لطفا «بابت» را انتخاب نمایید."_s, m_for);
     if (!m_amount->isEntryValid())
         return refuse(m_amount->entryError(), m_amount);
@@ -343,7 +315,7 @@ bool CDlgCashFromPerson::mayGoOn(double surplus)
 {
     const QString unit = m_settings.moneyUnitName();
     QString question = u"مبلغ %1 %2 بیشتر از مانده «%3» است. آیا مازاد چنین ثبت شود؟"_s.arg(DToMoney(surplus), unit, m_for->currentText());
-    const QList<ReceiptSpread::Share> shares = ReceiptSpread::of(m_amount->number(), purpose(), m_items);
+    const QList<ReceiptSpread::Share> shares = ReceiptSpread::of(m_amount->number(), m_for->purpose(), m_for->items());
     for (qsizetype i = 1; i < shares.size(); ++i)
         question += u"\n%1 : %2 %3"_s.arg(textOf(shares.at(i).purpose), DToMoney(shares.at(i).amount), unit);
     if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes)
@@ -356,7 +328,7 @@ bool CDlgCashFromPerson::mayGoOn(double surplus)
 QList<ReceiptPosting::Part> CDlgCashFromPerson::parts() const
 {
     QList<ReceiptPosting::Part> parts;
-    for (const ReceiptSpread::Share &share : ReceiptSpread::of(m_amount->number(), purpose(), m_items)) {
+    for (const ReceiptSpread::Share &share : ReceiptSpread::of(m_amount->number(), m_for->purpose(), m_for->items())) {
         const QString desc = parts.isEmpty() ? m_desc->text() : u"مازاد %1، بابت %2"_s.arg(m_for->currentText(), textOf(share.purpose));
         parts.append({share.amount, desc.left(CTblReceipts::longestDescription), share.purpose});
     }
@@ -384,7 +356,7 @@ bool CDlgCashFromPerson::OnOK()
 {
     if (!checkEntries())
         return false;
-    const double surplus = ReceiptSpread::surplus(m_amount->number(), purpose(), m_items);
+    const double surplus = ReceiptSpread::surplus(m_amount->number(), m_for->purpose(), m_for->items());
     if (surplus > 0 && !mayGoOn(surplus))
         return false;
     try {
@@ -394,7 +366,7 @@ bool CDlgCashFromPerson::OnOK()
     } catch (const KAccountingError &error) {
         refuse(error.userMessage(), m_amount);
         // Another desk may have received for the same.
-        loadItems();
+        m_for->reload();
         return false;
     }
     WriteSetting(settingName, printKey, m_print->isChecked() ? 1 : 0);

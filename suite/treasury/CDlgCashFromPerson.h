@@ -5,7 +5,6 @@
 
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
-#include "suite/treasury/OpenItem.h"
 #include "suite/treasury/ReceiptPosting.h"
 #include "suite/treasury/TzTreasuryExport.h"
 #include "suite/utility/frame/KDialog.h"
@@ -15,6 +14,7 @@ class ChequeFields;
 class KDateEdit;
 class KEdit;
 class KPersonField;
+class OpenItemField;
 class QCheckBox;
 class QHBoxLayout;
 class QComboBox;
@@ -64,7 +64,7 @@ private:
     void begin();
     void methodChosen();
     void fillAccounts();
-    void loadItems();
+    void personChosen();
     void itemChosen();
     void describe(const QString &text);
     void showRest();
@@ -73,7 +73,6 @@ private:
     bool checkEntries();
     QWidget *fieldOf(const QString &column) const;
     CTblReceipts::Method method() const;
-    ReceiptPurpose purpose() const;
     bool mayGoOn(double surplus);
     ReceiptPosting::Handover handover() const;
     QList<ReceiptPosting::Part> parts() const;
@@ -81,12 +80,11 @@ private:
 
     const OfficeSettings m_settings; // as they were when the window was opened
     const Start m_start;
-    QList<OpenItem> m_items; // of the person
     QString m_proposedDesc;
     double m_proposedAmount = 0;
     QList<ReceiptPosting::Posted> m_posted;
     KPersonField *m_person;
-    QComboBox *m_for;
+    OpenItemField *m_for;
     KEdit *m_amount;
     AmountWords *m_words;
     KEdit *m_desc;
