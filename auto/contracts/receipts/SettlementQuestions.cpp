@@ -35,7 +35,7 @@ QString settledQuestion(const CTblAutomobilContracts &contract, const ContractSi
 {
     const QString received = DToMoney(due.received) + u' ' + OfficeSettings::read().moneyUnitName();
     const QString state = due.isSettled()
-        ? u"%1 قرارداد %2 تسویه شده است و %3 از او دریافت شده است."_s
+        ? u"حساب %1 قرارداد %2 تسویه شده است و %3 از او دریافت شده است."_s
         : u"سند قرارداد %2 از %1 کمیسیونی نمی‌خواهد؛ تا کنون %3 از او دریافت شده است."_s;
     return state.arg(ContractSide::nameOf(side.number), QString::number(contract.number()), received) + u" آیا مبلغ دیگری دریافت شود؟"_s;
 }
