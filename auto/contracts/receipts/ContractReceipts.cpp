@@ -5,8 +5,10 @@
 
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/contracts/parties/ContractSide.h"
+#include "auto/contracts/receipts/ContractDues.h"
 #include "auto/db/ContractLock.h"
 #include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/db/CTblTemp.h"
@@ -16,6 +18,7 @@
 #include "suite/utility/values/Money.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -93,8 +96,25 @@ struct SeenCommission
     int contractID = 0;
     int side = 0;
     int personID = 0;
-    int receiptID = 0; // the newest
+    int receiptID = 0;               // the newest
+    std::array<double, 2> charged{}; // by the document, and as it is stated
 };
+
+std::array<double, 2> chargedOf(const CTblAutomobilContracts &contract, int side)
+{
+    return {ContractDues::charged(contract, side, false), ContractDues::charged(contract, side, true)};
+}
+
+// The amount that was proposed follows from what the contract charged then.
+void requireChargeAsSeen(const CTblAutomobilContracts &contract, SeenCommission &seen)
+{
+    const std::array<double, 2> now = chargedOf(contract, seen.side);
+    if (IsEquals(now[0], seen.charged[0]) && IsEquals(now[1], seen.charged[1]))
+        return;
+    seen.charged = now;
+    throw KAccountingError(u"%1 مبلغی را که %2 این قرارداد باید بپردازد در این میان تغییر داده است. چیزی ثبت نشد؛ مبلغ را بررسی کنید و دوباره «تایید» را بزنید."_s.arg(
+        RowChanged::lastChange(contract.GetTableName(), contract.m_iID, contract.database()), ContractSide::nameOf(seen.side)));
+}
 
 void requireCommissionDue(SeenCommission &seen)
 {
@@ -104,6 +124,7 @@ void requireCommissionDue(SeenCommission &seen)
         throw KAccountingError(u"این قرارداد باطل شده است."_s);
     if (contract.*(ContractSide::of(seen.side).personID) != seen.personID)
         throw KAccountingError(u"%1 این قرارداد در این میان شخص دیگری شده است. چیزی ثبت نشد."_s.arg(ContractSide::nameOf(seen.side)));
+    requireChargeAsSeen(contract, seen);
     const std::unique_ptr<CTblReceipts> newest = newestCommission(seen.contractID, seen.side, seen.personID, contract.database());
     if (newest->m_iID <= seen.receiptID)
         return;
@@ -151,7 +172,7 @@ ReceiptPurpose ContractReceipts::commission(const CTblAutomobilContracts &contra
     const int personID = contract.*(ContractSide::of(side).personID);
     // Told once: whoever then still receives it means another receipt.
     auto seen = std::make_shared<SeenCommission>(SeenCommission{
-        contract.m_iID, side, personID, newestCommission(contract.m_iID, side, personID, contract.database())->m_iID});
+        contract.m_iID, side, personID, newestCommission(contract.m_iID, side, personID, contract.database())->m_iID, chargedOf(contract, side)});
     return {.recordKind = contractKind,
             .recordID = contract.m_iID,
             .what = ReceiptPurpose::Commission,

@@ -47,8 +47,8 @@ double sum(const QList<Entry> &entries, int kind = CTblReceipts::received);
 // The text that settling proposes for a receipt; number: CTblAutomobilContracts::number.
 QString commissionText(int number);
 // For the commission of that side. The unit that receives it throws KAccountingError when the contract is void, when its side is
-// somebody else by then, and, once, when another desk has received from the same side since purpose was called: that may be the
-// same money.
+// somebody else by then, and, once each, when another desk has changed what that side is charged since purpose was called, or
+// has received from the same side: that may be the same money.
 ReceiptPurpose commission(const CTblAutomobilContracts &contract, int side);
 
 // Makes the entry void with the receipt behind it, as ReceiptPosting::makeVoid does. An instalment without a receipt is unpaid again; of

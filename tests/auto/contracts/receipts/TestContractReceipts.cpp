@@ -252,6 +252,33 @@ private Q_SLOTS:
         QCOMPARE(sum(), 700.0);
     }
 
+    // The amount that this desk proposed may be wrong by now.
+    void chargeThatAnotherDeskChangedMeanwhileIsToldOnce_data()
+    {
+        QTest::addColumn<QString>("columns");
+        QTest::addColumn<bool>("told");
+        QTest::newRow("commission") << u"dCommission=2000"_s << true;
+        QTest::newRow("discount") << u"dDiscountFirst=50"_s << true;
+        QTest::newRow("what it is stated to pay") << u"dPayFirst=50"_s << true;
+        QTest::newRow("the other side's discount") << u"dDiscountSecond=50"_s << false;
+        QTest::newRow("a note") << u"sNote1='x'"_s << false;
+    }
+
+    void chargeThatAnotherDeskChangedMeanwhileIsToldOnce()
+    {
+        QFETCH(QString, columns);
+        QFETCH(bool, told);
+        const ReceiptPurpose here = commissionOf(m_contract->seller);
+        m_office->database().run(u"UPDATE AutomobilContracts SET "_s + columns);
+        const auto receive = [&] { m_contract->receive(m_contract->seller, 500, u"a"_s, here); };
+        const QString refusal = refusalOf(receive);
+        QVERIFY2(refusal.contains(u"تغییر داده است"_s) == told, qPrintable(refusal));
+        QCOMPARE(sum(), told ? 0.0 : 500.0);
+        if (told)
+            receive();
+        QCOMPARE(sum(), 500.0);
+    }
+
     void sideThatIsSomebodyElseByNowIsNotReceivedFrom()
     {
         const ReceiptPurpose here = commissionOf(m_contract->seller);
