@@ -9,6 +9,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/treasury/CDlgReceiptPaper.h"
+#include "suite/treasury/CDlgShowCheque.h"
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
@@ -133,4 +134,6 @@ void CDlgShowReceipt::addCommands()
     };
     add(u"چاپ رسید"_s, u":/icons/print.svg"_s, [this] { CDlgReceiptPaper::show({m_receipt.number}, this); })->setShortcut(QKeySequence::Print);
     add(u"نمایش سند"_s, u":/icons/document.svg"_s, [this] { CDlgShowDocument::Show(m_receipt.docNum, m_receipt.fiscalYear, this); });
+    if (m_receipt.chequeID != 0)
+        add(u"نمایش چک"_s, u":/icons/show.svg"_s, [this] { CDlgShowCheque::Show(m_receipt.chequeID, this); });
 }

@@ -295,9 +295,11 @@ void TestCDlgReceipts::showOpensEverything()
     select(page, key(2));
     Hand::inNextWindow([&found](QDialog *window) {
         found = {field<KEdit>(window, u"شناسه صیادی :"_s)->text(), field<KEdit>(window, u"مبلغ چک :"_s)->text()};
+        Hand::inNextWindow([&found](QDialog *cheque) { found.append(QString::fromLatin1(cheque->metaObject()->className())); });
+        FormDriver::click(window, u"نمایش چک"_s);
     });
     QVERIFY(page.runCommand(u"show"));
-    QCOMPARE(found, (QStringList{u"1234567890123456"_s, u"570"_s}));
+    QCOMPARE(found, (QStringList{u"1234567890123456"_s, u"570"_s, u"CDlgShowCheque"_s}));
 }
 
 void TestCDlgReceipts::receiptGoesOnPaper()
