@@ -200,6 +200,8 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"contract-instalments", window<CDlgCalcPayment>(contract, person, 123'456'789.0)});
     const CTblFollowUps::Subject call{CTblAutomobilContracts::recordKind, contract, 0, u"AutomobilPayments"_s};
     entries.push_back({"follow-up", window<CDlgFollowUp>(call, u"مریم کریمی     09121234567     قسط شماره 3 قرارداد 12     سررسید 1405/04/02     مانده 45,000,000"_s)});
+    const int planned = office.number(u"SELECT iAutomobilContractID FROM AutomobilPayments GROUP BY iAutomobilContractID ORDER BY MAX(iStatus) DESC,MAX(iID) DESC LIMIT 1"_s);
+    entries.push_back({"contract-plan", window<CDlgCalcPayment>(planned, person, 0.0)});
     entries.push_back({"contract-plan-choice",
                        window<CDlgPlanChoice>(PlanFollowing::Facts{{true, 1'800'000'000, 2}, {1'200'000'000, 1, false, true, true}, {}})});
     entries.push_back({"contract-receipts", modal([contract] {
