@@ -14,6 +14,7 @@
 #include "auto/db/ContractLock.h"
 #include "auto/settings/ContractSettings.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/utility/values/Money.h"
 
@@ -22,6 +23,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using Rows = std::vector<StoredInstalments::Row>;
 
 bool isAbove(double amount)
 {
@@ -59,6 +62,12 @@ ReceiptPurpose pricePurpose(const CTblAutomobilContracts &contract, int side)
             .require = [contractID] { requireValid(contractID); }};
 }
 
+// What of the price is paid in cash and by cheques; all of it while there is no plan.
+double outsideOfPlan(const CTblAutomobilContracts &contract, const Rows &rows)
+{
+    return rows.empty() ? contract.m_dAmount : roundToDecimals(contract.m_dAmount - StoredInstalments::termsOf(rows).principal, GetDBSetting()->MoneyDecimals());
+}
+
 // The open items of one person, contract by contract.
 class Gathering
 {
@@ -76,11 +85,12 @@ public:
         if (contract.m_iPersonSecondID != m_personID)
             return;
         addCommission(contract, ContractSide::buyer);
+        const Rows rows = StoredInstalments::load(contract.m_iID, StoredInstalments::Scope::AllDepartments);
         // Elsewhere the buyer pays the seller himself, and the books know nothing of it.
         if (ContractPosting::holdsSale(contract))
             add(pricePurpose(contract, ContractSide::buyer),
-                contract.m_dFixAmount + contract.m_dAgreeAmount - priceHandedOver(contract.m_iID, ContractSide::buyer, CTblReceipts::received), {});
-        for (const StoredInstalments::Row &row : StoredInstalments::load(contract.m_iID, StoredInstalments::Scope::AllDepartments))
+                outsideOfPlan(contract, rows) - priceHandedOver(contract.m_iID, ContractSide::buyer, CTblReceipts::received), {});
+        for (const StoredInstalments::Row &row : rows)
             add(InstalmentReceiving::purpose({contract.m_iID, contract.number(), row.id, row.number, row.received}), row.state().rest, row.date);
     }
 

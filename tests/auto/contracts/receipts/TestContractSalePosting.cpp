@@ -224,6 +224,36 @@ private Q_SLOTS:
         QCOMPARE(open(m_contract->seller, CTblReceipts::received), QStringList{u"کمیسیون قرارداد 1، فروشنده: 100"_s});
     }
 
+    void priceIsOpenAsFarAsThePlanDoesNotSplitIt_data()
+    {
+        QTest::addColumn<double>("principal"); // 0: no plan
+        QTest::addColumn<double>("open");
+        QTest::newRow("as the contract says") << 1200. << 800.;
+        QTest::newRow("more paid down than it says") << 900. << 1100.;
+        QTest::newRow("no plan yet") << 0. << 2000.;
+    }
+
+    void priceIsOpenAsFarAsThePlanDoesNotSplitIt()
+    {
+        QFETCH(double, principal);
+        QFETCH(double, open);
+        begin(true);
+        const auto keys = [this] { return StoredInstalments::keysOf(StoredInstalments::load(m_contract->key)); };
+        StoredInstalments::remove(m_contract->key, keys());
+        if (principal > 0) {
+            const InstalmentTerms terms{principal, 1.3, RateUnit::Monthly, InterestMethod::WholePrincipal, 7, 1, IntervalUnit::Months, ConvertToMiladi(1405, 1, 1)};
+            StoredInstalments::save({m_contract->key, 1, m_contract->buyer}, keys(), terms, instalmentPlan(terms));
+        }
+        double sum = 0;
+        for (const OpenItem &item : ReceiptOwners::openItems(m_contract->buyer, CTblReceipts::received)) {
+            sum += item.rest;
+            if (item.purpose.what == ReceiptPurpose::Price)
+                QCOMPARE(item.rest, open);
+        }
+        // What is open is what the books say he owes.
+        QVERIFY2(IsEquals(sum, m_contract->owes(m_contract->buyer)), qPrintable(QString::number(sum)));
+    }
+
     void sellerIsOwedThePrice()
     {
         begin(true);
