@@ -422,20 +422,20 @@ KListModel::Row CDlgCalcPayment::storedRow(const StoredInstalments::Row &row, in
     const QDate today = m_settings.serverTime().date();
     const int decimals = m_settings.moneyDecimals();
     const InstalmentState state = row.state();
+    const bool isLate = state.kind != InstalmentState::Paid && due < today;
     // Older rows are marked as paid without a receipt that names them.
     const double received = row.received > 0 ? row.received : row.due - state.rest;
     KListModel::Row listed{row.id,
                            {{QString::number(number), number},
-                            {shamsiText(due), due},
+                            {shamsiText(due), due, isLate},
                             {row.description},
                             {DToMoney(row.due, decimals), row.amount},
                             {stateText(state.kind)},
                             {DToMoney(received, decimals), received},
-                            {DToMoney(state.rest, decimals), state.rest}}};
+                            {DToMoney(state.rest, decimals), state.rest, isLate}}};
     const double fee = LateFee::of(state.rest, static_cast<int>(due.daysTo(today)), m_rates.lateFeePercent, m_rates.lateFeeGrace, decimals);
     if (m_rates.lateFeePercent > 0)
-        listed.cells.append({DToMoney(fee, decimals), fee});
-    listed.warning = state.kind != InstalmentState::Paid && due < today;
+        listed.cells.append({DToMoney(fee, decimals), fee, fee > 0});
     return listed;
 }
 
