@@ -114,7 +114,7 @@ bool CDlgCheques::isWarning(KMySQL &record) const
 
 QString CDlgCheques::defaultSort() const
 {
-    return u"dateDue"_s;
+    return u"dateDue DESC"_s;
 }
 
 int CDlgCheques::defaultLastColumn() const

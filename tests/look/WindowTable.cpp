@@ -239,15 +239,15 @@ CTblAutomobilContracts &lastContract(LookOffice &office, CTblAutomobilContracts 
 void addCheques(LookOffice &office, std::vector<Entry> &entries)
 {
     const int first = office.number(u"SELECT MIN(iID) FROM Cheques WHERE iKind=0 AND iState=0"_s);
-    const int last = office.number(u"SELECT MAX(iID) FROM Cheques"_s);
+    const int moved = office.number(u"SELECT iChequeID FROM ChequeChanges ORDER BY iID DESC LIMIT 1"_s);
     entries.push_back({"cheques", page(office, u"چک‌ها"_s)});
     entries.push_back({"cheque-change", window<CDlgChequeChange>(first)});
     entries.push_back({"cheque-endorse", modal([=] { CDlgChequeChange(first).exec(); }, [](QDialog &dialog) {
                            auto *state = Hand::named<QComboBox>(&dialog, u"وضعیت جدید :"_s);
                            QVERIFY(state);
                            state->setCurrentIndex(state->count() - 1); })});
-    entries.push_back({"cheque-history", window<CDlgChequeHistory>(last)});
-    entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(last, nullptr); })});
+    entries.push_back({"cheque-history", window<CDlgChequeHistory>(moved)});
+    entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(moved, nullptr); })});
     entries.push_back({"contract-cheques", modal([&office] {
                            CTblAutomobilContracts contract;
                            CDlgContractCheques(lastContract(office, contract), false).exec();

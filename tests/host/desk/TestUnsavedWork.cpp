@@ -22,6 +22,7 @@
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/treasury/CDlgVoiding.h"
+#include "suite/treasury/CDlgChequeChange.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/KDialog.h"
@@ -176,6 +177,7 @@ private Q_SLOTS:
         QTest::newRow("receipt, new") << command(u"دریافت‌ها و پرداخت‌ها"_s, u"newReceipt"_s);
         QTest::newRow("reason of a voiding") << OpenEditor([] { CDlgVoiding::run(
                                                                     u"ابطال دریافت"_s, u"دریافت شماره 1 باطل می‌شود."_s, [](const QString &) {}, nullptr); });
+        QTest::newRow("cheque's state") << window<CDlgChequeChange>(1);
         QTest::newRow("rights") << window<CDlgUserRights>(1);
         QTest::newRow("settings") << OpenEditor([this] { action(u"تنظیمات"_s)->trigger(); });
         QTest::newRow("password") << OpenEditor([this] { action(u"تغییر کلمه عبور"_s)->trigger(); });

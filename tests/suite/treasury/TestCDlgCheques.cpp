@@ -58,19 +58,19 @@ private Q_SLOTS:
         CDlgCheques page;
         page.open();
         QCOMPARE(page.title(), u"چک‌ها"_s);
-        QCOMPARE(numbers(page), u"11 13 12"_s);
+        QCOMPARE(numbers(page), u"12 13 11"_s);
         const KExtListCtrl *list = page.list();
-        QCOMPARE(list->cellText(0, u"kind"), u"دریافتی"_s);
-        QCOMPARE(list->cellText(0, u"sayad"), u"1111111111111112"_s);
-        QCOMPARE(list->cellText(0, u"bank"), u"ملت"_s);
-        QCOMPARE(list->cellText(0, u"branch"), u"ونک"_s);
-        QCOMPARE(list->cellText(0, u"amount"), u"1,500"_s);
-        QCOMPARE(list->cellText(0, u"person"), u"رضا احمدی"_s);
-        QCOMPARE(list->cellText(0, u"for"), u"علی‌الحساب"_s);
-        QCOMPARE(list->cellText(0, u"state"), u"نزد صندوق"_s);
+        QCOMPARE(list->cellText(2, u"kind"), u"دریافتی"_s);
+        QCOMPARE(list->cellText(2, u"sayad"), u"1111111111111112"_s);
+        QCOMPARE(list->cellText(2, u"bank"), u"ملت"_s);
+        QCOMPARE(list->cellText(2, u"branch"), u"ونک"_s);
+        QCOMPARE(list->cellText(2, u"amount"), u"1,500"_s);
+        QCOMPARE(list->cellText(2, u"person"), u"رضا احمدی"_s);
+        QCOMPARE(list->cellText(2, u"for"), u"علی‌الحساب"_s);
+        QCOMPARE(list->cellText(2, u"state"), u"نزد صندوق"_s);
         QCOMPARE(list->cellText(1, u"state"), u"در جریان وصول"_s);
-        QCOMPARE(list->cellText(2, u"kind"), u"پرداختی"_s);
-        QCOMPARE(list->cellText(2, u"state"), u"صادر شده"_s);
+        QCOMPARE(list->cellText(0, u"kind"), u"پرداختی"_s);
+        QCOMPARE(list->cellText(0, u"state"), u"صادر شده"_s);
     }
 
     void overdueOnesStandOut()
@@ -84,10 +84,10 @@ private Q_SLOTS:
             if (row.warning)
                 warned.append(row.cells.at(page.list()->columnOf(u"number")).text);
         }
-        QCOMPARE(warned.join(u' '), u"11 13 14"_s);
+        QCOMPARE(warned.join(u' '), u"14 13 11"_s);
         m_office.bring(m_received, ChequeState::Cleared);
         page.refill();
-        QVERIFY(!page.list()->listModel()->rows().at(0).warning);
+        QVERIFY(!page.list()->listModel()->rows().constLast().warning);
     }
 
     void filters_data()
@@ -100,13 +100,13 @@ private Q_SLOTS:
             return [=](CDlgCheques &page) { page.filters().set(QString::fromLatin1(filter), value); };
         };
         const QDate today = QDate::currentDate();
-        row("received", set("kind", 1), "11 13");
+        row("received", set("kind", 1), "13 11");
         row("given", set("kind", 2), "12");
-        row("in hand", set("state", 1), "11 12");
+        row("in hand", set("state", 1), "12 11");
         row("deposited", set("state", 2), "13");
         row("cleared", set("state", 3), "");
-        row("void too", set("voided", true), "11 13 14 12");
-        row("due and open", set("open", true), "11 13");
+        row("void too", set("voided", true), "12 14 13 11");
+        row("due and open", set("open", true), "13 11");
         row("due from", set("dueFrom", today), "12");
         row("due up to", set("dueTo", today.addDays(-3)), "11");
         row("Sayad number", set("sayad", u"1113"_s), "12");
@@ -175,7 +175,7 @@ private Q_SLOTS:
         });
         page.runCommand(u"change");
         QCOMPARE(page.list()->currentKey(), m_received);
-        QCOMPARE(page.list()->cellText(0, u"state"), u"در جریان وصول"_s);
+        QCOMPARE(page.list()->cellText(page.list()->currentRow(), u"state"), u"در جریان وصول"_s);
     }
 
     void chequeAtItsEndIsTold()
@@ -222,7 +222,7 @@ private Q_SLOTS:
         page.runCommand(u"void");
         QCOMPARE(m_office.value(u"SELECT CONCAT_WS('/',c.iState,r.iStatus,r.sVoidReason) FROM Cheques c JOIN Receipts r ON r.iChequeID=c.iID WHERE c.iID=%1"_s.arg(m_received)),
                  u"6/1/اشتباه"_s);
-        QCOMPARE(numbers(page), u"13 12"_s);
+        QCOMPARE(numbers(page), u"12 13"_s);
     }
 };
 
