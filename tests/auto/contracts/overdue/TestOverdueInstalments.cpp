@@ -48,6 +48,8 @@ private Q_SLOTS:
     void lastCallIsShownAndFilteredBy();
     void statementsDoNotGrowWithTheRows();
     void noteIsAddedFromTheDesk();
+    void receivingFromTheDeskTakesTheRowAway();
+    void deskOfOneContractShowsAllThatIsOpen();
     void planReplacedMeanwhileIsTold();
     void notesGoWithTheirContract();
     void commandsNeedTheirRights();
@@ -340,6 +342,38 @@ void TestOverdueInstalments::noteIsAddedFromTheDesk()
     QVERIFY(page.runCommand(u"followUp"));
     QCOMPARE(page.list()->cellText(0, u"note"), u"شنبه می‌آید"_s);
     QCOMPARE(value(u"SELECT CONCAT_WS('|',iTable,iRecordID,iPaymentID) FROM FollowUps"_s), u"69|%1|%2"_s.arg(m_contract).arg(m_late));
+}
+
+void TestOverdueInstalments::receivingFromTheDeskTakesTheRowAway()
+{
+    receive(m_contract, m_late, 300);
+    CDlgOverdueInstalments page;
+    page.open();
+    page.list()->selectRow(0);
+    TestOffice::whenModal("CDlgCashFromPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+    QVERIFY(page.runCommand(u"receive"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    QCOMPARE(column(page, u"number"), QStringList{u"2"_s});
+    QCOMPARE(value(u"SELECT SUM(dAmount) FROM Receipts WHERE iStatus=0 AND iPaymentID=%1"_s.arg(m_late)).toDouble(), 1000.0);
+    QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments WHERE iID=%1"_s.arg(m_late)), u"1"_s);
+}
+
+void TestOverdueInstalments::deskOfOneContractShowsAllThatIsOpen()
+{
+    const int other = addContract(m_buyer);
+    addInstalment(other, 1, -1, 10);
+    struct Host : KTabHost
+    {
+        void addPage(KDialogTabPage *page) override { shown.reset(static_cast<CDlgOverdueInstalments *>(page)); }
+        std::unique_ptr<CDlgOverdueInstalments> shown;
+    } host;
+    GetDBSetting()->SetTabHost(&host);
+    CDlgOverdueInstalments::showContract(1);
+    GetDBSetting()->SetTabHost(nullptr);
+    QVERIFY(host.shown);
+    host.shown->open();
+    QCOMPARE(column(*host.shown, u"number"), (QStringList{u"1"_s, u"2"_s, u"3"_s, u"4"_s}));
+    QCOMPARE(column(*host.shown, u"contract"), QStringList(4, u"1"_s));
 }
 
 void TestOverdueInstalments::planReplacedMeanwhileIsTold()
