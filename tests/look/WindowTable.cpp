@@ -45,6 +45,7 @@
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/treasury/CDlgCashDay.h"
+#include "suite/treasury/CDlgDueCheques.h"
 #include "suite/treasury/CDlgFollowUp.h"
 #include "suite/treasury/CDlgCashFromPerson.h"
 #include "suite/treasury/CDlgReceiptPaper.h"
@@ -248,6 +249,9 @@ void addCheques(LookOffice &office, std::vector<Entry> &entries)
                            state->setCurrentIndex(state->count() - 1); })});
     entries.push_back({"cheque-history", window<CDlgChequeHistory>(moved)});
     entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(moved, nullptr); })});
+    entries.push_back({"cheque-history", window<CDlgChequeHistory>(last)});
+    entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(last, nullptr); })});
+    entries.push_back({"cheques-due", window<CDlgDueCheques>(QDate())});
     entries.push_back({"contract-cheques", modal([&office] {
                            CTblAutomobilContracts contract;
                            CDlgContractCheques(lastContract(office, contract), false).exec();

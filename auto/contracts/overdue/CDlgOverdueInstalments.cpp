@@ -18,6 +18,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/crm/persons/PersonFilter.h"
+#include "suite/treasury/CDlgDueCheques.h"
 #include "suite/treasury/CDlgFollowUp.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
@@ -128,6 +129,7 @@ std::vector<KListCommand> CDlgOverdueInstalments::commands()
         {u"showContract"_s, u"نمایش قرارداد"_s, C::NeedsRow | C::StartsGroup, [this] { showRecord(); }, QKeySequence(Qt::Key_F3), u":/icons/show.svg"_s, Read, contractForm},
         {u"plan"_s, u"اقساط قرارداد"_s, C::NeedsRow, [this] { showPlan(); }, {}, u":/icons/calendar.svg"_s, Read, contractForm},
         {u"statement"_s, u"صورتحساب"_s, C::NeedsRow, [this] { showStatement(); }, QKeySequence(Qt::Key_F6), u":/icons/document.svg"_s},
+        {u"cheques"_s, u"چک‌های سررسید"_s, 0, [this] { CDlgDueCheques::Show(this); }, {}, u":/icons/table.svg"_s, Access, u"Cheques"_s},
         printCommand(C::StartsGroup),
     };
 }
