@@ -78,14 +78,18 @@ QList<KListColumn> CDlgOverdueInstalments::columnTable() const
     const auto received = [this](const I &row) { return amountCell(amountOf(row).received); };
     const auto rest = [this](const I &row) { return KListColumn::money(restOf(row)); };
     const auto fee = [this](const I &row) { return amountCell(lateFeeOf(row)); };
+    // What is late stands out in the figures that say so.
+    const auto isOverdue = [this](KMySQL &record) {
+        return DueDays::overdue(static_cast<const I &>(record).m_date.date(), m_today) > 0;
+    };
     const auto promiseIsOver = [this](KMySQL &record) {
         const QDate promised = static_cast<const I &>(record).m_datePromised.date();
         return promised.isValid() && promised < m_today;
     };
     return {
         KListColumn::rowNumber(30),
-        {.key = u"due"_s, .title = u"سررسید"_s, .width = 55, .sortKey = u"ap.date"_s, .column = u"ap.date"_s},
-        {.key = u"days"_s, .title = u"روز تأخیر"_s, .width = 40, .cell = KListColumn::of<I>(days)},
+        {.key = u"due"_s, .title = u"سررسید"_s, .width = 55, .sortKey = u"ap.date"_s, .column = u"ap.date"_s, .warns = isOverdue},
+        {.key = u"days"_s, .title = u"روز تأخیر"_s, .width = 40, .cell = KListColumn::of<I>(days), .warns = isOverdue},
         {.key = u"person"_s, .title = u"شخص"_s, .width = 100, .alignment = right, .sortKey = u"p.sName2"_s, .cell = KListColumn::of<I>(person)},
         {.key = u"mobile"_s, .title = u"موبایل"_s, .width = 62, .sortKey = u"p.sMobile"_s, .cell = KListColumn::of<I>(phone)},
         {.key = u"contract"_s, .title = u"شماره قرارداد"_s, .width = 50, .sortKey = u"ac.iCode"_s, .cell = KListColumn::of<I>(contract)},
@@ -93,7 +97,7 @@ QList<KListColumn> CDlgOverdueInstalments::columnTable() const
         {.key = u"number"_s, .title = u"قسط"_s, .width = 30, .sortKey = u"ap.iNum"_s, .column = u"ap.iNum"_s},
         {.key = u"amount"_s, .title = u"مبلغ قسط"_s, .width = 70, .alignment = right, .sortKey = u"ap.dAmount"_s, .cell = KListColumn::of<I>(amount)},
         {.key = u"received"_s, .title = u"دریافت شده"_s, .width = 70, .alignment = right, .cell = KListColumn::of<I>(received)},
-        {.key = u"rest"_s, .title = u"مانده"_s, .width = 70, .alignment = right, .cell = KListColumn::of<I>(rest)},
+        {.key = u"rest"_s, .title = u"مانده"_s, .width = 70, .alignment = right, .cell = KListColumn::of<I>(rest), .warns = isOverdue},
         {.key = u"lateFee"_s, .title = u"جریمه دیرکرد"_s, .width = 60, .alignment = right, .cell = KListColumn::of<I>(fee)},
         {.key = u"note"_s, .title = u"آخرین تماس"_s, .width = 110, .alignment = right, .sortKey = u"fu.sNote"_s, .column = u"fu.sNote"_s},
         {.key = u"promised"_s, .title = u"وعده پرداخت"_s, .width = 55, .sortKey = u"fu.datePromised"_s, .column = u"fu.datePromised"_s, .warns = promiseIsOver},
@@ -137,11 +141,6 @@ std::vector<KListCommand> CDlgOverdueInstalments::commands()
 std::unique_ptr<KMySQL> CDlgOverdueInstalments::makeRecords() const
 {
     return std::make_unique<CTblDueInstalments>();
-}
-
-bool CDlgOverdueInstalments::isWarning(KMySQL &record) const
-{
-    return DueDays::overdue(static_cast<const CTblDueInstalments &>(record).m_date.date(), m_today) > 0;
 }
 
 void CDlgOverdueInstalments::beginRows()

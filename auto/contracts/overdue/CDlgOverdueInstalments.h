@@ -33,7 +33,6 @@ protected:
     KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    bool isWarning(KMySQL &record) const override;
     void beginRows() override;
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override { return u"ap.date"_s; }

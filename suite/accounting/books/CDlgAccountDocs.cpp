@@ -192,7 +192,8 @@ void CDlgAccountDocs::refill()
     if (m_scope.isPerson() && !rows.isEmpty())
         rows.append(closingRow());
     m_list->setRows(std::move(rows));
-    m_list->selectRow(0);
+    // A statement is read from its end: what is owed.
+    m_list->selectRow(m_scope.isPerson() ? m_list->count() - 1 : 0);
     sayWhyEmpty();
     const double last = m_sheet.closing();
     m_totals->setText(u"تعداد : %1     جمع بدهکار : %2     جمع بستانکار : %3     مانده : %4 %5"_s

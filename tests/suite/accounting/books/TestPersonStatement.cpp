@@ -151,6 +151,7 @@ void TestPersonStatement::lastLineIsWhatThePersonOwes()
     const CDlgAccountDocs buyer(AccountLedger::Scope::person(m_buyer), {}, {});
     QCOMPARE(lineOf(buyer, 4), u"|||مانده نهایی|بدهکار|1,000|510|490|بد"_s);
     QVERIFY(buyer.totalsText().endsWith(u"مانده : 490 بد"_s));
+    QCOMPARE(buyer.list()->currentRow(), 4);
     const CDlgAccountDocs seller(AccountLedger::Scope::person(m_seller), {}, {});
     QCOMPARE(lineOf(seller, 1), u"|||مانده نهایی|بستانکار||700|700|بس"_s);
 }
