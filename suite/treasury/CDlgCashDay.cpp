@@ -242,7 +242,7 @@ ListReport CDlgCashDay::report() const
     report.setText(u"RightTop"_s, CompanyDetails::read().name());
     report.setText(u"RightCenter"_s, u"تاریخ : "_s + shamsiText(m_day->date()));
     report.setText(u"LeftTop"_s, u"واحد پول : "_s + GetDBSetting()->MoneyUnitName());
-    report.setText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+    report.setText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
     report.setText(u"Totals"_s, totalsText());
     const QString counted = m_counted->text().isEmpty() ? dots : m_counted->text();
     const QString difference = differenceText().isEmpty() ? u"اختلاف : "_s + dots : differenceText();

@@ -33,6 +33,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Positions of columns.
+constexpr int dueColumn = 2;
+constexpr int daysColumn = 3;
+constexpr int amountColumn = 9;
+
 KSecurity chequeSecurity()
 {
     KSecurity security;
@@ -55,7 +60,9 @@ KListModel::Row dueRow(const ChequesDue::Row &cheque, int number)
                          {DToMoney(cheque.amount), cheque.amount},
                          {ChequeStates::name(cheque.state, cheque.kind == CTblReceipts::paid)},
                          {cheque.purpose.isEmpty() ? u"علی‌الحساب"_s : cheque.purpose}}};
-    row.warning = cheque.daysOverdue > 0;
+    // What is late stands out in the figures that say so.
+    for (const int column : {dueColumn, daysColumn, amountColumn})
+        row.cells[column].warning = cheque.daysOverdue > 0;
     return row;
 }
 
@@ -71,7 +78,7 @@ CDlgDueCheques::CDlgDueCheques(const QDate &upTo, QWidget *parent)
     SetSettingName(u"DueCheques"_s);
     m_upTo->setDate(upTo);
     build();
-    resize(LookSizes::scaled(980), LookSizes::scaled(560));
+    resize(LookSizes::scaled(1240), LookSizes::scaled(560));
     refill();
     m_list->setFocus();
 }
@@ -107,23 +114,23 @@ void CDlgDueCheques::build()
     m_list->setAccessibleName(windowTitle());
     m_list->setColumns({
         {u"ردیف"_s, Qt::AlignHCenter, 26, {}},
-        {u"نوع"_s, Qt::AlignHCenter, 40, {}},
+        {u"نوع"_s, Qt::AlignHCenter, 45, {}},
         {u"سررسید"_s, Qt::AlignHCenter, 55, {}, true},
         {u"روز تأخیر"_s, Qt::AlignHCenter, 40, {}},
         {u"شخص"_s, Qt::AlignRight, 90, {}},
         {u"موبایل"_s, Qt::AlignHCenter, 60, {}},
-        {u"بانک"_s, Qt::AlignRight, 55, {}},
+        {u"بانک"_s, Qt::AlignRight, 50, {}},
         {u"شماره چک"_s, Qt::AlignHCenter, 50, {}, false, true},
         {u"شناسه صیادی"_s, Qt::AlignHCenter, 80, {}, false, true},
         {u"مبلغ"_s, Qt::AlignRight, 70, {}},
-        {u"وضعیت"_s, Qt::AlignHCenter, 50, {}},
-        {u"بابت"_s, Qt::AlignRight, 110, {}},
+        {u"وضعیت"_s, Qt::AlignHCenter, 68, {}},
+        {u"بابت"_s, Qt::AlignRight, 100, {}},
     });
     m_list->SetSettingName(u"DueCheques\\List"_s);
     m_empty = new KEmptyState(m_list);
     connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgDueCheques::showCheque);
 
-    auto *cards = new CardPage(980);
+    auto *cards = new CardPage(1240);
     cards->addList(m_list)->addToFoot(m_totals);
     auto *page = new QWidget(this);
     auto *column = new QVBoxLayout(page);

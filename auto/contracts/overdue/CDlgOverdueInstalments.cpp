@@ -210,8 +210,11 @@ CDlgOverdueInstalments::Chosen CDlgOverdueInstalments::chosen()
 void CDlgOverdueInstalments::receive()
 {
     const Chosen row = chosen();
-    if (row.paymentID > 0 && !isChangeBlocked() && InstalmentQuestions::receive(row.contractID, row.paymentID, this))
-        refill();
+    if (row.paymentID == 0 || isChangeBlocked() || !InstalmentQuestions::receive(row.contractID, row.paymentID, this))
+        return;
+    refill();
+    // Once it is paid its row is gone, and the next command must not be about the person who moved into its place.
+    list()->selectKey(row.paymentID);
 }
 
 void CDlgOverdueInstalments::followUp()

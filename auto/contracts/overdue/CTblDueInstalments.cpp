@@ -23,7 +23,7 @@ QString CTblDueInstalments::GetTableName() const
 
 KSql CTblDueInstalments::condition()
 {
-    KSql condition = " AND ap.iStatus=0 AND ac.iStatus=0 AND ac.iArchiveUserID=0 AND " + Placeholders::none(u"AutomobilContracts"_s, u"ac.iID"_s);
+    KSql condition = " AND ap.iStatus=0 AND ac.iStatus=0 AND " + Placeholders::none(u"AutomobilContracts"_s, u"ac.iID"_s);
     if (const int department = GetDBSetting()->GetDepartmentID(); department > 0)
         condition += KSql::formatted(" AND ap.iDepartmentID=%1", department);
     return condition;

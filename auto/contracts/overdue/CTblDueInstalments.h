@@ -6,7 +6,7 @@
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
 
-// Read-only source of the overdue desk: the unpaid instalments of contracts that count - neither void nor archived - with their
+// Read-only source of the overdue desk: the unpaid instalments of contracts that count - not void - with their
 // contract (ac), payer (p) and the last call about them (fu). Columns are named with their table's alias ("ap.date").
 class CTblDueInstalments : public KMySQL, private KLiveCount<CTblDueInstalments>
 {

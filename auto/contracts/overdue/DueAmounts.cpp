@@ -32,15 +32,16 @@ void readPlans(int decimals, int database, QHash<int, DueAmounts::Amount> &amoun
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery("SELECT ap.iID,ap.iAutomobilContractID,ap.dAmount FROM AutomobilPayments ap JOIN (SELECT DISTINCT iAutomobilContractID id "
+    query.ExecuteQuery("SELECT ap.iID,ap.iAutomobilContractID,ap.dAmount,ap.iDepartmentID FROM AutomobilPayments ap JOIN (SELECT DISTINCT iAutomobilContractID id "
                        "FROM AutomobilPayments WHERE iStatus=0) plans ON plans.id=ap.iAutomobilContractID "
-                       "ORDER BY ap.iAutomobilContractID,ap.date,ap.iID");
+                       "ORDER BY ap.iAutomobilContractID,ap.iDepartmentID,ap.date,ap.iID");
     Plan plan;
-    int contract = 0;
+    std::pair<int, int> of; // contract and department: each department has plans of its own
     for (; query.HasResultRow(); query.MoveNextResult()) {
-        if (contract != query.GetLongFieldValue(1))
+        const std::pair<int, int> next{query.GetLongFieldValue(1), query.GetLongFieldValue(3)};
+        if (of != next)
             take(plan, decimals, amounts);
-        contract = query.GetLongFieldValue(1);
+        of = next;
         plan.keys.append(query.GetLongFieldValue(0));
         plan.amounts.push_back(query.GetDoubleFieldValue(2));
     }

@@ -101,6 +101,7 @@ QList<KListFilter> overdueFilters(const std::function<QDate()> &today)
         {.key = u"promise"_s, .label = u"وعده پرداخت :"_s, .kind = K::Choice, .place = {0, 4}, .clause = promiseClause(today), .choices = promiseChoices},
         {.key = u"contract"_s, .label = u"شماره قرارداد :"_s, .kind = K::Number, .place = {0, 6}, .clause = contractClause},
         {.key = u"person"_s, .label = u"شخص :"_s, .kind = K::Person, .place = {1, 0}, .clause = FilterClauses::number(" AND ap.iPersonID=")},
-        {.key = u"words"_s, .label = u"نام، موبایل یا خودرو :"_s, .kind = K::Text, .place = {1, 2, 3}, .clause = wordsClause, .maxLength = 50, .options = KListFilter::FindGoesHere},
+        {.key = u"words"_s, .label = u"نام، موبایل یا خودرو :"_s, .kind = K::Text, .place = {1, 2}, .clause = wordsClause, .maxLength = 50, .options = KListFilter::FindGoesHere},
+        {.key = u"archived"_s, .label = u"نمایش بایگانی شده‌ها"_s, .kind = K::Flag, .place = {1, 4, 2}, .clause = FilterClauses::flag("", " AND ac.iArchiveUserID=0"), .initial = false},
     };
 }

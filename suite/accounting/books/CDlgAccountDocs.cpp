@@ -92,7 +92,7 @@ CDlgAccountDocs::CDlgAccountDocs(const AccountLedger::Scope &scope, const QDateT
     m_from->setDateTime(from);
     m_to->setDateTime(to);
     build();
-    resize(LookSizes::scaled(m_scope.isPerson() ? 1120 : 980), LookSizes::scaled(560));
+    resize(LookSizes::scaled(m_scope.isPerson() ? 1120 : 980), LookSizes::scaled(m_scope.isPerson() ? 680 : 560));
     refill();
     m_list->setFocus();
 }

@@ -63,8 +63,8 @@ private Q_SLOTS:
         QCOMPARE(window.list()->cellText(0, 4), u"رضا احمدی"_s);
         QCOMPARE(window.list()->cellText(0, 9), u"1,500"_s);
         QCOMPARE(window.list()->cellText(1, 1), u"پرداختی"_s);
-        QVERIFY(window.list()->listModel()->rows().at(0).warning);
-        QVERIFY(!window.list()->listModel()->rows().at(1).warning);
+        QVERIFY(window.list()->listModel()->rows().at(0).cells.at(3).warning);
+        QVERIFY(!window.list()->listModel()->rows().at(1).cells.at(3).warning);
         QCOMPARE(window.totalsText(), u"تعداد : 2     جمع دریافتی : 1,500     جمع پرداختی : 1,500"_s);
         auto *upTo = FormDriver::field<KDateEdit>(&window, u"سررسید تا :"_s);
         upTo->setDate(today().addDays(5));
