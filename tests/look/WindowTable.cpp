@@ -249,8 +249,6 @@ void addCheques(LookOffice &office, std::vector<Entry> &entries)
                            state->setCurrentIndex(state->count() - 1); })});
     entries.push_back({"cheque-history", window<CDlgChequeHistory>(moved)});
     entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(moved, nullptr); })});
-    entries.push_back({"cheque-history", window<CDlgChequeHistory>(last)});
-    entries.push_back({"cheque-show", modal([=] { CDlgShowCheque::Show(last, nullptr); })});
     entries.push_back({"cheques-due", window<CDlgDueCheques>(QDate())});
     entries.push_back({"contract-cheques", modal([&office] {
                            CTblAutomobilContracts contract;
