@@ -256,6 +256,22 @@ void raiseTo(const QString &key, const QString &version, int database)
                         KSql::quoted(schemaSection), KSql::quoted(key), KSql::quoted(version)));
 }
 
+bool lacksFiscalYear(int database)
+{
+    return !KTableSchema::of(u"AutomobilContracts"_s, database).column(u"iFiscalYear"_s);
+}
+
+bool lacksPlanKey(int database)
+{
+    if (KTableSchema::of(u"AutomobilPayments"_s, database).isEmpty())
+        return false;
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery("SELECT 1 FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
+                       "TABLE_NAME='AutomobilPayments' AND INDEX_NAME='contract' LIMIT 1");
+    return !query.HasResultRow();
+}
+
 }
 
 int SuiteSchema::currentVersion()
@@ -301,7 +317,7 @@ bool SuiteSchema::isVersionStored(int database)
 bool SuiteSchema::isClosingStepDue(int database)
 {
     KTableSchema::forgetAll();
-    return !KTableSchema::of(u"AutomobilContracts"_s, database).column(u"iFiscalYear"_s);
+    return lacksFiscalYear(database) || lacksPlanKey(database);
 }
 
 void SuiteSchema::afterModuleUpgrade(int database)
@@ -311,7 +327,11 @@ void SuiteSchema::afterModuleUpgrade(int database)
         return;
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    temp.ExecuteQuery("ALTER TABLE AutomobilContracts ADD COLUMN iFiscalYear INT DEFAULT 0", false, true);
+    if (lacksFiscalYear(database))
+        temp.ExecuteQuery("ALTER TABLE AutomobilContracts ADD COLUMN iFiscalYear INT DEFAULT 0", false, true);
+    // Who locks the plan of one contract would otherwise lock those of all.
+    if (lacksPlanKey(database))
+        temp.ExecuteQuery("ALTER TABLE AutomobilPayments ADD KEY contract (iAutomobilContractID)", false, true);
     KTableSchema::forgetAll();
 }
 

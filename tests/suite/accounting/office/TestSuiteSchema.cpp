@@ -34,6 +34,7 @@ private Q_SLOTS:
     void missingVersionIsNoVersion_data();
     void missingVersionIsNoVersion();
     void fiscalYearIsAddedToContractsOnce();
+    void plansAreFoundByTheirContract();
     void tablesAreUtf8();
 
 private:
@@ -292,6 +293,22 @@ void TestSuiteSchema::fiscalYearIsAddedToContractsOnce()
     m_database.run(u"UPDATE AutomobilContracts SET iFiscalYear=1405"_s);
     SuiteSchema::afterModuleUpgrade();
     QCOMPARE(m_database.value(u"SELECT iFiscalYear FROM AutomobilContracts"_s), u"1405"_s);
+}
+
+// Without it, who locks the plan of one contract waits for whoever holds that of another.
+void TestSuiteSchema::plansAreFoundByTheirContract()
+{
+    SuiteSchema::upgrade();
+    m_database.run(u"CREATE TABLE AutomobilContracts (iID INT NOT NULL PRIMARY KEY, iFiscalYear INT DEFAULT 0)"_s);
+    m_database.run(u"CREATE TABLE AutomobilPayments (iID INT NOT NULL PRIMARY KEY, iAutomobilContractID INT DEFAULT 0)"_s);
+    const QString keys = u"SELECT COUNT(*) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
+                         "TABLE_NAME='AutomobilPayments' AND COLUMN_NAME='iAutomobilContractID'"_s;
+    QVERIFY(SuiteSchema::isClosingStepDue());
+    SuiteSchema::afterModuleUpgrade();
+    QCOMPARE(m_database.value(keys), u"1"_s);
+    QVERIFY(!SuiteSchema::isClosingStepDue());
+    SuiteSchema::afterModuleUpgrade();
+    QCOMPARE(m_database.value(keys), u"1"_s);
 }
 
 void TestSuiteSchema::tablesAreUtf8()
