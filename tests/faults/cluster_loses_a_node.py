@@ -5,8 +5,8 @@
 
 import threading
 
-from lib.sound_books import check as check_books
 from rig.fault import check, run, step
+from lib.sound_books import check as check_books
 from lib.waiting import wait_for
 
 # The node of the first desk is killed when the two have saved so many, or more.

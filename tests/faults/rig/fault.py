@@ -13,9 +13,9 @@ import time
 import traceback
 
 from lib.processes import Processes
+from lib.sound_books import check as check_books
 
 from . import CLERK
-from lib.sound_books import check as check_books
 from .cluster import Cluster
 from .desk import Desk, options
 from .server import OFFICE, Server
