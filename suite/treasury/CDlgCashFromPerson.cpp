@@ -13,6 +13,7 @@
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/treasury/CDlgReceiptPaper.h"
 #include "suite/treasury/ChequeFields.h"
+#include "suite/treasury/MoneyOnAccount.h"
 #include "suite/treasury/OpenItemField.h"
 #include "suite/treasury/ReceiptSpread.h"
 #include "suite/utility/entries/AmountWords.h"
@@ -36,6 +37,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -195,7 +197,18 @@ void CDlgCashFromPerson::begin()
 void CDlgCashFromPerson::personChosen()
 {
     m_cheque->setDrawerHint(m_person->name());
-    m_for->setPerson(m_person->personID());
+    showOnAccount();
+    // An amount that somebody else asks for, and without saying what for, stays on account.
+    const bool isAsked = m_start.amount > 0;
+    m_for->setPerson(m_person->personID(), isAsked ? OpenItemField::Proposal::OnAccount : OpenItemField::Proposal::FirstDue);
+}
+
+// What the person has handed over already, and was for nothing yet, is seen before more is taken.
+void CDlgCashFromPerson::showOnAccount()
+{
+    const double sum = m_person->personID() > 0 ? MoneyOnAccount::of(m_person->personID()) : 0;
+    const QString text = u"علی‌الحساب %1: %2 %3"_s.arg(sum > 0 ? u"دریافت شده"_s : u"پرداخت شده"_s, DToMoney(std::abs(sum)), m_settings.moneyUnitName());
+    FieldNote::of(m_person)->setOwnText(IsEquals(sum, 0) ? QString() : text);
 }
 
 void CDlgCashFromPerson::itemChosen()
@@ -209,10 +222,14 @@ void CDlgCashFromPerson::itemChosen()
                                     : u"%1 %2"_s.arg(CTblReceipts::kindName(m_start.kind), onAccount()));
     // What the user typed stays.
     const bool isProposed = m_amount->number() <= 0 || IsEquals(m_amount->number(), m_proposedAmount);
-    if (!item || !isProposed)
+    const bool wasProposed = m_proposedAmount > 0;
+    if (!isProposed || (!item && !wasProposed))
         return;
-    m_proposedAmount = roundToDecimals(item->rest, m_settings.moneyDecimals());
-    m_amount->setNumber(m_proposedAmount);
+    m_proposedAmount = item ? roundToDecimals(item->rest, m_settings.moneyDecimals()) : 0;
+    if (item)
+        m_amount->setNumber(m_proposedAmount);
+    else
+        m_amount->clear();
 }
 
 void CDlgCashFromPerson::describe(const QString &text)

@@ -65,6 +65,7 @@ private:
     void methodChosen();
     void fillAccounts();
     void personChosen();
+    void showOnAccount();
     void itemChosen();
     void describe(const QString &text);
     void showRest();

@@ -23,15 +23,24 @@ void OpenItemField::setFixed(const ReceiptPurpose &purpose, const QString &textW
     setEnabled(false);
 }
 
-void OpenItemField::setPerson(int personID)
+void OpenItemField::setPerson(int personID, Proposal proposal)
 {
     m_personID = personID;
-    fill({});
+    read();
+    const OpenItem *first = proposal == Proposal::FirstDue ? ReceiptSpread::firstDue(m_items) : nullptr;
+    fill(first ? first->purpose : ReceiptPurpose());
 }
 
 void OpenItemField::reload()
 {
-    fill(purpose());
+    const ReceiptPurpose chosen = purpose();
+    read();
+    fill(chosen);
+}
+
+void OpenItemField::read()
+{
+    m_items = m_personID > 0 ? ReceiptOwners::openItems(m_personID, m_kind) : QList<OpenItem>();
 }
 
 ReceiptPurpose OpenItemField::purpose() const
@@ -51,7 +60,6 @@ void OpenItemField::fill(const ReceiptPurpose &chosen)
 {
     {
         const QSignalBlocker quiet(this);
-        m_items = m_personID > 0 ? ReceiptOwners::openItems(m_personID, m_kind) : QList<OpenItem>();
         clear();
         if (m_fixed.recordKind != 0) {
             addItem(m_fixedText);

@@ -20,8 +20,13 @@ public:
 
     // One purpose, which cannot be changed; shown as its text or, without one, as the other.
     void setFixed(const ReceiptPurpose &purpose, const QString &textWithoutOwn);
-    // The items of another person, on account at first.
-    void setPerson(int personID);
+    // What is chosen before the user does so.
+    enum class Proposal {
+        OnAccount,
+        FirstDue // on account where nothing is open
+    };
+    // The items of another person.
+    void setPerson(int personID, Proposal proposal);
     // Reads the items anew and keeps the choice. What is no longer open is no longer chosen, and nothing else is instead.
     void reload();
 
@@ -33,6 +38,7 @@ public:
     const OpenItem *item() const;
 
 private:
+    void read();
     void fill(const ReceiptPurpose &chosen);
 
     CTblReceipts::Kind m_kind;

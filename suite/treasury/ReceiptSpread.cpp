@@ -49,6 +49,13 @@ const OpenItem *ReceiptSpread::find(const QList<OpenItem> &items, const ReceiptP
     return found == items.end() ? nullptr : &*found;
 }
 
+const OpenItem *ReceiptSpread::firstDue(const QList<OpenItem> &items)
+{
+    // An invalid day is before every other.
+    const auto first = std::ranges::min_element(items, {}, [](const OpenItem &item) { return item.due.isValid() ? item.due.date().toJulianDay() : 0; });
+    return first == items.end() ? nullptr : &*first;
+}
+
 double ReceiptSpread::surplus(double amount, const ReceiptPurpose &purpose, const QList<OpenItem> &open)
 {
     const OpenItem *item = find(open, purpose);

@@ -22,6 +22,9 @@ TZTREASURYDATA_EXPORT bool isSame(const ReceiptPurpose &first, const ReceiptPurp
 // The item that a purpose names, or nullptr.
 TZTREASURYDATA_EXPORT const OpenItem *find(const QList<OpenItem> &items, const ReceiptPurpose &purpose);
 
+// What is paid first: what is due at once, else what has been due longest, of two the first; nullptr where nothing is open.
+TZTREASURYDATA_EXPORT const OpenItem *firstDue(const QList<OpenItem> &items);
+
 // How much of the amount is more than the item's rest; 0 for one that is not among the open items, whose rest is not known.
 TZTREASURYDATA_EXPORT double surplus(double amount, const ReceiptPurpose &purpose, const QList<OpenItem> &open);
 

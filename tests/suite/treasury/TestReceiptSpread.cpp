@@ -56,7 +56,31 @@ private Q_SLOTS:
     void amountGoesOnFromItemToItem();
     void sharesComeToTheAmount();
     void sidesOfAContractAreNotTheSame();
+    void firstDueIsWhatIsPaidFirst_data();
+    void firstDueIsWhatIsPaidFirst();
 };
+
+void TestReceiptSpread::firstDueIsWhatIsPaidFirst_data()
+{
+    QTest::addColumn<QList<int>>("days"); // from a day on; 0: at once
+    QTest::addColumn<int>("first");
+    QTest::newRow("nothing open") << QList<int>() << -1;
+    QTest::newRow("one") << QList<int>{30} << 0;
+    QTest::newRow("in their order") << QList<int>{30, 60} << 0;
+    QTest::newRow("an older one of another record") << QList<int>{60, 90, 30} << 2;
+    QTest::newRow("at once before every day") << QList<int>{30, 0, 0} << 1;
+}
+
+void TestReceiptSpread::firstDueIsWhatIsPaidFirst()
+{
+    QFETCH(QList<int>, days);
+    const QDateTime start(QDate(2026, 1, 1), QTime(0, 0), Qt::UTC);
+    QList<OpenItem> items;
+    for (const int day : std::as_const(days))
+        items.append({invoice(int(items.size())), 10, day == 0 ? QDateTime() : start.addDays(day)});
+    const OpenItem *first = ReceiptSpread::firstDue(items);
+    QTEST(first ? first->purpose.recordID : -1, "first");
+}
 
 void TestReceiptSpread::amountGoesOnFromItemToItem_data()
 {
