@@ -9,7 +9,9 @@
 #include "suite/accounting/invoices/CTblFactorStuffs.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/office/NamedLock.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/treasury/ChequeStates.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;
@@ -57,7 +59,8 @@ double restOf(const InvoiceDebt &debt, CTblReceipts::Kind kind)
     const bool owesOffice = debt.owed > 0;
     if (owesOffice != (kind == CTblReceipts::received))
         return 0;
-    const double rest = debt.owed - debt.received;
+    // What cannot be handed over is not open.
+    const double rest = roundToDecimals(debt.owed - debt.received, OfficeSettings::read().moneyDecimals());
     return owesOffice ? rest : -rest;
 }
 
@@ -92,12 +95,15 @@ std::function<void()> requireSameRest(int type, int num, double seen, CTblReceip
     };
 }
 
+// A cheque that bounced may still be paid; it is out of the way once it was given back.
 double moneyAgainst(int num, int database)
 {
     CTblTemp query(database);
     query.Open(false, false, true);
-    query.FormatAndExecuteQuery("SELECT IFNULL(SUM(dAmount),0) FROM Receipts WHERE iTable IN (%d,%d) AND iRecordID=%d AND iStatus=0",
-                                int(RecordKind::SaleInvoice), int(RecordKind::PurchaseInvoice), num);
+    query.FormatAndExecuteQuery("SELECT IFNULL(SUM(r.dAmount),0) FROM Receipts AS r LEFT JOIN Cheques AS c ON c.iID=r.iChequeID "
+                                "WHERE r.iTable IN (%d,%d) AND r.iRecordID=%d AND (r.iStatus=%d OR (r.iStatus=%d AND c.iState NOT IN (%d,%d)))",
+                                int(RecordKind::SaleInvoice), int(RecordKind::PurchaseInvoice), num, int(CTblReceipts::valid),
+                                int(CTblReceipts::unpaid), int(ChequeState::Returned), int(ChequeState::Void));
     return query.HasResultRow() ? query.GetDoubleFieldValue(0) : 0;
 }
 

@@ -15,7 +15,7 @@ public:
     ~InvoiceReceiptOwner() override;
 
     // Enters both types, for as long as the program runs; invoices are then neither made void nor given to another person while
-    // money stands against them.
+    // money stands against them, nor lowered below it.
     static void enter();
 
     QList<OpenItem> openItems(int personID, CTblReceipts::Kind kind) const override;

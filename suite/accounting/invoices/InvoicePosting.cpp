@@ -67,20 +67,38 @@ QString refusalOf(const CTblFactors &invoice, int fiscalYear)
     return {};
 }
 
+// A cheque counts until it was given back, for a bounced one may still be paid.
+QString moneyText(int num, double taken, int database)
+{
+    return u"برای فاکتور شماره %1 مبلغ %2 %3 دریافت یا پرداخت شده است (چک برگشتی نیز تا عودت آن به حساب می‌آید)."_s.arg(
+        QString::number(num), DToMoney(taken), OfficeSettings::read({}, database).moneyUnitName());
+}
+
 // Empty while no money stands against the invoice.
 QString moneyRefusal(int num, int database)
 {
     const double taken = moneyTaken ? moneyTaken(num, database) : 0;
     if (IsEquals(taken, 0))
         return {};
-    return u"برای فاکتور شماره %1 مبلغ %2 %3 دریافت یا پرداخت شده است. ابتدا آن را در فهرست «دریافت‌ها و پرداخت‌ها» باطل نمایید."_s
-        .arg(QString::number(num), DToMoney(taken), OfficeSettings::read({}, database).moneyUnitName());
+    return moneyText(num, taken, database) + u" ابتدا آن را در فهرست «دریافت‌ها و پرداخت‌ها» باطل نمایید."_s;
 }
 
 void requireNoMoney(const CTblFactors &invoice)
 {
     if (const QString refusal = moneyRefusal(invoice.m_iID, invoice.database()); !refusal.isEmpty())
         throw KAccountingError(refusal);
+}
+
+// What was received for more is neither owed nor on account, and nothing would ever show it.
+void requireNotBelowMoney(const CTblFactors &stored, const Invoice &invoice, const Frame &frame)
+{
+    const double before = stored.m_dAmount - stored.m_dDiscount + stored.m_dTax + stored.m_dImposition;
+    const double now = invoice.sum(frame.decimals) - invoice.discount + invoice.tax + invoice.duty;
+    if (now > before || IsEquals(now, before))
+        return;
+    const double taken = moneyTaken ? moneyTaken(stored.m_iID, frame.database) : 0;
+    if (taken > now && !IsEquals(taken, now))
+        throw KAccountingError(moneyText(stored.m_iID, taken, frame.database) + u" مبلغ آن کمتر از این نمی‌شود."_s);
 }
 
 QString goneText()
@@ -96,6 +114,11 @@ void lockForChange(CTblFactors &record, int num, const Frame &frame)
     const QString refusal = refusalOf(record, frame.fiscalYear);
     if (!refusal.isEmpty())
         throw KAccountingError(refusal);
+}
+
+bool isReturned(int num, const Frame &frame)
+{
+    return InvoicePosting::load(num, frame.database).returned;
 }
 
 // What the user edited, onto the invoice as it is now.
@@ -190,8 +213,9 @@ InvoicePosting::Saved write(const Invoice &edited, const OpenedRow *opened, cons
         if (opened)
             invoice = mergedOnto(*opened, edited, frame);
         requireSavable(invoice, frame);
-        if (invoice.personID != record.m_iPersonID)
+        if (invoice.personID != record.m_iPersonID || invoice.returned != isReturned(edited.num, frame))
             requireNoMoney(record);
+        requireNotBelowMoney(record, invoice, frame);
         record.Edit();
     } else {
         record.AddNew();

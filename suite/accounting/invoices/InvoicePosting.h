@@ -20,8 +20,8 @@ struct Saved
 // Writes the invoice; num 0 adds a new one in the current fiscal year and department, another number changes that one: its
 // type stays, its lines are written anew, its document keeps number and year and gets new rows. Throws KAccountingError, with nothing changed,
 // for a problem of the invoice, a date outside the fiscal year, a closed database, a person or service that is
-// gone, when the invoice that is to be changed is gone, void, or of another fiscal year, and for another person than the one whose
-// money stands against it.
+// gone, when the invoice that is to be changed is gone, void, or of another fiscal year, for another person than the one whose
+// money stands against it, and for less than that money.
 Saved TZACCOUNTINGDATA_EXPORT save(const Invoice &invoice, int database = 0);
 // For a user who has been editing the invoice: edited is what the window shows, opened what it began with, both as
 // InvoiceValues. What only one side changed is kept of both; the lines and figures count as one field. Also throws RowChanged

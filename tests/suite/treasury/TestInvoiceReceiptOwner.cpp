@@ -5,6 +5,8 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/RecordKinds.h"
+#include "suite/treasury/ChequeChanging.h"
+#include "suite/utility/values/Money.h"
 #include "tests/suite/treasury/InvoiceOffice.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -26,6 +28,13 @@ private Q_SLOTS:
     void secondDeskIsToldWhoReceived();
     void invoiceWithMoneyIsNotMadeVoid();
     void invoiceWithMoneyKeepsItsPerson();
+    void invoiceIsNotLoweredBelowItsMoney_data();
+    void invoiceIsNotLoweredBelowItsMoney();
+    void invoiceWithMoneyStaysASale();
+    void bouncedChequeStandsUntilItIsGivenBack_data();
+    void bouncedChequeStandsUntilItIsGivenBack();
+    void restIsInTheDecimalsOfTheMoneyUnit_data();
+    void restIsInTheDecimalsOfTheMoneyUnit();
 
 private:
     QString refused(const std::function<void()> &work);
@@ -124,6 +133,95 @@ void TestInvoiceReceiptOwner::secondDeskIsToldWhoReceived()
     const QString told = refused([&] { m_office.take(m_office.ali, 990, seenHere); });
     QVERIFY2(told.startsWith(u"کاربر «admin» در "_s) && told.contains(u"مانده «فاکتور فروش شماره %1»"_s.arg(num)), qPrintable(told));
     QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Receipts"_s), u"1"_s);
+}
+
+void TestInvoiceReceiptOwner::invoiceIsNotLoweredBelowItsMoney_data()
+{
+    QTest::addColumn<double>("taken");
+    QTest::addColumn<double>("price"); // of its one line; 90 more are owed less the discount of 100
+    QTest::addColumn<bool>("isRefused");
+    QTest::newRow("nothing received") << 0. << 500. << false;
+    QTest::newRow("still above it") << 400. << 500. << false;
+    QTest::newRow("just what was received") << 490. << 500. << false;
+    QTest::newRow("below it") << 491. << 500. << true;
+    QTest::newRow("raised") << 990. << 1500. << false;
+    QTest::newRow("paid whole and left as it is") << 990. << 1000. << false;
+}
+
+void TestInvoiceReceiptOwner::invoiceIsNotLoweredBelowItsMoney()
+{
+    QFETCH(double, taken);
+    QFETCH(double, price);
+    QFETCH(bool, isRefused);
+    const int num = m_office.invoice(Invoice::sale, m_office.ali);
+    if (taken > 0)
+        m_office.take(m_office.ali, taken, m_office.purposeOf(m_office.ali, num));
+    Invoice invoice = InvoicePosting::load(num);
+    invoice.lines[0].price = price;
+    const QString told = refused([&] { InvoicePosting::save(invoice); });
+    QVERIFY2(told.contains(u"مبلغ %1 "_s.arg(taken)) == isRefused && told.isEmpty() != isRefused, qPrintable(told));
+    QCOMPARE(m_office.database.value(u"SELECT dAmount FROM Factors"_s), QString::number(isRefused ? 1000 : price));
+}
+
+void TestInvoiceReceiptOwner::invoiceWithMoneyStaysASale()
+{
+    const int num = m_office.invoice(Invoice::sale, m_office.ali);
+    m_office.take(m_office.ali, 90, m_office.purposeOf(m_office.ali, num));
+    Invoice invoice = InvoicePosting::load(num);
+    invoice.returned = true;
+    QVERIFY(refused([&] { InvoicePosting::save(invoice); }).contains(u"مبلغ 90 "_s));
+    QCOMPARE(InvoicePosting::load(num).returned, false);
+}
+
+void TestInvoiceReceiptOwner::bouncedChequeStandsUntilItIsGivenBack_data()
+{
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("stands");
+    QTest::newRow("in hand") << int(ChequeState::InHand) << true;
+    QTest::newRow("bounced") << int(ChequeState::Bounced) << true;
+    QTest::newRow("given back") << int(ChequeState::Returned) << false;
+}
+
+void TestInvoiceReceiptOwner::bouncedChequeStandsUntilItIsGivenBack()
+{
+    QFETCH(int, state);
+    QFETCH(bool, stands);
+    const int num = m_office.invoice(Invoice::sale, m_office.ali);
+    const Cheque cheque{.sayad = u"1234567890123456"_s, .bank = u"ملت"_s, .due = m_office.day};
+    const ReceiptPosting::Part part{990, u"چک"_s, m_office.purposeOf(m_office.ali, num)};
+    const int id = ReceiptPosting::save({.personID = m_office.ali, .date = m_office.day, .method = CTblReceipts::cheque, .cheque = cheque, .parts = {part}}).constFirst().chequeID;
+    if (state != int(ChequeState::InHand))
+        ChequeChanging::change({.seen = ChequeChanging::seen(id), .to = static_cast<ChequeState>(state), .date = m_office.day});
+    QCOMPARE(!InvoicePosting::voidRefusal(num).isEmpty(), stands);
+    QCOMPARE(!refused([&] { InvoicePosting::makeVoid(num); }).isEmpty(), stands);
+}
+
+void TestInvoiceReceiptOwner::restIsInTheDecimalsOfTheMoneyUnit_data()
+{
+    QTest::addColumn<double>("tax"); // of an invoice of 936 without it
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("rest");
+    QTest::newRow("less than half") << 54.4 << 0 << u"990"_s;
+    QTest::newRow("more than half") << 54.6 << 0 << u"991"_s;
+    QTest::newRow("kept") << 54.6 << 1 << u"990.6"_s;
+}
+
+// An invoice from when the office kept more decimals: what is proposed is what is open.
+void TestInvoiceReceiptOwner::restIsInTheDecimalsOfTheMoneyUnit()
+{
+    QFETCH(double, tax);
+    QFETCH(int, decimals);
+    const int num = m_office.invoice(Invoice::sale, m_office.ali);
+    m_office.database.run(u"UPDATE Factors SET dTax=%1"_s.arg(tax));
+    GetDBSetting()->SetMoneyDecimals(decimals);
+    const QList<OpenItem> items = m_office.openItems(m_office.ali);
+    QCOMPARE(items.size(), 1);
+    QTEST(DToStr(items.constFirst().rest), "rest");
+    m_office.take(m_office.ali, items.constFirst().rest, items.constFirst().purpose);
+    const QString left = m_office.open(m_office.ali);
+    GetDBSetting()->SetMoneyDecimals(0);
+    QCOMPARE(left, QString());
+    QVERIFY(num > 0);
 }
 
 void TestInvoiceReceiptOwner::invoiceWithMoneyIsNotMadeVoid()
