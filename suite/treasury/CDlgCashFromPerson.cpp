@@ -134,8 +134,8 @@ void CDlgCashFromPerson::build()
     m_words->setObjectName(u"amountInWords"_s);
     m_words->setMinimumHeight(LookSizes::scaled(LookSizes::labelLine));
 
-    auto *page = new CardPage(640, this);
-    FormGrid *grid = page->addForm();
+    m_page = new CardPage(640, this);
+    FormGrid *grid = m_page->addForm();
     addLabelled(grid, u"شخص :"_s, m_person, 2);
     addLabelled(grid, u"بابت :"_s, m_for, 2);
     grid->addField(labelFor(u"مبلغ :"_s, m_amount), new FieldNote(m_amount), buildAmount(), 2);
@@ -144,8 +144,8 @@ void CDlgCashFromPerson::build()
     addLabelled(grid, u"تاریخ :"_s, m_date);
     addLabelled(grid, u"روش :"_s, m_method);
     m_accountLabel = addLabelled(grid, isPaid ? u"پرداخت از :"_s : u"دریافت در :"_s, m_account, 2);
-    page->cards()->addCard(m_cheque);
-    setContent(page, createButtons());
+    m_page->cards()->addCard(m_cheque);
+    setContent(m_page, createButtons());
     footer()->addWidget(m_print);
     m_print->setAccessibleName(m_print->text());
     m_print->setChecked(ReadSetting(settingName, printKey, 0) != 0);
@@ -269,9 +269,20 @@ void CDlgCashFromPerson::methodChosen()
     m_account->setVisible(!byCheque);
     m_accountLabel->setVisible(!byCheque);
     fillAccounts();
-    // The fields of the cheque come and go, and the window with them.
-    if (isVisible())
-        resize(width(), std::min(sizeHint().height(), screen()->availableGeometry().height()));
+    followFields();
+}
+
+// The fields of the cheque come and go, and the window with them. The area in which they scroll keeps the height it once asked for.
+void CDlgCashFromPerson::followFields()
+{
+    if (!isVisible())
+        return;
+    const int around = height() - m_page->parentWidget()->height();
+    const int room = screen()->availableGeometry().height();
+    resize(width(), std::min(around + m_page->sizeHint().height(), room));
+    const int below = frameGeometry().bottom() - screen()->availableGeometry().bottom();
+    if (below > 0)
+        move(x(), std::max(screen()->availableGeometry().top(), y() - below));
 }
 
 void CDlgCashFromPerson::fillAccounts()
@@ -327,6 +338,31 @@ bool CDlgCashFromPerson::checkEntries()
     return problem.isEmpty() || refuse(problem, field);
 }
 
+bool CDlgCashFromPerson::isWanted(const QString &question, QWidget *field)
+{
+    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes)
+        return true;
+    field->setFocus();
+    return false;
+}
+
+// A day that is rarely meant. What the fiscal year refuses is refused where it is saved.
+bool CDlgCashFromPerson::areDatesWanted()
+{
+    const QDate day = m_date->date();
+    const QDate today = GetDBSetting()->GetDBServerDate().date();
+    const QString kind = CTblReceipts::kindName(m_start.kind);
+    if (!m_settings.fiscalYearRefusal(day, kind).isEmpty())
+        return true;
+    if (day > today && !isWanted(u"تاریخ %1 (%2) پس از امروز (%3) است. آیا با همین تاریخ ثبت شود؟"_s.arg(kind, shamsiText(day), shamsiText(today)), m_date))
+        return false;
+    const QDate due = m_cheque->cheque().due.date();
+    if (method() != CTblReceipts::cheque || !due.isValid() || due >= day)
+        return true;
+    return isWanted(u"سررسید چک (%1) پیش از تاریخ %2 (%3) است. آیا با همین سررسید ثبت شود؟"_s.arg(shamsiText(due), kind, shamsiText(day)),
+                    m_cheque->fieldOf(u"dateDue"_s));
+}
+
 // More than the one thing still owes goes on to others, which the user must want.
 bool CDlgCashFromPerson::mayGoOn(double surplus)
 {
@@ -371,7 +407,7 @@ ReceiptPosting::Handover CDlgCashFromPerson::handover() const
 
 bool CDlgCashFromPerson::OnOK()
 {
-    if (!checkEntries())
+    if (!checkEntries() || !areDatesWanted())
         return false;
     const double surplus = ReceiptSpread::surplus(m_amount->number(), m_for->purpose(), m_for->items());
     if (surplus > 0 && !mayGoOn(surplus))

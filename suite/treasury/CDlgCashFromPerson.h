@@ -10,6 +10,7 @@
 #include "suite/utility/frame/KDialog.h"
 
 class AmountWords;
+class CardPage;
 class ChequeFields;
 class KDateEdit;
 class KEdit;
@@ -63,6 +64,7 @@ private:
     void connectFields();
     void begin();
     void methodChosen();
+    void followFields();
     void fillAccounts();
     void personChosen();
     void showOnAccount();
@@ -74,6 +76,8 @@ private:
     bool checkEntries();
     QWidget *fieldOf(const QString &column) const;
     CTblReceipts::Method method() const;
+    bool isWanted(const QString &question, QWidget *field);
+    bool areDatesWanted();
     bool mayGoOn(double surplus);
     ReceiptPosting::Handover handover() const;
     QList<ReceiptPosting::Part> parts() const;
@@ -84,6 +88,7 @@ private:
     QString m_proposedDesc;
     double m_proposedAmount = 0;
     QList<ReceiptPosting::Posted> m_posted;
+    CardPage *m_page = nullptr;
     KPersonField *m_person;
     OpenItemField *m_for;
     KEdit *m_amount;

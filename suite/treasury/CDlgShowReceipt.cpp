@@ -112,7 +112,7 @@ void CDlgShowReceipt::addCheque(CardPage &page)
     addText(grid, u"بانک :"_s, cheque.bank, 2);
     addText(grid, u"شعبه :"_s, cheque.branch);
     addText(grid, u"کد شعبه :"_s, cheque.branchCode);
-    addText(grid, u"صاحب حساب :"_s, cheque.drawer, 2);
+    addText(grid, u"صادرکننده :"_s, cheque.drawer, 2);
     addText(grid, u"مبلغ چک :"_s, DToMoney(m_receipt.chequeAmount), 2);
 }
 

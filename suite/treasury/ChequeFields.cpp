@@ -63,7 +63,7 @@ ChequeFields::ChequeFields(QWidget *parent)
     addLabelled(grid, u"بانک :"_s, m_bank, 2);
     addLabelled(grid, u"شعبه :"_s, m_branch);
     addLabelled(grid, u"کد شعبه :"_s, m_branchCode);
-    addLabelled(grid, u"صاحب حساب :"_s, m_drawer, 2);
+    addLabelled(grid, u"صادرکننده :"_s, m_drawer, 2);
     connect(m_sayad, &KEdit::textChanged, this, [this] { checkSayad(false); });
     connect(m_sayad, &KEdit::editingFinished, this, [this] { checkSayad(true); });
 }

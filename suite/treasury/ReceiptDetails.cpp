@@ -47,7 +47,7 @@ QString chequeText(const ReceiptDetails &details)
     add(u"شعبه %1"_s, cheque.branch);
     add(u"کد شعبه %1"_s, cheque.branchCode);
     add(u"سررسید %1"_s, shamsiText(cheque.due.date()));
-    add(u"صاحب حساب %1"_s, cheque.drawer);
+    add(u"صادرکننده %1"_s, cheque.drawer);
     if (!IsEquals(details.chequeAmount, details.amount))
         add(u"به مبلغ %1"_s, DToMoney(details.chequeAmount));
     return parts.join(u"، "_s);

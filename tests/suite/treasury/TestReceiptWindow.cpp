@@ -18,6 +18,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QtTest>
 
 using FormDriver::field;
@@ -33,7 +35,7 @@ void enterCheque(QDialog &dialog, const QString &number = sayad)
     field<KEdit>(&dialog, u"شناسه صیادی :"_s)->setText(number);
     field<KEdit>(&dialog, u"شماره چک :"_s)->setText(u"77"_s);
     field<KEdit>(&dialog, u"بانک :"_s)->setText(u"ملت"_s);
-    field<KDateEdit>(&dialog, u"سررسید :"_s)->setDate(QDate(2026, 12, 20));
+    field<KDateEdit>(&dialog, u"سررسید :"_s)->setDate(field<KDateEdit>(&dialog, u"تاریخ :"_s)->date().addMonths(1));
 }
 
 }
@@ -49,6 +51,9 @@ private Q_SLOTS:
     void titles();
     void accountsFollowTheMethod_data();
     void accountsFollowTheMethod();
+    void windowGrowsAndShrinksWithTheCheque();
+    void unusualDatesAreAsked_data();
+    void unusualDatesAreAsked();
     void sayadIsCheckedWhileTyped();
     void chequeIsEnteredWithTheReceipt();
     void wrongChequeIsRefusedAtItsField_data();
@@ -121,6 +126,63 @@ void TestReceiptWindow::accountsFollowTheMethod()
     QCOMPARE(cheque->isVisible(), account.isEmpty());
     if (!account.isEmpty())
         QCOMPARE(accounts->currentText(), account);
+}
+
+void TestReceiptWindow::windowGrowsAndShrinksWithTheCheque()
+{
+    CDlgCashFromPerson dialog(m_office.ali, 5, {});
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+    const auto *area = dialog.findChild<QScrollArea *>();
+    const int before = dialog.height();
+    auto *method = field<QComboBox>(&dialog, u"روش :"_s);
+    method->setCurrentText(u"چک"_s);
+    QTRY_VERIFY(dialog.height() > before);
+    QTRY_COMPARE(area->verticalScrollBar()->maximum(), 0);
+    method->setCurrentText(u"کارت"_s);
+    QTRY_COMPARE(dialog.height(), before);
+}
+
+void TestReceiptWindow::unusualDatesAreAsked_data()
+{
+    QTest::addColumn<int>("days"); // of the receipt, from today
+    QTest::addColumn<int>("due");  // of the cheque, from the receipt; 0: in cash
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("field");
+    QTest::newRow("today in cash") << 0 << 0 << QString() << QString();
+    QTest::newRow("yesterday") << -1 << 0 << QString() << QString();
+    QTest::newRow("tomorrow") << 1 << 0 << u"پس از امروز"_s << u"تاریخ :"_s;
+    QTest::newRow("cheque of next month") << 0 << 30 << QString() << QString();
+    QTest::newRow("cheque of last year") << 0 << -365 << u"سررسید چک"_s << u"سررسید :"_s;
+}
+
+void TestReceiptWindow::unusualDatesAreAsked()
+{
+    QFETCH(int, days);
+    QFETCH(int, due);
+    QFETCH(QString, asked);
+    QFETCH(QString, field);
+    CDlgCashFromPerson dialog(m_office.ali, 5, u"شرح"_s);
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    if (due != 0)
+        enterCheque(dialog);
+    auto *date = ::field<KDateEdit>(&dialog, u"تاریخ :"_s);
+    date->setDate(date->date().addDays(days));
+    if (due != 0)
+        ::field<KDateEdit>(&dialog, u"سررسید :"_s)->setDate(date->date().addDays(due));
+    if (!asked.isEmpty()) {
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        dialog.accept();
+        QVERIFY(dialog.isVisible());
+        const QStringList shown = g_pDlgYesNo->takeShown();
+        QVERIFY2(shown.size() == 1 && shown.constFirst().contains(asked), qPrintable(shown.join(u'/')));
+        QVERIFY(::field<KDateEdit>(&dialog, field)->hasFocus());
+        QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), u"0"_s);
+    }
+    dialog.accept();
+    QCOMPARE(g_pDlgYesNo->takeShown().size(), asked.isEmpty() ? 0 : 1);
+    QCOMPARE(value("SELECT COUNT(*) FROM Receipts"), u"1"_s);
 }
 
 void TestReceiptWindow::sayadIsCheckedWhileTyped()
