@@ -23,6 +23,7 @@
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
 
+#include <algorithm>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -74,7 +75,7 @@ bool byCheque(const Handover &handover)
     return handover.method == CTblReceipts::cheque;
 }
 
-void requireSavable(const Handover &handover, int database)
+void requireSavable(const Handover &handover)
 {
     if (handover.personID < 1)
         throw FieldRefused(u"لطفا شخص را انتخاب نمایید."_s, u"iPersonID"_s);
@@ -90,10 +91,23 @@ void requireSavable(const Handover &handover, int database)
         throw FieldRefused(u"لطفا حساب صندوق یا بانک را انتخاب نمایید."_s, u"iAccount"_s);
     if (!handover.date.isValid())
         throw FieldRefused(u"لطفا تاریخ را وارد نمایید."_s, u"date"_s);
-    const QString refusal =
-        OfficeSettings::read({}, database).fiscalYearRefusal(handover.date.date(), CTblReceipts::kindName(handover.kind));
+}
+
+// What all parts of one handing over have in common besides what it says itself. Read within the unit, so that date and document
+// are of the same year.
+struct Frame
+{
+    int fiscalYear = 0;
+    QDateTime now;
+};
+
+Frame frameOf(const Handover &handover, int database)
+{
+    const OfficeSettings settings = OfficeSettings::read({}, database);
+    const QString refusal = settings.fiscalYearRefusal(handover.date.date(), CTblReceipts::kindName(handover.kind));
     if (!refusal.isEmpty())
         throw FieldRefused(refusal, u"date"_s);
+    return {settings.fiscalYear(), settings.serverTime()};
 }
 
 // Locked, so that neither goes before the unit ends.
@@ -137,21 +151,21 @@ int moneyAccount(const Handover &handover)
     return handover.kind == CTblReceipts::paid ? Accounts::chequesPayable : Accounts::chequesInHand;
 }
 
-void writeDocument(CTblReceipts &receipt, const Handover &handover)
+void writeDocument(CTblReceipts &receipt, const Handover &handover, const Frame &frame)
 {
     DocumentWriter document({receipt.m_date, receipt.m_sDesc,
                              receiptDocumentRows({handover.kind == CTblReceipts::paid, receipt.m_iPersonID, receipt.m_dAmount,
                                                   moneyAccount(handover), receipt.m_sDesc})},
                             receipt.database());
     const int kind = handover.kind == CTblReceipts::paid ? Accounts::documentKindPayment : Accounts::documentKindReceipt;
-    if (!document.add(kind, GetDBSetting()->FiscalYear()))
+    if (!document.add(kind, frame.fiscalYear))
         throw KAccountingError(u"سند %1 ایجاد نشد."_s.arg(CTblReceipts::kindName(handover.kind)));
     document.writeRows();
     receipt.m_iDocNum = document.num();
     receipt.m_iFiscalYear = document.fiscalYear();
 }
 
-void addReceipt(CTblReceipts &receipt, const Handover &handover, const Part &part, int chequeID)
+void addReceipt(CTblReceipts &receipt, const Handover &handover, const Part &part, int chequeID, const Frame &frame)
 {
     receipt.AddNew();
     receipt.m_iKind = handover.kind;
@@ -160,7 +174,7 @@ void addReceipt(CTblReceipts &receipt, const Handover &handover, const Part &par
     receipt.m_dAmount = part.amount;
     receipt.m_sDesc = ConvertToStandard(part.desc).left(CTblReceipts::longestDescription);
     receipt.m_iUserID = GetDBSetting()->GetUserID();
-    receipt.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    receipt.m_dateCreate = frame.now;
     receipt.m_iMethod = handover.method;
     receipt.m_iAccount = byCheque(handover) ? 0 : handover.account;
     receipt.m_iChequeID = chequeID;
@@ -170,7 +184,7 @@ void addReceipt(CTblReceipts &receipt, const Handover &handover, const Part &par
     receipt.m_iFor = part.purpose.what;
     receipt.m_iSide = part.purpose.side;
     receipt.m_sFor = part.purpose.text.left(CTblReceipts::longestPurpose);
-    writeDocument(receipt, handover);
+    writeDocument(receipt, handover, frame);
     receipt.Update(true);
     receipt.m_iID = static_cast<qint32>(receipt.GetLastInsertedID());
 }
@@ -187,11 +201,12 @@ QList<Posted> saveUnit(const Handover &handover, int database)
             part.purpose.require();
     }
     requirePersonAndAccount(handover, database);
+    const Frame frame = frameOf(handover, database);
     const int chequeID = byCheque(handover) ? addCheque(handover, database) : 0;
     QList<Posted> posted;
     for (const Part &part : handover.parts) {
         CTblReceipts receipt(database);
-        addReceipt(receipt, handover, part, chequeID);
+        addReceipt(receipt, handover, part, chequeID, frame);
         recount(records, receipt);
         posted.append({receipt.m_iID, receipt.m_iDocNum, receipt.m_iFiscalYear, chequeID});
     }
@@ -252,13 +267,13 @@ void voidOne(CTblReceipts &receipt, const QString &why)
     receipt.Update(true);
 }
 
-void voidUnit(const CTblReceipts &asked, const QList<int> &keys, const Records &records, const QString &why)
+void voidUnit(int chequeID, const QList<int> &keys, const Records &records, const QString &why, int database)
 {
-    OfficeClosing::requireOpen(asked.database());
+    OfficeClosing::requireOpen(database);
     lockAll(records, false);
-    voidCheque(asked.m_iChequeID, asked.database());
+    voidCheque(chequeID, database);
     for (const int key : keys) {
-        CTblReceipts receipt(asked.database());
+        CTblReceipts receipt(database);
         requireVoidable(receipt, key);
         voidOne(receipt, why);
         recount(records, receipt);
@@ -271,29 +286,57 @@ QList<ReceiptPosting::Posted> ReceiptPosting::save(const Handover &handover, int
 {
     GetDBSetting()->RequireOpenDB();
     requireRight(KSecurity::Write);
-    requireSavable(handover, database);
+    requireSavable(handover);
     QList<Posted> posted;
     KTransaction::runReplayable([&] { posted = saveUnit(handover, database); }, database);
     return posted;
 }
 
+QList<int> ReceiptPosting::handedOverWith(int receiptID, int database)
+{
+    CTblReceipts asked(database);
+    if (!asked.IsRecordExist(u"iID"_s, receiptID) || asked.m_iChequeID != 0 || !asked.m_dateCreate.isValid())
+        return {};
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.FormatAndExecuteQuery("SELECT r.iID FROM Receipts AS r JOIN Receipts AS a ON a.iID=%d AND r.iID<>a.iID AND r.iPersonID=a.iPersonID "
+                                "AND r.dateCreate=a.dateCreate AND r.date=a.date AND r.iUserID=a.iUserID AND r.iKind=a.iKind AND r.iMethod=a.iMethod "
+                                "AND r.iAccount=a.iAccount WHERE r.iStatus=%d AND r.iChequeID=0 ORDER BY r.iID",
+                                receiptID, int(CTblReceipts::valid));
+    QList<int> keys;
+    for (; query.HasResultRow(); query.MoveNextResult())
+        keys.append(query.GetLongFieldValue(0));
+    return keys;
+}
+
 void ReceiptPosting::makeVoid(int receiptID, const QString &reason, int database)
+{
+    makeVoid(QList<int>{receiptID}, reason, database);
+}
+
+void ReceiptPosting::makeVoid(const QList<int> &receipts, const QString &reason, int database)
 {
     GetDBSetting()->RequireOpenDB();
     requireRight(KSecurity::Delete);
     const QString why = ConvertToStandard(reason).trimmed().left(CTblReceipts::longestReason);
     if (why.isEmpty())
         throw FieldRefused(u"لطفا دلیل ابطال را وارد نمایید."_s, u"sVoidReason"_s);
-    CTblReceipts asked(database);
-    if (!asked.IsRecordExist(u"iID"_s, receiptID))
-        throw KAccountingError(u"این دریافت دیگر وجود ندارد."_s);
     // What a receipt is for, and what came with its cheque, never changes: read before the unit, whose first reading is a lock.
-    const QList<int> keys = togetherWith(asked);
+    QList<int> keys;
+    int chequeID = 0;
+    for (const int receiptID : receipts) {
+        CTblReceipts asked(database);
+        if (!asked.IsRecordExist(u"iID"_s, receiptID))
+            throw KAccountingError(u"این دریافت دیگر وجود ندارد."_s);
+        chequeID = asked.m_iChequeID;
+        keys += togetherWith(asked);
+    }
+    std::ranges::sort(keys);
     Records records;
     for (const int key : keys) {
         CTblReceipts receipt(database);
         if (receipt.IsRecordExist(u"iID"_s, key))
             addRecord(records, receipt.m_iTable, receipt.m_iRecordID);
     }
-    KTransaction::runReplayable([&] { voidUnit(asked, keys, records, why); }, database);
+    KTransaction::runReplayable([&] { voidUnit(chequeID, keys, records, why, database); }, database);
 }

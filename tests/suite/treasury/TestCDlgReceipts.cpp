@@ -41,6 +41,8 @@ private Q_SLOTS:
     void voidWithoutReasonIsRefused();
     void secondDeskIsToldWhoMadeItVoid();
     void chequeGoesWithItsReceipts();
+    void partsOfOneHandingOverAreOfferedTogether_data();
+    void partsOfOneHandingOverAreOfferedTogether();
     void showOpensEverything();
     void receiptGoesOnPaper();
     void statementIsThatOfThePerson();
@@ -263,6 +265,40 @@ void TestCDlgReceipts::secondDeskIsToldWhoMadeItVoid()
     told = g_pDlgWarning->takeShown();
     QCOMPARE(told.size(), 1);
     QVERIFY2(told.constFirst().contains(u"clerk"_s) && told.constFirst().contains(u"آنجا"_s), qPrintable(told.constFirst()));
+}
+
+void TestCDlgReceipts::partsOfOneHandingOverAreOfferedTogether_data()
+{
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QString>("states"); // of the three parts
+    QTest::newRow("all") << int(KMessageDialog::Yes) << u"1,1,1"_s;
+    QTest::newRow("only this one") << int(KMessageDialog::No) << u"0,1,0"_s;
+    QTest::newRow("none") << int(KMessageDialog::Cancel) << u"0,0,0"_s;
+}
+
+void TestCDlgReceipts::partsOfOneHandingOverAreOfferedTogether()
+{
+    QFETCH(int, answer);
+    const auto posted = ReceiptPosting::save({.personID = m_office.pars, .date = m_office.day.addDays(-1), .account = Accounts::cash, .parts = {{60, u"اول"_s}, {30, u"دوم"_s}, {10, u"سوم"_s}}});
+    const QList<int> keys{posted[0].receiptID, posted[1].receiptID, posted[2].receiptID};
+    QCOMPARE(ReceiptPosting::handedOverWith(keys[1]), (QList<int>{keys[0], keys[2]}));
+    CDlgReceipts page;
+    select(page, keys[1]);
+    g_pDlgYesNo->answerNext(static_cast<KMessageDialog::Answer>(answer));
+    if (answer != KMessageDialog::Cancel)
+        Hand::inNextWindow([](QDialog *window) {
+            field<KEdit>(window, u"دلیل :"_s)->setText(u"اشتباه"_s);
+            FormDriver::click(window, u"تاييد"_s);
+        });
+    QVERIFY(page.runCommand(u"void"));
+    const QStringList asked = g_pDlgYesNo->takeShown();
+    QCOMPARE(asked.size(), 1);
+    QVERIFY2(asked.constFirst().contains(u"شماره %1، %2."_s.arg(keys[0]).arg(keys[2])), qPrintable(asked.constFirst()));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    const QString states = m_office.database.value(u"SELECT GROUP_CONCAT(iStatus ORDER BY iID) FROM Receipts WHERE iID>=%1"_s.arg(keys[0]));
+    QTEST(states, "states");
+    // What was taken back is offered no more.
+    QCOMPARE(ReceiptPosting::handedOverWith(keys[0]).size(), answer == KMessageDialog::Yes ? 0 : answer == KMessageDialog::No ? 1 : 2);
 }
 
 void TestCDlgReceipts::chequeGoesWithItsReceipts()
