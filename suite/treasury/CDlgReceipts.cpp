@@ -16,7 +16,10 @@
 #include "suite/treasury/ReceiptFilter.h"
 #include "suite/treasury/ReceiptPosting.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/values/Money.h"
+
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -29,7 +32,7 @@ QString receiptsTitle()
 
 KListColumn::Cell kindCell(const QVariant &kind)
 {
-    return {CTblReceipts::kindName(kind.toInt())};
+    return {CTblReceipts::kindName(kind.toInt()), kind};
 }
 
 KListColumn::Cell methodCell(const QVariant &method)
@@ -89,8 +92,16 @@ QString voidText(const ReceiptDetails &receipt, const QList<int> &keys)
 
 CDlgReceipts::CDlgReceipts(QWidget *parent)
     : KListPage(receiptsTitle(), u"Receipts"_s, u"Receipts"_s, parent)
+    , m_sums(new QLabel)
 {
     build();
+    if (auto *card = qobject_cast<KListCard *>(list()->parentWidget()))
+        card->addToFoot(m_sums);
+}
+
+QString CDlgReceipts::sumsText() const
+{
+    return m_sums->text();
 }
 
 QList<KListColumn> CDlgReceipts::columnTable() const
@@ -144,6 +155,21 @@ std::unique_ptr<KMySQL> CDlgReceipts::makeRecords() const
 bool CDlgReceipts::isWarning(KMySQL &record) const
 {
     return static_cast<const CTblReceipts &>(record).m_iStatus != CTblReceipts::valid;
+}
+
+void CDlgReceipts::completeRows(QVector<KListModel::Row> &rows)
+{
+    const int amount = list()->columnOf(u"amount");
+    const int kind = list()->columnOf(u"kind");
+    const int status = list()->columnOf(u"status");
+    double received = 0;
+    double paid = 0;
+    for (const KListModel::Row &row : std::as_const(rows)) {
+        if (row.cells.at(status).value.toInt() != CTblReceipts::valid)
+            continue;
+        (row.cells.at(kind).value.toInt() == CTblReceipts::paid ? paid : received) += row.cells.at(amount).value.toDouble();
+    }
+    m_sums->setText(u"جمع دریافت : %1     جمع پرداخت : %2"_s.arg(DToMoney(received), DToMoney(paid)));
 }
 
 QString CDlgReceipts::defaultSort() const

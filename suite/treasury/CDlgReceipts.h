@@ -7,6 +7,8 @@
 #include "suite/treasury/CTblReceipts.h"
 #include "suite/treasury/TzTreasuryExport.h"
 
+class QLabel;
+
 // The receipts and payments ("دریافت‌ها و پرداخت‌ها").
 class TZTREASURY_EXPORT CDlgReceipts : public KListPage
 {
@@ -15,6 +17,8 @@ class TZTREASURY_EXPORT CDlgReceipts : public KListPage
 public:
     explicit CDlgReceipts(QWidget *parent = nullptr);
 
+    QString sumsText() const;
+
 protected:
     QList<KListColumn> columnTable() const override;
     QList<KListFilter> filterTable() const override;
@@ -22,6 +26,7 @@ protected:
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     bool isWarning(KMySQL &record) const override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;
     void emptyAreaActivated() override;
@@ -34,4 +39,6 @@ private:
     void showDocument();
     void showStatement();
     void voidReceipt();
+
+    QLabel *m_sums; // received and paid, of the valid rows that are listed
 };

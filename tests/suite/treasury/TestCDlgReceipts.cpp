@@ -35,6 +35,7 @@ private Q_SLOTS:
     void filters_data();
     void filters();
     void voidOnesAreShownOnRequest();
+    void footSumsUpWhatIsListedAndValid();
     void newOnesAreListed_data();
     void newOnesAreListed();
     void voidAsksWhyAndOpensTheInvoice();
@@ -168,6 +169,25 @@ void TestCDlgReceipts::voidOnesAreShownOnRequest()
     QVERIFY(!page.list()->listModel()->rows().at(1).warning);
 }
 
+void TestCDlgReceipts::footSumsUpWhatIsListedAndValid()
+{
+    CDlgReceipts page;
+    page.open();
+    QCOMPARE(page.sumsText(), u"جمع دریافت : 1,560     جمع پرداخت : 300"_s);
+    // What is void, or unpaid since its cheque bounced, is listed and does not count.
+    m_office.database.run(u"UPDATE Receipts SET iStatus=2 WHERE iChequeID>0"_s);
+    page.filters().set(u"voided", true);
+    page.refill();
+    QCOMPARE(page.list()->count(), 5);
+    QCOMPARE(page.sumsText(), u"جمع دریافت : 990     جمع پرداخت : 300"_s);
+    page.filters().set(u"kind", 2);
+    page.refill();
+    QCOMPARE(page.sumsText(), u"جمع دریافت : 0     جمع پرداخت : 300"_s);
+    page.filters().set(u"amountFrom", 5000);
+    page.refill();
+    QCOMPARE(page.sumsText(), u"جمع دریافت : 0     جمع پرداخت : 0"_s);
+}
+
 void TestCDlgReceipts::newOnesAreListed_data()
 {
     QTest::addColumn<QString>("command");
@@ -298,7 +318,8 @@ void TestCDlgReceipts::partsOfOneHandingOverAreOfferedTogether()
     const QString states = m_office.database.value(u"SELECT GROUP_CONCAT(iStatus ORDER BY iID) FROM Receipts WHERE iID>=%1"_s.arg(keys[0]));
     QTEST(states, "states");
     // What was taken back is offered no more.
-    QCOMPARE(ReceiptPosting::handedOverWith(keys[0]).size(), answer == KMessageDialog::Yes ? 0 : answer == KMessageDialog::No ? 1 : 2);
+    QCOMPARE(ReceiptPosting::handedOverWith(keys[0]).size(), answer == KMessageDialog::Yes ? 0 : answer == KMessageDialog::No ? 1
+                                                                                                                              : 2);
 }
 
 void TestCDlgReceipts::chequeGoesWithItsReceipts()
