@@ -12,6 +12,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/treasury/CDlgReceiptPaper.h"
+#include "suite/treasury/CTblCheques.h"
 #include "suite/treasury/ChequeFields.h"
 #include "suite/treasury/MoneyOnAccount.h"
 #include "suite/treasury/OpenItemField.h"
@@ -398,7 +399,7 @@ ReceiptPosting::Handover CDlgCashFromPerson::handover() const
     if (method() == CTblReceipts::cheque) {
         handover.cheque = m_cheque->cheque();
         if (handover.cheque->drawer.isEmpty() && m_start.kind == CTblReceipts::received)
-            handover.cheque->drawer = m_person->name();
+            handover.cheque->drawer = m_person->name().left(CTblCheques::longestDrawer);
     } else {
         handover.account = m_account->currentData().toInt();
     }

@@ -14,6 +14,13 @@ class TZTREASURYDATA_EXPORT CTblCheques : public KMySQL, private KLiveCount<CTbl
 public:
     using KLiveCount<CTblCheques>::liveCount;
 
+    // Characters of sNumber, sBank, sBranch, sBranchCode and sDrawer.
+    static constexpr int longestNumber = 30;
+    static constexpr int longestBank = 100;
+    static constexpr int longestBranch = 100;
+    static constexpr int longestBranchCode = 20;
+    static constexpr int longestDrawer = 200;
+
     explicit CTblCheques(int database = 0);
     ~CTblCheques() override;
     QString GetTableName() const override;

@@ -30,6 +30,27 @@ void requireNew(const CTblCheques &entry, const QString &sayad)
                            u"sSayad"_s);
 }
 
+// The window keeps to these; what comes from elsewhere is told by its field and not cut.
+void requireFitting(const Cheque &cheque)
+{
+    struct Limit
+    {
+        QString column;
+        QString name;
+        QString text;
+        int longest;
+    };
+    const Limit limits[] = {{u"sNumber"_s, u"شماره چک"_s, cheque.number, CTblCheques::longestNumber},
+                            {u"sBank"_s, u"نام بانک"_s, cheque.bank, CTblCheques::longestBank},
+                            {u"sBranch"_s, u"نام شعبه"_s, cheque.branch, CTblCheques::longestBranch},
+                            {u"sBranchCode"_s, u"کد شعبه"_s, cheque.branchCode, CTblCheques::longestBranchCode},
+                            {u"sDrawer"_s, u"نام صادرکننده"_s, cheque.drawer, CTblCheques::longestDrawer}};
+    for (const Limit &limit : limits) {
+        if (ConvertToStandard(limit.text).size() > limit.longest)
+            throw FieldRefused(u"%1 بیش از %2 نویسه است."_s.arg(limit.name).arg(limit.longest), limit.column);
+    }
+}
+
 }
 
 void ChequeEntry::requireComplete(const Cheque &cheque)
@@ -40,6 +61,7 @@ void ChequeEntry::requireComplete(const Cheque &cheque)
         throw FieldRefused(u"لطفا نام بانک چک را وارد نمایید."_s, u"sBank"_s);
     if (!cheque.due.isValid())
         throw FieldRefused(u"لطفا تاریخ سررسید چک را وارد نمایید."_s, u"dateDue"_s);
+    requireFitting(cheque);
 }
 
 void ChequeEntry::add(CTblCheques &entry, const Cheque &cheque)

@@ -43,7 +43,7 @@ QString chequeText(const ReceiptDetails &details)
             parts.append(pattern.arg(value));
     };
     add(u"شماره %1"_s, cheque.number);
-    add(u"بانک %1"_s, cheque.bank);
+    add(cheque.bank.startsWith(u"بانک "_s) ? u"%1"_s : u"بانک %1"_s, cheque.bank);
     add(u"شعبه %1"_s, cheque.branch);
     add(u"کد شعبه %1"_s, cheque.branchCode);
     add(u"سررسید %1"_s, shamsiText(cheque.due.date()));

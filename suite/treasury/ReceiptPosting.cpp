@@ -138,8 +138,8 @@ int addCheque(const Handover &handover, int database)
     const Part &first = handover.parts.constFirst();
     entry.m_iTable = first.purpose.recordKind;
     entry.m_iRecordID = first.purpose.recordID;
-    entry.m_sFor = first.purpose.text;
-    entry.m_sDesc = first.desc;
+    entry.m_sFor = first.purpose.text.left(CTblReceipts::longestPurpose);
+    entry.m_sDesc = first.desc.left(CTblReceipts::longestDescription);
     ChequeEntry::add(entry, *handover.cheque);
     return entry.m_iID;
 }

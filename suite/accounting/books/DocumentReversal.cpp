@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 DocumentReversal::Reversing DocumentReversal::takeBack(int num, int fiscalYear, const QString &desc, int database)
 {
+    if (num < 1)
+        return {};
     const OfficeSettings settings = OfficeSettings::read({}, database);
     if (fiscalYear == settings.fiscalYear()) {
         CTblDocuments::VoidDoc(num, fiscalYear, database);

@@ -19,7 +19,8 @@ struct Reversing
 
 // A document of the current fiscal year loses its rows and is void. One of another year stays as it is, since its books are closed: a
 // document of today (the nearest day of the current fiscal year) with the same rows, debit and credit exchanged, takes its effect
-// back. desc: of that document and its rows. Joins the caller's transaction. Throws KAccountingError and CMySQLException.
+// back. desc: of that document and its rows. Number 0: there is nothing to take back. Joins the caller's transaction. Throws
+// KAccountingError and CMySQLException.
 [[nodiscard]] TZACCOUNTINGDATA_EXPORT Reversing takeBack(int num, int fiscalYear, const QString &desc, int database = 0);
 
 }

@@ -150,6 +150,8 @@ private Q_SLOTS:
     void eachReceiptHasItsPage();
     void windowRemembersThePaper();
     void detailsAreThoseOfTheTables();
+    void bankOfAChequeIsCalledABankOnce_data();
+    void bankOfAChequeIsCalledABankOnce();
     void goneReceiptIsSaidSo();
 
 private:
@@ -283,6 +285,23 @@ void TestReceiptPaper::detailsAreThoseOfTheTables()
     QVERIFY2(voided->voidText().startsWith(u"کاربر «admin» در "_s) && voided->voidText().endsWith(u": اشتباه بود"_s), qPrintable(voided->voidText()));
     QCOMPARE(ReceiptDetails::read(m_office.take(m_office.ali, 5))->purpose, u"علی‌الحساب"_s);
     QVERIFY(!ReceiptDetails::read(999999));
+}
+
+void TestReceiptPaper::bankOfAChequeIsCalledABankOnce_data()
+{
+    QTest::addColumn<QString>("bank");
+    QTest::newRow("name alone") << u"ملت"_s;
+    QTest::newRow("with the word") << u"بانک ملت"_s;
+}
+
+void TestReceiptPaper::bankOfAChequeIsCalledABankOnce()
+{
+    QFETCH(QString, bank);
+    ReceiptDetails details;
+    details.method = CTblReceipts::cheque;
+    details.cheque = Cheque{.sayad = u"1234567890123456"_s, .bank = bank, .due = m_office.day, .drawer = u"علی"_s};
+    QVERIFY2(details.methodText().contains(u"، بانک ملت، "_s), qPrintable(details.methodText()));
+    QVERIFY(details.methodText().endsWith(u"صادرکننده علی"_s));
 }
 
 void TestReceiptPaper::goneReceiptIsSaidSo()

@@ -72,6 +72,10 @@ private Q_SLOTS:
     void whatCameWithOneChequeIsMadeVoidTogether();
     void chequeOnItsWayKeepsItsReceipt();
     void receiptOfAnEarlierYearIsReversed();
+    void receiptWithoutDocumentIsTakenBackWithoutOne();
+    void chequeThatDoesNotFitIsRefusedByField_data();
+    void chequeThatDoesNotFitIsRefusedByField();
+    void severalAreMadeVoidAllOrNone();
     void withoutItsOwnerNothingIsMadeVoid();
     void reasonRightAndOpenBooksAreNeeded();
     void deactivatedAccountIsRefused();
@@ -262,6 +266,62 @@ void TestReceiptPosting::receiptOfAnEarlierYearIsReversed()
     QCOMPARE(value("SELECT CONCAT_WS('/',r.iStatus,r.iVoidFiscalYear,DATE(h.date)) FROM Receipts r JOIN Documents h ON h.iNum=r.iVoidDocNum AND "
                    "h.iFiscalYear=r.iVoidFiscalYear"),
              u"1/1406/2027-03-21"_s);
+}
+
+// From before each receipt had a document.
+void TestReceiptPosting::receiptWithoutDocumentIsTakenBackWithoutOne()
+{
+    const int receipt = ReceiptPosting::save(handover(700)).constFirst().receiptID;
+    m_office.database.run(u"UPDATE Receipts SET iDocNum=0,iFiscalYear=%1"_s.arg(firstYear - 1));
+    ReceiptPosting::makeVoid(receipt, u"اشتباه"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('/',iStatus,iVoidDocNum) FROM Receipts"), u"1/0"_s);
+    QCOMPARE(value("SELECT COUNT(*) FROM Documents"), u"1"_s);
+}
+
+void TestReceiptPosting::chequeThatDoesNotFitIsRefusedByField_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("isRefused");
+    for (const auto &[field, longest] : {std::pair(u"sNumber"_s, 30), std::pair(u"sBank"_s, 100), std::pair(u"sBranch"_s, 100), std::pair(u"sBranchCode"_s, 20), std::pair(u"sDrawer"_s, 200)}) {
+        QTest::addRow("%s that fits", qPrintable(field)) << field << longest << false;
+        QTest::addRow("%s one longer", qPrintable(field)) << field << longest + 1 << true;
+    }
+}
+
+void TestReceiptPosting::chequeThatDoesNotFitIsRefusedByField()
+{
+    QFETCH(QString, field);
+    QFETCH(int, length);
+    QFETCH(bool, isRefused);
+    ReceiptPosting::Handover handover = byCheque(u"1234567890123456"_s);
+    const QString text(length, u'7');
+    const std::pair<QString, QString *> fields[] = {{u"sNumber"_s, &handover.cheque->number}, {u"sBank"_s, &handover.cheque->bank}, {u"sBranch"_s, &handover.cheque->branch}, {u"sBranchCode"_s, &handover.cheque->branchCode}, {u"sDrawer"_s, &handover.cheque->drawer}};
+    for (const auto &[name, value] : fields) {
+        if (name == field)
+            *value = text;
+    }
+    QString column;
+    try {
+        ReceiptPosting::save(handover);
+    } catch (const FieldRefused &refused) {
+        column = refused.column();
+    }
+    QCOMPARE(column, isRefused ? field : QString());
+    QCOMPARE(m_office.database.value(u"SELECT COUNT(*) FROM Cheques WHERE %1='%2'"_s.arg(field, text)), isRefused ? u"0"_s : u"1"_s);
+}
+
+void TestReceiptPosting::severalAreMadeVoidAllOrNone()
+{
+    const int first = ReceiptPosting::save(handover(300)).constFirst().receiptID;
+    const int second = ReceiptPosting::save(handover(200)).constFirst().receiptID;
+    ReceiptPosting::makeVoid(second, u"اشتباه"_s);
+    QVERIFY(!refusal([&] { ReceiptPosting::makeVoid(QList<int>{first, second}, u"با هم"_s); }).isEmpty());
+    QCOMPARE(balance(Accounts::cash), 300.0);
+    const int third = ReceiptPosting::save(handover(50)).constFirst().receiptID;
+    ReceiptPosting::makeVoid(QList<int>{third, first}, u"با هم"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('/',SUM(iStatus=1),COUNT(*)) FROM Receipts"), u"3/3"_s);
+    QCOMPARE(balance(Accounts::cash), 0.0);
 }
 
 void TestReceiptPosting::withoutItsOwnerNothingIsMadeVoid()
