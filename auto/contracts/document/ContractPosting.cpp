@@ -41,6 +41,25 @@ double planInterest(const CTblAutomobilContracts &contract)
     return roundToDecimals(static_cast<double>(total), decimals) - roundToDecimals(static_cast<double>(principal), decimals);
 }
 
+// What the stored document holds of it.
+double postedInterest(const CTblAutomobilContracts &contract)
+{
+    CTblTemp rows(contract.database());
+    rows.Open(true, false, true);
+    rows.FormatAndExecuteQuery("SELECT SUM(dBes-dBed) FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d AND iHesabMoeenCode=%d LOCK IN SHARE MODE",
+                               contract.m_iDocNum, contract.m_iFiscalYear, int(Accounts::instalmentInterest));
+    return rows.HasResultRow() ? rows.GetDoubleFieldValue(0) : 0;
+}
+
+// The books of that year are closed.
+void requirePostedInterest(const CTblAutomobilContracts &contract)
+{
+    if (!ContractPosting::holdsSale(contract) || IsEquals(postedInterest(contract), planInterest(contract)))
+        return;
+    throw KAccountingError(u"سند این قرارداد با سود اقساط آن در دفترهای سال مالی %1 است و در سال مالی %2 تغییر نمی‌کند؛ برنامه‌ای با سود دیگر ذخیره نمی‌شود و "
+                           "این برنامه حذف نمی‌شود."_s.arg(QString::number(contract.m_iFiscalYear), QString::number(GetDBSetting()->FiscalYear())));
+}
+
 ContractForDocument forDocument(const CTblAutomobilContracts &contract)
 {
     ContractForDocument document;
@@ -94,8 +113,17 @@ bool ContractPosting::postsSale(const CTblAutomobilContracts &contract)
     return ContractSettings::load(contract.database()).postPlan || holdsSale(contract);
 }
 
+bool ContractPosting::isOfAnotherYear(const CTblAutomobilContracts &contract)
+{
+    return contract.m_iDocNum > 0 && contract.m_iFiscalYear > 0 && contract.m_iFiscalYear != GetDBSetting()->FiscalYear();
+}
+
 void ContractPosting::followPlan(CTblAutomobilContracts &contract)
 {
+    if (isOfAnotherYear(contract)) {
+        requirePostedInterest(contract);
+        return;
+    }
     if (contract.m_iDocNum < 1 || !postsSale(contract))
         return;
     contract.Edit();

@@ -32,8 +32,13 @@ namespace ContractPosting {
 // Whether it will once it is written.
 [[nodiscard]] bool postsSale(const CTblAutomobilContracts &contract);
 
+// Whether the contract's document is in the books of another fiscal year than the current one, which stay as they are unless the
+// contract itself is saved.
+[[nodiscard]] bool isOfAnotherYear(const CTblAutomobilContracts &contract);
+
 // Rewrites the document after the plan of the contract was changed; nothing where it has none, or one without the sale. Within
-// the transaction that has locked and loaded the contract. Throws KAccountingError where there is no document to be had.
+// the transaction that has locked and loaded the contract. Throws KAccountingError where there is no document to be had, and where
+// one of another fiscal year would change.
 void followPlan(CTblAutomobilContracts &contract);
 
 }

@@ -93,8 +93,9 @@ int PartyEntering::knownPerson(const Party &party)
     return CTblPersons::findByNationalCode(party.nationalCode, 0);
 }
 
-void PartyEntering::enter(const Party &seen, int personID)
+int PartyEntering::enter(const Party &seen, int personID)
 {
+    int yearLeft = 0;
     const ContractSide &side = ContractSide::of(seen.side);
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen();
@@ -108,8 +109,11 @@ void PartyEntering::enter(const Party &seen, int personID)
             givePlanTo(personID, contract.m_iID);
         contract.Edit();
         takePerson(contract, side, person);
-        if (contract.m_iDocNum != 0 && !ContractPosting::post(contract))
+        const bool staysAsItIs = ContractPosting::isOfAnotherYear(contract);
+        if (contract.m_iDocNum != 0 && !staysAsItIs && !ContractPosting::post(contract))
             throw KAccountingError(u"سند حسابداری قرارداد نوشته نشد؛ چیزی ذخیره نشد."_s);
         contract.Update(true);
+        yearLeft = staysAsItIs ? contract.m_iFiscalYear : 0;
     });
+    return yearLeft;
 }

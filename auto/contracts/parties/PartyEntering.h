@@ -35,9 +35,11 @@ int knownPerson(const Party &party);
 
 // Puts the person into the contract in place of the party, in one unit of work: the person's key and what the list of persons knows of
 // him; as kind an ordinary party, because that is what a person of the list is, whom the editor shows and reports count. The contract's
-// document is rewritten if it has one, and the instalments of its plan become that person's where the party is the buyer. Throws
+// document is rewritten if it has one, and the instalments of its plan become that person's where the party is the buyer. Returns the
+// fiscal year of a document that stays as it is, because the books of that year are not those of the current one: what it charges
+// does not stand under the person's name. 0 otherwise. Throws
 // KAccountingError, with nothing changed: when the party is another by now (by whom), the contract is gone, void or archived, the
 // person is gone or already its other side, without the right to change contracts, and in a closed database.
-void enter(const Party &seen, int personID);
+int enter(const Party &seen, int personID);
 
 }

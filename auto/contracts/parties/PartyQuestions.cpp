@@ -43,6 +43,12 @@ int knownOrAdded(const PartyEntering::Party &party, QWidget *parent)
     return 0;
 }
 
+QString unchangedText(int year, const QString &name)
+{
+    return u"سند این قرارداد از سال مالی %1 است و تغییر نکرد؛ بدهی آن سال در دفترها به نام «%2» نیست و آنچه بپردازد در صورتحساب او بستانکار می‌ماند."_s.arg(
+        QString::number(year), name);
+}
+
 }
 
 int PartyQuestions::enter(int contractID, int side, QWidget *parent)
@@ -65,7 +71,8 @@ int PartyQuestions::enter(int contractID, int side, QWidget *parent)
     if (personID == 0)
         return 0;
     try {
-        PartyEntering::enter(*party, personID);
+        if (const int year = PartyEntering::enter(*party, personID))
+            g_pDlgMessage->Show(unchangedText(year, CTblPersonsMini::GetName(personID)), parent);
     } catch (const KAccountingError &error) {
         g_pDlgWarning->Show(error.userMessage(), parent);
         return 0;

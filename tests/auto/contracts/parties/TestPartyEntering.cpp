@@ -121,7 +121,7 @@ private Q_SLOTS:
         const int person = addBuyer();
         QCOMPARE(owes(person), u"0/0"_s);
         const QString document = value(u"SELECT CONCAT_WS('/',iDocNum,iFiscalYear) FROM AutomobilContracts"_s);
-        PartyEntering::enter(*buyer(), person);
+        QCOMPARE(PartyEntering::enter(*buyer(), person), 0);
         // What the list does not know of him stays as it was typed.
         QCOMPARE(stored(), u"%1/0/مریم کریمی نژاد/09120000000/0211234567"_s.arg(person));
         QCOMPARE(owes(person), u"1090/0"_s);
@@ -139,6 +139,21 @@ private Q_SLOTS:
         PartyEntering::enter(*PartyEntering::of(contract, 1), m_seller);
         QCOMPARE(value(u"SELECT CONCAT_WS('/',iPersonFirstID,iPersonContract1) FROM AutomobilContracts"_s), u"%1/0"_s.arg(m_seller));
         QCOMPARE(value(u"SELECT iPersonID FROM AutomobilPayments"_s), u"77"_s);
+    }
+
+    void documentOfAnotherYearStaysAsItIs()
+    {
+        for (const QString &table : {u"AutomobilContracts"_s, u"Documents"_s, u"Docs"_s})
+            run(u"UPDATE %1 SET iFiscalYear=iFiscalYear-1"_s.arg(table));
+        run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID) VALUES(%1,0)"_s.arg(m_contract));
+        const QString rows = u"SELECT GROUP_CONCAT(CONCAT_WS('/',iDocNum,iFiscalYear,iPersonID,dBed,dBes) ORDER BY iID) FROM Docs"_s;
+        const QString before = value(rows);
+        const int person = addBuyer();
+        QCOMPARE(PartyEntering::enter(*buyer(), person), GetDBSetting()->FiscalYear() - 1);
+        QCOMPARE(stored(), u"%1/0/مریم کریمی نژاد/09120000000/0211234567"_s.arg(person));
+        QCOMPARE(value(u"SELECT iPersonID FROM AutomobilPayments"_s), QString::number(person));
+        QCOMPARE(value(rows), before);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Documents"_s), u"1"_s);
     }
 
     // A contract without a document does not get one by this.
@@ -232,6 +247,18 @@ private Q_SLOTS:
         g_pDlgYesNo->takeShown();
         QCOMPARE(PartyQuestions::enter(m_contract, 2, nullptr), 0);
         QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    }
+
+    void documentThatWasNotChangedIsTold()
+    {
+        const int year = GetDBSetting()->FiscalYear() - 1;
+        run(u"UPDATE AutomobilContracts SET iFiscalYear=%1"_s.arg(year));
+        TestOffice::whenModal("CDlgAddPerson", [](QWidget *window) { static_cast<QDialog *>(window)->accept(); });
+        g_pDlgMessage->takeShown();
+        QVERIFY(PartyQuestions::enter(m_contract, 2, nullptr) > 0);
+        const QStringList told = g_pDlgMessage->takeShown();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.constFirst().contains(QString::number(year)) && told.constFirst().contains(u"مریم کریمی نژاد"_s), qPrintable(told.constFirst()));
     }
 
     void companyIsEnteredAsOne()

@@ -150,6 +150,51 @@ private Q_SLOTS:
         compareBooks();
     }
 
+    // The books of an earlier year are closed: what would change its document is refused, anything else is saved.
+    void planLeavesTheDocumentOfAnotherYearAlone_data()
+    {
+        QTest::addColumn<bool>("posted"); // the document holds the sale
+        QTest::addColumn<double>("rate"); // of the new plan; below 0: the plan is deleted
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("other interest") << true << 2.0 << true;
+        QTest::newRow("same interest") << true << 1.0 << false;
+        QTest::newRow("deleted") << true << -1.0 << true;
+        QTest::newRow("sale not in the books") << false << 2.0 << false;
+        QTest::newRow("sale not in the books, deleted") << false << -1.0 << false;
+    }
+
+    void planLeavesTheDocumentOfAnotherYearAlone()
+    {
+        QFETCH(bool, posted);
+        QFETCH(double, rate);
+        QFETCH(bool, refused);
+        begin(posted);
+        // Turned on meanwhile, as it is where the sale is in the books.
+        PlannedContract::setPosted(true);
+        for (const QString &table : {u"AutomobilContracts"_s, u"Documents"_s, u"Docs"_s})
+            m_office->database().run(u"UPDATE %1 SET iFiscalYear=iFiscalYear-1"_s.arg(table));
+        const QString rows = u"SELECT GROUP_CONCAT(CONCAT_WS('/',iDocNum,iFiscalYear,iPersonID,dBed,dBes) ORDER BY iID) FROM Docs"_s;
+        const QString books = value(rows);
+        const QString plan = m_contract->plan();
+        const QList<int> keys = StoredInstalments::keysOf(StoredInstalments::load(m_contract->key));
+        const InstalmentTerms terms{1200, rate, RateUnit::Monthly, InterestMethod::WholePrincipal, 12, 1, IntervalUnit::Months, ConvertToMiladi(1405, 2, 1)};
+        QString told;
+        try {
+            if (rate < 0)
+                StoredInstalments::remove(m_contract->key, keys);
+            else
+                StoredInstalments::save({m_contract->key, 1, m_contract->buyer}, keys, terms, instalmentPlan(terms));
+        } catch (const KAccountingError &error) {
+            told = error.userMessage();
+        }
+        QCOMPARE(!told.isEmpty(), refused);
+        QVERIFY2(!refused || told.contains(QString::number(GetDBSetting()->FiscalYear() - 1)), qPrintable(told));
+        QCOMPARE(value(rows), books);
+        const bool replaced = keys != StoredInstalments::keysOf(StoredInstalments::load(m_contract->key));
+        QCOMPARE(replaced, !refused);
+        QVERIFY(!refused || m_contract->plan() == plan);
+    }
+
     void spreadOfTheRestIsInTheBooksAtOnce()
     {
         begin(true);
