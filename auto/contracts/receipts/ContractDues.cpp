@@ -48,7 +48,8 @@ ContractDues::Due ContractDues::commission(const CTblAutomobilContracts &contrac
     return {charged(contract, side, levySeparate), sides.at(static_cast<std::size_t>(side - 1))};
 }
 
-// A receipt that says no side, from before sides were kept, is that of the party it came from.
+// A side's are those of whoever is that side now: what somebody else gave before him is owed to that one. A receipt that says no side,
+// from before sides were kept, is that of the party it came from.
 QHash<int, ContractDues::Sides> ContractDues::received(const QList<int> &contractIDs, int database)
 {
     QHash<int, Sides> sums;
@@ -56,15 +57,14 @@ QHash<int, ContractDues::Sides> ContractDues::received(const QList<int> &contrac
         return sums;
     CTblTemp receipts(database);
     receipts.ExecuteQuery(KSql::formatted(
-        "SELECT c.iID,IF(r.iSide>0,r.iSide,IF(r.iPersonID=c.iPersonFirstID,1,IF(r.iPersonID=c.iPersonSecondID,2,0))) side,"
+        "SELECT c.iID,IF(r.iPersonID=c.iPersonFirstID,1,2) side,"
         "SUM(IF(r.iKind=%1,-r.dAmount,r.dAmount)) FROM Receipts r JOIN AutomobilContracts c ON c.iID=r.iRecordID "
-        "WHERE r.iTable=%2 AND r.iFor=%3 AND r.iStatus=%4 AND r.iRecordID IN (%5) GROUP BY c.iID,side",
+        "WHERE r.iTable=%2 AND r.iFor=%3 AND r.iStatus=%4 AND r.iRecordID IN (%5) "
+        "AND r.iPersonID>0 AND r.iPersonID IN (c.iPersonFirstID,c.iPersonSecondID) "
+        "AND r.iSide IN (0,IF(r.iPersonID=c.iPersonFirstID,1,2)) GROUP BY c.iID,side",
         int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(ReceiptPurpose::Commission), int(CTblReceipts::valid),
         KSql::list(contractIDs)));
-    for (; receipts.HasResultRow(); receipts.MoveNextResult()) {
-        const int side = receipts.GetLongFieldValue(1);
-        if (side == 1 || side == 2)
-            sums[receipts.GetLongFieldValue(0)].at(static_cast<std::size_t>(side - 1)) = receipts.GetDoubleFieldValue(2);
-    }
+    for (; receipts.HasResultRow(); receipts.MoveNextResult())
+        sums[receipts.GetLongFieldValue(0)].at(static_cast<std::size_t>(receipts.GetLongFieldValue(1) - 1)) = receipts.GetDoubleFieldValue(2);
     return sums;
 }

@@ -90,7 +90,8 @@ private Q_SLOTS:
         QTest::newRow("of another contract") << u"iRecordID=iRecordID+1"_s << 0.0 << 0.0;
         QTest::newRow("of another kind of record") << u"iTable=7"_s << 0.0 << 0.0;
         QTest::newRow("without a side: by the person") << u"iSide=0"_s << 300.0 << 0.0;
-        QTest::newRow("the side goes before the person") << u"iSide=2"_s << 0.0 << 300.0;
+        QTest::newRow("of the other side, from somebody else") << u"iSide=2"_s << 0.0 << 0.0;
+        QTest::newRow("from whoever was that side before") << u"iPersonID=iPersonID+99"_s << 0.0 << 0.0;
         QTest::newRow("neither side nor party") << u"iSide=0,iPersonID=iPersonID+99"_s << 0.0 << 0.0;
     }
 
