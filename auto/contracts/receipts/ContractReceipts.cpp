@@ -7,13 +7,17 @@
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/receipts/ContractDues.h"
 #include "auto/db/ContractLock.h"
+#include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
+#include "suite/treasury/CTblFollowUps.h"
 #include "suite/treasury/ReceiptPosting.h"
 #include "suite/utility/values/Money.h"
 
@@ -134,6 +138,29 @@ void requireCommissionDue(SeenCommission &seen)
                                .arg(CTblUsers::GetName(newest->m_iUserID), DToMoney(newest->m_dAmount), QString::number(newest->m_iDocNum)));
 }
 
+void requireRightToVoid()
+{
+    const QString form = u"Receipts"_s;
+    KSecurity::forgetRights();
+    if (!KSecurity::IsGranted(form, KSecurity::Delete))
+        throw KAccountingError(KSecurity::refusalText(form, KSecurity::Delete));
+}
+
+// Where no receipt keeps why a payment no longer counts, what was said about the instalment does.
+void keepReason(int contractID, int paymentID, const QString &reason)
+{
+    CTblFollowUps note;
+    note.Open(false, false, true);
+    note.AddNew();
+    note.m_iTable = contractKind;
+    note.m_iRecordID = contractID;
+    note.m_iPaymentID = paymentID;
+    note.m_date = GetDBSetting()->GetDBServerDate();
+    note.m_sNote = u"پرداخت بدون رسید باطل شد: %1"_s.arg(reason.trimmed()).left(CTblFollowUps::longestNote);
+    note.m_iUserID = GetDBSetting()->GetUserID();
+    note.Update(true);
+}
+
 // Whether the instalment was received by a receipt of its own that stands.
 bool hasReceipt(int contractID, int paymentID)
 {
@@ -187,8 +214,11 @@ void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QStrin
         ReceiptPosting::makeVoid(entry.receiptID, reason);
         return;
     }
+    if (reason.trimmed().isEmpty())
+        throw FieldRefused(u"لطفا دلیل ابطال را وارد نمایید."_s, u"sVoidReason"_s);
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen();
+        requireRightToVoid();
         CTblAutomobilContracts contract;
         ContractLock::take(contract, contractID);
         if (hasReceipt(contractID, entry.paymentID))
@@ -196,6 +226,7 @@ void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QStrin
         if (StoredInstalments::lock(contractID, entry.paymentID) != StoredInstalments::State::Paid)
             throw KAccountingError(u"این قسط دیگر پرداخت شده نیست."_s);
         StoredInstalments::setPaid(entry.paymentID, false);
+        keepReason(contractID, entry.paymentID, reason);
         // A plan has no row of its own.
         KChangeLog::note(u"InstalmentPlan"_s, contractID, KChange::Kind::Changed);
     });

@@ -51,8 +51,8 @@ QString commissionText(int number);
 // has received from the same side: that may be the same money.
 ReceiptPurpose commission(const CTblAutomobilContracts &contract, int side);
 
-// Makes the entry void with the receipt behind it, as ReceiptPosting::makeVoid does. An instalment without a receipt is unpaid again; of
-// that nothing is kept but the change of the plan. Throws as ReceiptPosting::makeVoid does, and KAccountingError when the contract
+// Makes the entry void with the receipt behind it, as ReceiptPosting::makeVoid does. An instalment without a receipt is unpaid again; reason,
+// user and time stand among what was said about it (CTblFollowUps). Throws as ReceiptPosting::makeVoid does, and KAccountingError when the contract
 // is gone, or the instalment is no longer paid or has got a receipt.
 void makeVoid(int contractID, const Entry &entry, const QString &reason);
 

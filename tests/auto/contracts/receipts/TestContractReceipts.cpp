@@ -6,6 +6,8 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "tests/auto/contracts/receipts/PostedContract.h"
 #include "tests/support/BooksAgree.h"
 #include "tests/support/RegisteredTest.h"
@@ -175,6 +177,31 @@ private Q_SLOTS:
         ContractReceipts::makeVoid(m_contract->key, entry, u"اشتباه"_s);
         QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments"_s), u"0"_s);
         QVERIFY(!refusalOf([&] { ContractReceipts::makeVoid(m_contract->key, entry, u"اشتباه"_s); }).isEmpty());
+        // Why, by whom and when is known, once.
+        const QString note = value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',iTable,iRecordID,iPaymentID=(SELECT iID FROM AutomobilPayments),iUserID,date IS NULL,sNote)) FROM FollowUps WHERE iRecordID=%1"_s.arg(m_contract->key));
+        QCOMPARE(note, u"69/%1/1/%2/0/پرداخت بدون رسید باطل شد: اشتباه"_s.arg(m_contract->key).arg(GetDBSetting()->GetUserID()));
+    }
+
+    void paidInstalmentWithoutAReceiptStaysSoWithoutReasonOrRight_data()
+    {
+        QTest::addColumn<QString>("reason");
+        QTest::addColumn<bool>("may");
+        QTest::newRow("no reason") << u" "_s << true;
+        QTest::newRow("no right") << u"اشتباه"_s << false;
+    }
+
+    void paidInstalmentWithoutAReceiptStaysSoWithoutReasonOrRight()
+    {
+        QFETCH(QString, reason);
+        QFETCH(bool, may);
+        addInstalment(1, 112, true);
+        const auto entry = entries().constFirst();
+        if (!may)
+            m_office->logInAs(u"clerk"_s, u"Receipts"_s, KSecurity::allRights & ~KSecurity::Delete);
+        const QString refusal = refusalOf([&] { ContractReceipts::makeVoid(m_contract->key, entry, reason); });
+        QVERIFY2(may ? refusal.contains(u"دلیل"_s) : refusal == KSecurity::refusalText(u"Receipts"_s, KSecurity::Delete), qPrintable(refusal));
+        QCOMPARE(value(u"SELECT iStatus FROM AutomobilPayments"_s), u"1"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM FollowUps WHERE iRecordID=%1"_s.arg(m_contract->key)), u"0"_s);
     }
 
     // A list that shows it as paid without a receipt may be older than the receipt.
