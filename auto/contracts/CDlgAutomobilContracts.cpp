@@ -272,9 +272,7 @@ void CDlgAutomobilContracts::deleteContract()
     try {
         deleteSelected();
     } catch (const ContractDeleting::MoneyReceived &received) {
-        const QString question = received.userMessage() + u"\nدریافت‌های این قرارداد برای ابطال نشان داده شود؟"_s;
-        if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::No)
-            CDlgContractReceipts::Show(key, this);
+        CDlgContractReceipts::offer(received, key, this);
     }
 }
 

@@ -70,7 +70,7 @@ ContractForDocument forDocument(const CTblAutomobilContracts &contract)
     document.second = {contract.m_iPersonSecondID, contract.m_sName2, partyKind(contract.m_iPersonContract2),
                        contract.m_dDiscountSecond, contract.m_dPercentTax2, contract.m_dTax2,
                        contract.m_dPercentImposition2, contract.m_dImposition2};
-    if (ContractPosting::postsSale(contract))
+    if (contract.m_iStatus == 0 && ContractPosting::postsSale(contract))
         document.sale = {contract.m_dAmount, planInterest(contract)};
     return document;
 }

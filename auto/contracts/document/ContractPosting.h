@@ -21,7 +21,8 @@ namespace ContractPosting {
 // contract must be loaded again first: iDocNum still names the document that was rolled back.
 //
 // The price of an instalment sale to a person of the suite, and the interest of its plan, stand in the document where the contract
-// settings say so, and where the document holds them already: turning the setting off changes nobody's books.
+// settings say so, and where the document holds them already: turning the setting off changes nobody's books. An inactive contract
+// has sold nothing: its document holds neither.
 //
 // False: the suite assigned no document number; nothing more was written. Throws CMySQLException, and KAccountingError as
 // DocumentWriter does.

@@ -28,7 +28,7 @@ struct CustomFields
     QHash<int, QString> changed; // of those that the user changed since
 };
 
-// What becomes of the instalment plan, once the contract holds what both sides decided and before its document is written. Runs in
+// Whether the money received for the contract allows it, and what becomes of its instalment plan, once the contract holds what both sides decided and before its document is written. Runs in
 // the unit; what it throws ends the save, and nothing of it is kept. Empty: the plan stays as it is.
 using PlanStep = std::function<void(CTblAutomobilContracts &)>;
 

@@ -15,6 +15,9 @@
 #include "auto/contracts/editor/ContractTitle.h"
 #include "auto/contracts/editor/LoadCarForContract.h"
 #include "auto/contracts/editor/MatterVisibility.h"
+#include "auto/contracts/receipts/CDlgContractReceipts.h"
+#include "auto/contracts/receipts/ContractChanging.h"
+#include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
@@ -203,6 +206,9 @@ void CDlgAddAutomobilContract::save()
             if (!choice)
                 throw GoneBack();
             m_planAnswer = {undecided.facts(), *choice};
+        } catch (const ContractDeleting::MoneyReceived &received) {
+            CDlgContractReceipts::offer(received, key(), this);
+            throw GoneBack();
         }
     }
 }
@@ -210,8 +216,11 @@ void CDlgAddAutomobilContract::save()
 void CDlgAddAutomobilContract::savePosted()
 {
     const KWaitCursor wait;
-    const auto plan = [this](CTblAutomobilContracts &contract) { PlanFollowing::run(contract, m_planAnswer); };
-    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()}, plan);
+    const auto moneyAndPlan = [this](CTblAutomobilContracts &contract) {
+        ContractChanging::requireAllowed(contract);
+        PlanFollowing::run(contract, m_planAnswer);
+    };
+    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()}, moneyAndPlan);
 }
 
 int CDlgAddAutomobilContract::saveAsNew()

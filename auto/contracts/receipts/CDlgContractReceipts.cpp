@@ -118,6 +118,13 @@ void CDlgContractReceipts::Show(int contractID, QWidget *parent)
         CDlgContractReceipts(contractID, parent).exec();
 }
 
+void CDlgContractReceipts::offer(const KAccountingError &refused, int contractID, QWidget *parent)
+{
+    const QString question = refused.userMessage() + u"\nدریافت‌های این قرارداد برای ابطال نشان داده شود؟"_s;
+    if (g_pDlgYesNo->Ask(question, parent) != KMessageDialog::No)
+        Show(contractID, parent);
+}
+
 void CDlgContractReceipts::build()
 {
     m_list = new KExtListCtrl(this);

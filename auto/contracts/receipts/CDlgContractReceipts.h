@@ -7,6 +7,7 @@
 #include "suite/accounting/reports/ListReport.h"
 #include "suite/utility/frame/KDialog.h"
 
+class KAccountingError;
 class KEdit;
 class KExtListCtrl;
 class QLabel;
@@ -24,6 +25,8 @@ public:
 
     // Opens the window; nothing for a contract that is gone, nor without the right to see receipts (the user is told).
     static void Show(int contractID, QWidget *parent);
+    // Says why something was refused, and asks whether to open the window, where what refuses it can be made void.
+    static void offer(const KAccountingError &refused, int contractID, QWidget *parent);
 
     // The command behind the button, on the selected row with the entered reason; asks first.
     void voidSelected();

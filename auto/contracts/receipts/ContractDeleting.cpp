@@ -16,10 +16,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void refuseFor(double amount, const QString &refusal)
+void refuseFor(double amount, const QString &refusal, const QString &deed)
 {
     if (amount > 0 && !IsEquals(amount, 0))
-        throw ContractDeleting::MoneyReceived(refusal.arg(DToMoney(amount), OfficeSettings::read().moneyUnitName()));
+        throw ContractDeleting::MoneyReceived(refusal.arg(DToMoney(amount), OfficeSettings::read().moneyUnitName(), deed));
 }
 
 // One that bounced pays nothing, and the claim of it stands all the same.
@@ -33,13 +33,13 @@ int standingCheques(const CTblAutomobilContracts &contract)
 
 }
 
-void ContractDeleting::requireNothingReceived(const CTblAutomobilContracts &contract)
+void ContractDeleting::requireNothingReceived(const CTblAutomobilContracts &contract, const QString &deed)
 {
     const QList<ContractReceipts::Entry> entries = ContractReceipts::list(contract);
-    refuseFor(ContractReceipts::sum(entries), u"بابت این قرارداد %1 %2 دریافت شده است. تا دریافت‌های آن باطل نشود، حذف نمی‌شود."_s);
-    refuseFor(ContractReceipts::sum(entries, CTblReceipts::paid), u"بابت این قرارداد %1 %2 پرداخت شده است. تا پرداخت‌های آن باطل نشود، حذف نمی‌شود."_s);
+    refuseFor(ContractReceipts::sum(entries), u"بابت این قرارداد %1 %2 دریافت شده است. تا دریافت‌های آن باطل نشود، %3 نمی‌شود."_s, deed);
+    refuseFor(ContractReceipts::sum(entries, CTblReceipts::paid), u"بابت این قرارداد %1 %2 پرداخت شده است. تا پرداخت‌های آن باطل نشود، %3 نمی‌شود."_s, deed);
     if (const int cheques = standingCheques(contract))
-        throw MoneyReceived(u"در فهرست چک‌ها %1 چک بابت این قرارداد هست. تا مسترد یا باطل نشود، قرارداد حذف نمی‌شود."_s.arg(cheques));
+        throw MoneyReceived(u"در فهرست چک‌ها %1 چک بابت این قرارداد هست. تا مسترد یا باطل نشود، قرارداد %2 نمی‌شود."_s.arg(QString::number(cheques), deed));
 }
 
 void ContractDeleting::run(CTblAutomobilContracts &asked)

@@ -5,6 +5,8 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 
+#include <QString>
+
 class CTblAutomobilContracts;
 
 // Deletes a contract for which no money was received or paid, and no cheque is in the register.
@@ -17,8 +19,8 @@ public:
     using KAccountingError::KAccountingError;
 };
 
-// Throws MoneyReceived. The contract is loaded.
-void requireNothingReceived(const CTblAutomobilContracts &contract);
+// Throws MoneyReceived. The contract is loaded. deed: what is refused then, the first word of "حذف نمی‌شود".
+void requireNothingReceived(const CTblAutomobilContracts &contract, const QString &deed = QStringLiteral("حذف"));
 // Deletes the contract that the user was asked about, as RowDeleting does. Throws MoneyReceived and RowDeleting::Refused.
 void run(CTblAutomobilContracts &asked);
 

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "auto/contracts/receipts/ContractChanging.h"
+
+#include "auto/contracts/parties/ContractSide.h"
+#include "auto/contracts/receipts/ContractDeleting.h"
+#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/RecordCodes.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/office/ReceiptPurpose.h"
+#include "suite/crm/persons/CTblPersonsMini.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/treasury/CTblReceipts.h"
+#include "suite/utility/values/Money.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Contract = CTblAutomobilContracts;
+
+bool becomesInactive(const Contract &stored, const Contract &contract)
+{
+    return stored.m_iStatus == 0 && contract.m_iStatus == 1;
+}
+
+bool changesPerson(const Contract &stored, const Contract &contract, const ContractSide &side)
+{
+    return stored.*(side.personID) != contract.*(side.personID);
+}
+
+// A receipt that says no side is that of the party it came from.
+void requireNoMoneyOfOthers(const Contract &stored, const Contract &contract, const ContractSide &side)
+{
+    CTblTemp receipts(contract.database());
+    receipts.ExecuteQuery(KSql::formatted("SELECT iPersonID,SUM(dAmount) FROM Receipts WHERE iTable=%1 AND iRecordID=%2 AND iStatus=%3 AND iFor<>%4 "
+                                          "AND (iSide=%5 OR (iSide=0 AND iPersonID=%6)) AND iPersonID<>%7 GROUP BY iPersonID ORDER BY 2 DESC LIMIT 1",
+                                          int(Contract::recordKind), contract.m_iID, int(CTblReceipts::valid), int(ReceiptPurpose::OnAccount),
+                                          side.number, stored.*(side.personID), contract.*(side.personID)));
+    if (!receipts.HasResultRow())
+        return;
+    throw ContractDeleting::MoneyReceived(
+        u"به نام «%1» بابت این قرارداد %2 %3 دریافت یا پرداخت شده است. تا آن باطل نشود، %4 قرارداد شخص دیگری نمی‌شود."_s.arg(
+            CTblPersonsMini::GetName(receipts.GetLongFieldValue(0)), DToMoney(receipts.GetDoubleFieldValue(1)),
+            OfficeSettings::read({}, contract.database()).moneyUnitName(), ContractSide::nameOf(side.number)));
+}
+
+}
+
+void ContractChanging::requireAllowed(const CTblAutomobilContracts &contract)
+{
+    const ContractSide &seller = ContractSide::of(ContractSide::seller);
+    const ContractSide &buyer = ContractSide::of(ContractSide::buyer);
+    // The row is still as it was.
+    Contract stored(contract.database());
+    if (!stored.lockRecord(contract.m_iID))
+        return;
+    const bool ends = becomesInactive(stored, contract);
+    if (!ends && !changesPerson(stored, contract, seller) && !changesPerson(stored, contract, buyer))
+        return;
+    // As ContractLock does it: what decides here is the money of the contract.
+    RecordCodes::lock(u"Receipts"_s, contract.database());
+    if (ends)
+        ContractDeleting::requireNothingReceived(stored, u"غیرفعال"_s);
+    for (const ContractSide *side : {&seller, &buyer}) {
+        if (changesPerson(stored, contract, *side))
+            requireNoMoneyOfOthers(stored, contract, *side);
+    }
+}
