@@ -13,6 +13,8 @@
 #include "suite/treasury/CTblChequeChanges.h"
 #include "suite/treasury/CTblCheques.h"
 #include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/ReceiptOwners.h"
+#include "suite/treasury/ReceiptSpread.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -42,6 +44,7 @@ CDlgChequeChange::CDlgChequeChange(int chequeID, QWidget *parent)
     , m_date(new KDateEdit)
     , m_account(new KDropDown)
     , m_person(new KPersonField(u"به شخص :"_s))
+    , m_for(new KDropDown)
     , m_desc(new KEdit)
 {
     setWindowTitle(u"تغییر وضعیت چک"_s);
@@ -50,6 +53,7 @@ CDlgChequeChange::CDlgChequeChange(int chequeID, QWidget *parent)
     m_date->setDate(GetDBSetting()->GetDBServerDate().date());
     load();
     connect(m_newState, &QComboBox::currentIndexChanged, this, &CDlgChequeChange::showStep);
+    connect(m_person, &KPersonField::changed, this, &CDlgChequeChange::fillPurposes);
     m_newState->setFocus();
 }
 
@@ -85,6 +89,7 @@ void CDlgChequeChange::build()
     m_personLabel = labelFor(u"به شخص :"_s, m_person);
     m_personLabel->setBuddy(m_person->nameEdit());
     grid->addField(m_personLabel, new FieldNote(m_person->nameEdit()), m_person, 2);
+    m_forLabel = addLabelled(grid, u"بابت :"_s, m_for, 2);
     addLabelled(grid, u"شرح :"_s, m_desc, 4);
     setContent(page, createButtons());
 }
@@ -98,6 +103,7 @@ void CDlgChequeChange::load()
         return;
     m_given = cheque.m_iKind == CTblReceipts::paid;
     m_deposited = cheque.m_iAccount;
+    m_amount = cheque.m_dAmount;
     m_cheque->setText(u"%1، سررسید %2، مبلغ %3 %4"_s.arg(ChequeChanging::nameOf(cheque), shamsiText(cheque.m_dateDue.date()), DToMoney(cheque.m_dAmount),
                                                          OfficeSettings::read().moneyUnitName()));
     m_cheque->setCursorPosition(0);
@@ -130,9 +136,10 @@ void CDlgChequeChange::showStep()
     const bool toAccount = ChequeStates::needsAccount(m_seen.state, to) && to != ChequeState::Void;
     for (QWidget *widget : {static_cast<QWidget *>(m_accountLabel), static_cast<QWidget *>(m_account)})
         widget->setVisible(toAccount);
-    for (QWidget *widget : {static_cast<QWidget *>(m_personLabel), static_cast<QWidget *>(m_person)})
+    for (QWidget *widget : {static_cast<QWidget *>(m_personLabel), static_cast<QWidget *>(m_person), static_cast<QWidget *>(m_forLabel), static_cast<QWidget *>(m_for)})
         widget->setVisible(ChequeStates::needsPerson(to));
     fillAccounts();
+    fillPurposes();
     const bool stopsCounting = to != ChequeState::Void && ChequeStates::counts(m_seen.state) && !ChequeStates::counts(to);
     FieldNote::of(m_newState)->setOwnText(stopsCounting ? u"آنچه با این چک پرداخت شده بود دوباره باز می‌شود."_s : QString());
 }
@@ -149,6 +156,29 @@ void CDlgChequeChange::fillAccounts()
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         m_account->addItem(set.m_sName, set.m_iCode);
     m_account->setCurrentIndex(qMax(0, m_account->findData(before)));
+}
+
+// What the endorsee has to get, the first of it chosen; last, nothing in particular.
+void CDlgChequeChange::fillPurposes()
+{
+    m_items = m_person->personID() > 0 && chosen() == ChequeState::Endorsed ? ReceiptOwners::openItems(m_person->personID(), CTblReceipts::paid) : QList<OpenItem>();
+    m_for->clear();
+    for (const OpenItem &item : std::as_const(m_items))
+        m_for->addItem(u"%1 (مانده %2)"_s.arg(item.purpose.text, DToMoney(item.rest)));
+    m_for->addItem(u"علی‌الحساب"_s);
+    m_for->setCurrentIndex(0);
+}
+
+// What the cheque is more than the chosen item's rest goes on to the next ones.
+QList<ReceiptPosting::Part> CDlgChequeChange::pays() const
+{
+    const int at = m_for->currentIndex();
+    QList<ReceiptPosting::Part> parts;
+    if (at < 0 || at >= m_items.size())
+        return parts;
+    for (const ReceiptSpread::Share &share : ReceiptSpread::of(m_amount, m_items.at(at).purpose, m_items))
+        parts.append({share.amount, {}, share.purpose});
+    return parts;
 }
 
 QWidget *CDlgChequeChange::fieldOf(const QString &column) const
@@ -177,7 +207,8 @@ bool CDlgChequeChange::OnOK()
                                 .date = m_date->dateTime(),
                                 .account = m_account->currentData().toInt(),
                                 .endorsedID = m_person->personID(),
-                                .desc = m_desc->text()});
+                                .desc = m_desc->text(),
+                                .pays = pays()});
     } catch (const FieldRefused &refusal) {
         return refuse(refusal.userMessage(), fieldOf(refusal.column()));
     } catch (const KAccountingError &error) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/treasury/ChequeChanging.h"
+#include "suite/treasury/OpenItem.h"
 #include "suite/treasury/TzTreasuryExport.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -34,6 +35,8 @@ private:
     void fillStates();
     void showStep();
     void fillAccounts();
+    void fillPurposes();
+    QList<ReceiptPosting::Part> pays() const;
     bool refuse(const QString &message, QWidget *field);
     QWidget *fieldOf(const QString &column) const;
     ChequeState chosen() const;
@@ -49,5 +52,9 @@ private:
     QLabel *m_accountLabel = nullptr;
     KPersonField *m_person;
     QLabel *m_personLabel = nullptr;
+    QComboBox *m_for; // what the endorsee has to get
+    QLabel *m_forLabel = nullptr;
+    QList<OpenItem> m_items;
+    double m_amount = 0; // of the cheque
     KEdit *m_desc;
 };

@@ -16,11 +16,10 @@
 #include "suite/db/KTransaction.h"
 #include "suite/treasury/CTblChequeChanges.h"
 #include "suite/treasury/CTblCheques.h"
-#include "suite/treasury/ReceiptOwners.h"
+#include "suite/treasury/ChequeReceipts.h"
+#include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "suite/utility/values/TextStandard.h"
-
-#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -29,9 +28,6 @@ namespace {
 using ChequeChanging::Change;
 using ChequeChanging::Changed;
 using ChequeChanging::Seen;
-
-// The records that the cheque's receipts are for, in the order in which every unit locks them. Null: the owner is not there.
-using PaidRecords = std::map<std::pair<int, int>, const ReceiptOwner *>;
 
 ChequeState stateOf(const CTblCheques &cheque)
 {
@@ -48,26 +44,6 @@ void requireGranted(KSecurity::Right right)
     KSecurity::forgetRights();
     if (!KSecurity::IsGranted(ChequeChanging::rightsForm(), right))
         throw KAccountingError(KSecurity::refusalText(ChequeChanging::rightsForm(), right));
-}
-
-// What a receipt is for never changes, so that it is read before the unit, whose first reading is a lock.
-PaidRecords paidRecords(int chequeID, int database)
-{
-    CTblReceipts receipts(database);
-    receipts.SetColumns({u"iTable"_s, u"iRecordID"_s});
-    receipts.m_filter = KSql::formatted("iChequeID=%1 AND iTable<>0", chequeID);
-    PaidRecords records;
-    for (receipts.Open(true, true, true); !receipts.IsEOF(); receipts.MoveNext())
-        records.insert({{receipts.m_iTable, receipts.m_iRecordID}, ReceiptOwners::of(receipts.m_iTable)});
-    return records;
-}
-
-void lockRecords(const PaidRecords &records)
-{
-    for (const auto &[record, owner] : records) {
-        if (owner)
-            owner->lock(record.second, false);
-    }
 }
 
 // The key of the last valid step, as it is now; within the lock of the cheque.
@@ -145,6 +121,25 @@ void requireEndorsee(const Change &change, const CTblCheques &cheque)
     query.FormatAndExecuteQuery("SELECT iID FROM Persons WHERE iID=%d LOCK IN SHARE MODE", change.endorsedID);
     if (!query.HasResultRow())
         throw FieldRefused(u"این شخص دیگر وجود ندارد."_s, u"iEndorsedID"_s);
+    ChequeReceipts::require(change.pays);
+}
+
+// All of it on account unless it is said what it pays.
+QList<ReceiptPosting::Part> partsOf(const Change &change, const CTblCheques &cheque)
+{
+    const QString desc = u"خرج %1"_s.arg(ChequeChanging::nameOf(cheque));
+    if (change.pays.isEmpty())
+        return {{cheque.m_dAmount, desc, {}}};
+    double sum = 0;
+    QList<ReceiptPosting::Part> parts = change.pays;
+    for (ReceiptPosting::Part &part : parts) {
+        sum += part.amount;
+        if (part.desc.isEmpty())
+            part.desc = desc;
+    }
+    if (!IsEquals(sum, cheque.m_dAmount))
+        throw KAccountingError(u"جمع آنچه با این چک پرداخت می‌شود با مبلغ چک برابر نیست."_s);
+    return parts;
 }
 
 void requireStep(const Change &change, const CTblCheques &cheque)
@@ -182,9 +177,8 @@ void writeStepDocument(CTblChequeChanges &step, const CTblCheques &cheque)
     step.m_iFiscalYear = document.fiscalYear();
 }
 
-int addStep(const Change &change, const CTblCheques &cheque, int &docNum, int &fiscalYear)
+void addStep(CTblChequeChanges &step, const Change &change, const CTblCheques &cheque)
 {
-    CTblChequeChanges step(cheque.database());
     step.AddNew();
     step.m_iChequeID = cheque.m_iID;
     step.m_iFromState = cheque.m_iState;
@@ -196,46 +190,7 @@ int addStep(const Change &change, const CTblCheques &cheque, int &docNum, int &f
     step.m_iUserID = GetDBSetting()->GetUserID();
     writeStepDocument(step, cheque);
     step.Update(true);
-    docNum = step.m_iDocNum;
-    fiscalYear = step.m_iFiscalYear;
-    return static_cast<int>(step.GetLastInsertedID());
-}
-
-void requireRecounted(const CTblReceipts &receipt, const PaidRecords &records)
-{
-    if (receipt.m_iTable == 0)
-        return;
-    const auto found = records.find({receipt.m_iTable, receipt.m_iRecordID});
-    if (found == records.end() || !found->second)
-        throw KAccountingError(u"بخشی از برنامه که دریافت یا پرداخت این چک به آن تعلق دارد بارگذاری نشده است. چیزی ثبت نشد."_s);
-    found->second->recount(receipt);
-}
-
-QList<int> receiptKeys(const CTblCheques &cheque)
-{
-    CTblTemp query(cheque.database());
-    query.Open(false, false, true);
-    query.FormatAndExecuteQuery("SELECT iID FROM Receipts WHERE iChequeID=%d ORDER BY iID FOR UPDATE", cheque.m_iID);
-    QList<int> keys;
-    for (; query.HasResultRow(); query.MoveNextResult())
-        keys.append(query.GetLongFieldValue(0));
-    return keys;
-}
-
-// What came by the cheque counts as long as the cheque does.
-void setReceipts(const CTblCheques &cheque, const PaidRecords &records)
-{
-    const int status = ChequeStates::counts(stateOf(cheque)) ? CTblReceipts::valid : CTblReceipts::unpaid;
-    const QList<int> keys = receiptKeys(cheque);
-    for (const int key : keys) {
-        CTblReceipts receipt(cheque.database());
-        if (!receipt.lockRecord(key) || receipt.m_iStatus == CTblReceipts::voided || receipt.m_iStatus == status)
-            continue;
-        receipt.Edit();
-        receipt.m_iStatus = status;
-        receipt.Update(true);
-        requireRecounted(receipt, records);
-    }
+    step.m_iID = static_cast<qint32>(step.GetLastInsertedID());
 }
 
 // Bank account and endorsee are those of the last valid step that has one.
@@ -258,18 +213,20 @@ void storeState(CTblCheques &cheque, ChequeState state)
     cheque.Update(true);
 }
 
-Changed changeUnit(const Change &change, const PaidRecords &records, int database)
+Changed changeUnit(const Change &change, const ChequeReceipts &receipts, int database)
 {
     OfficeClosing::requireOpen(database);
-    lockRecords(records);
+    receipts.lock();
     CTblCheques cheque(database);
     lockAsSeen(cheque, change.seen);
     requireStep(change, cheque);
-    Changed changed;
-    changed.changeID = addStep(change, cheque, changed.docNum, changed.fiscalYear);
+    CTblChequeChanges step(database);
+    addStep(step, change, cheque);
     storeState(cheque, change.to);
-    setReceipts(cheque, records);
-    return changed;
+    receipts.follow(cheque, step.m_iFromState);
+    if (change.to == ChequeState::Endorsed)
+        receipts.payEndorsee(cheque, step, partsOf(change, cheque));
+    return {step.m_iID, step.m_iDocNum, step.m_iFiscalYear};
 }
 
 void voidStep(CTblChequeChanges &step, const CTblCheques &cheque, const QString &why)
@@ -289,18 +246,20 @@ void voidStep(CTblChequeChanges &step, const CTblCheques &cheque, const QString 
     step.Update(true);
 }
 
-void undoUnit(const Seen &seen, const PaidRecords &records, const QString &why, int database)
+void undoUnit(const Seen &seen, const ChequeReceipts &receipts, const QString &why, int database)
 {
     OfficeClosing::requireOpen(database);
-    lockRecords(records);
+    receipts.lock();
     CTblCheques cheque(database);
     lockAsSeen(cheque, seen);
     CTblChequeChanges step(database);
     if (seen.lastChange == 0 || !step.lockRecord(seen.lastChange))
         throw KAccountingError(u"این چک تغییر وضعیتی ندارد که برگردانده شود."_s);
+    const auto back = static_cast<ChequeState>(step.m_iFromState);
     voidStep(step, cheque, why);
-    storeState(cheque, static_cast<ChequeState>(step.m_iFromState));
-    setReceipts(cheque, records);
+    storeState(cheque, back);
+    receipts.takeBack(cheque, step);
+    receipts.follow(cheque, step.m_iToState);
 }
 
 }
@@ -333,9 +292,10 @@ ChequeChanging::Changed ChequeChanging::change(const Change &change, int databas
 {
     GetDBSetting()->RequireOpenDB();
     requireGranted(KSecurity::Modify);
-    const PaidRecords records = paidRecords(change.seen.chequeID, database);
+    ChequeReceipts receipts(change.seen.chequeID, database);
+    receipts.add(change.to == ChequeState::Endorsed ? change.pays : QList<ReceiptPosting::Part>());
     Changed changed;
-    KTransaction::runReplayable([&] { changed = changeUnit(change, records, database); }, database);
+    KTransaction::runReplayable([&] { changed = changeUnit(change, receipts, database); }, database);
     return changed;
 }
 
@@ -346,6 +306,6 @@ void ChequeChanging::undoLast(const Seen &seen, const QString &reason, int datab
     const QString why = ConvertToStandard(reason).trimmed().left(CTblReceipts::longestReason);
     if (why.isEmpty())
         throw FieldRefused(u"لطفا دلیل برگرداندن را وارد نمایید."_s, u"sVoidReason"_s);
-    const PaidRecords records = paidRecords(seen.chequeID, database);
-    KTransaction::runReplayable([&] { undoUnit(seen, records, why, database); }, database);
+    const ChequeReceipts receipts(seen.chequeID, database);
+    KTransaction::runReplayable([&] { undoUnit(seen, receipts, why, database); }, database);
 }

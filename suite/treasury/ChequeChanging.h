@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/treasury/ChequeStates.h"
+#include "suite/treasury/ReceiptPosting.h"
 
 #include <QDateTime>
 #include <QString>
@@ -36,6 +37,9 @@ struct Change
     int account = 0;    // where ChequeStates::needsAccount asks for one
     int endorsedID = 0; // where ChequeStates::needsPerson does
     QString desc;
+    // What an endorsed cheque pays of what the endorsee has to get, in parts that add up to it; empty: all of it on account. Each is
+    // a payment on the step's document.
+    QList<ReceiptPosting::Part> pays = {};
 };
 
 struct Changed

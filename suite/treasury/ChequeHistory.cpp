@@ -6,6 +6,7 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/db/KLookup.h"
 #include "suite/treasury/CTblChequeChanges.h"
+#include "suite/treasury/CTblCheques.h"
 #include "suite/treasury/CTblReceipts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -21,15 +22,15 @@ QString voidingText(int userID, const QDateTime &when, const QString &reason, in
     return u"%1، %2: %3"_s.arg(CTblUsers::GetName(userID, database), shamsiText(when.date()), reason);
 }
 
-// How the cheque came, and whether it was given.
-QList<Entry> handovers(int chequeID, bool &isGiven, int database)
+// How the cheque came, or went out; what it paid once it was endorsed belongs to that step.
+QList<Entry> handovers(const CTblCheques &cheque)
 {
+    const int database = cheque.database();
     CTblReceipts receipts(database);
-    receipts.m_filter = KSql::formatted("iChequeID=%1", chequeID);
+    receipts.m_filter = KSql::formatted("iChequeID=%1 AND iKind=%2", cheque.m_iID, cheque.m_iKind);
     receipts.m_sort = "iID";
     QList<Entry> entries;
     for (receipts.Open(true, true, true); !receipts.IsEOF(); receipts.MoveNext()) {
-        isGiven = receipts.m_iKind == CTblReceipts::paid;
         const bool isVoid = receipts.m_iStatus == CTblReceipts::voided;
         const QString purpose = receipts.m_sFor.isEmpty() ? u"علی‌الحساب"_s : receipts.m_sFor;
         entries.append({.date = receipts.m_date,
@@ -60,8 +61,11 @@ QString detailOf(const CTblChequeChanges &step)
 
 QList<ChequeHistory::Entry> ChequeHistory::of(int chequeID, int database)
 {
-    bool isGiven = false;
-    QList<Entry> entries = handovers(chequeID, isGiven, database);
+    CTblCheques cheque(database);
+    if (!cheque.IsRecordExist(u"iID"_s, chequeID))
+        return {};
+    const bool isGiven = cheque.m_iKind == CTblReceipts::paid;
+    QList<Entry> entries = handovers(cheque);
     CTblChequeChanges steps(database);
     steps.m_filter = KSql::formatted("iChequeID=%1", chequeID);
     steps.m_sort = "iID";

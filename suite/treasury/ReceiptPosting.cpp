@@ -213,14 +213,14 @@ QList<Posted> saveUnit(const Handover &handover, int database)
     return posted;
 }
 
-// What came with the same cheque, all of it at once.
+// What came with the same cheque, all of it at once; but not what was made void before, with an endorsement that was taken back.
 QList<int> togetherWith(const CTblReceipts &asked)
 {
     if (asked.m_iChequeID == 0)
         return {asked.m_iID};
     CTblReceipts set(asked.database());
     set.SetColumns({u"iChequeID"_s});
-    set.m_filter = KSql::formatted("iChequeID=%1", asked.m_iChequeID);
+    set.m_filter = KSql::formatted("iChequeID=%1 AND (iStatus<>%2 OR iID=%3)", asked.m_iChequeID, int(CTblReceipts::voided), asked.m_iID);
     set.m_sort = "iID";
     QList<int> keys;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())

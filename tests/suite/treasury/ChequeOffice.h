@@ -25,13 +25,14 @@ public:
     class Owner final : public ReceiptOwner
     {
     public:
-        QList<OpenItem> openItems(int, CTblReceipts::Kind) const override { return {}; }
+        QList<OpenItem> openItems(int, CTblReceipts::Kind kind) const override { return kind == CTblReceipts::paid ? toPay : QList<OpenItem>(); }
         void lock(int record, bool) const override { asked.append(u"lock %1"_s.arg(record)); }
         void recount(const CTblReceipts &receipt) const override
         {
             asked.append(u"recount %1 status %2"_s.arg(receipt.m_iRecordID).arg(receipt.m_iStatus));
         }
         mutable QStringList asked;
+        QList<OpenItem> toPay; // of everybody
     };
 
     ChequeOffice()
@@ -56,6 +57,7 @@ public:
         for (const char *table : {"Receipts", "Cheques", "ChequeChanges", "Documents", "Docs", "Changes"})
             office.database.run(u"DELETE FROM "_s + QLatin1String(table));
         owner.asked.clear();
+        owner.toPay.clear();
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
             dialog->takeShown();
     }
@@ -77,6 +79,10 @@ public:
     ChequeChanging::Change step(int cheque, ChequeState to, int month = 5, int day = 10) const
     {
         return {.seen = ChequeChanging::seen(cheque), .to = to, .date = date(month, day), .account = Accounts::bank, .endorsedID = endorsee};
+    }
+    static ReceiptPurpose claim(int paymentID = 0)
+    {
+        return {.recordKind = recordKind, .recordID = recordID, .paymentID = paymentID, .what = ReceiptPurpose::Price, .text = u"بهای خودرو"_s};
     }
     ChequeChanging::Changed bring(int cheque, ChequeState to) const { return ChequeChanging::change(step(cheque, to)); }
 

@@ -124,6 +124,26 @@ private Q_SLOTS:
         QCOMPARE(m_office.balance(Accounts::persons, m_office.endorsee), 1500.0);
     }
 
+    // The oldest claim of the endorsee is proposed; what the cheque is more goes on to the next one.
+    void endorsingPaysWhatTheEndorseeHasToGet()
+    {
+        m_office.owner.toPay = {{ChequeOffice::claim(1), 900, {}}, {ChequeOffice::claim(2), 400, {}}};
+        CDlgChequeChange window(m_cheque);
+        window.show();
+        choose(window, ChequeState::Endorsed);
+        auto *purpose = named<QComboBox>(window, u"بابت :"_s);
+        QVERIFY(purpose->isVisible());
+        QCOMPARE(purpose->count(), 1);
+        auto *person = window.findChild<KPersonField *>();
+        person->setPersonID(m_office.endorsee);
+        Q_EMIT person->changed(m_office.endorsee);
+        QCOMPARE(purpose->count(), 3);
+        QCOMPARE(purpose->currentText(), u"بهای خودرو (مانده 900)"_s);
+        window.accept();
+        QCOMPARE(m_office.value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',dAmount,iPaymentID) ORDER BY iID SEPARATOR ' ') FROM Receipts WHERE iKind=1"_s),
+                 u"900/1 400/2 200/0"_s);
+    }
+
     // The other desk's step is told, and the window then offers what follows from it, with what was typed.
     void whatAnotherDeskMovedIsToldAndShown()
     {

@@ -110,6 +110,71 @@ private Q_SLOTS:
         QCOMPARE(value("SELECT CONCAT_WS('/',iState,iEndorsedID) FROM Cheques"), u"0/0"_s);
     }
 
+    // What the endorsee had to get is paid by it for as long as he keeps it.
+    void endorsedChequePaysAClaim()
+    {
+        const auto payments = [this] {
+            return value("SELECT GROUP_CONCAT(CONCAT_WS('/',dAmount,iRecordID,iDocNum,iStatus) ORDER BY iID SEPARATOR ' ') FROM Receipts WHERE iKind=1");
+        };
+        const int cheque = m_office.received();
+        m_office.owner.asked.clear();
+        ChequeChanging::Change change = m_office.step(cheque, State::Endorsed);
+        change.pays = {{1000, {}, ChequeOffice::claim()}, {500, {}, {}}};
+        ChequeChanging::change(change);
+        QCOMPARE(payments(), u"1000/31/2/0 500/0/2/0"_s);
+        QCOMPARE(value("SELECT GROUP_CONCAT(DISTINCT CONCAT_WS('/',iPersonID,iMethod,iFor=3)) FROM Receipts WHERE iKind=1 AND iRecordID=31"), u"%1/4/1"_s.arg(m_office.endorsee));
+        QCOMPARE(m_office.owner.asked, (QStringList{u"lock 31"_s, u"recount 31 status 0"_s}));
+        QCOMPARE(m_office.balance(Accounts::persons, m_office.endorsee), 1500.0);
+        m_office.bring(cheque, State::Bounced);
+        QCOMPARE(payments(), u"1000/31/2/2 500/0/2/2"_s);
+        // Paid to the office after all, it pays nobody else.
+        m_office.bring(cheque, State::Cleared);
+        QCOMPARE(payments(), u"1000/31/2/2 500/0/2/2"_s);
+        QCOMPARE(value("SELECT iStatus FROM Receipts WHERE iKind=0"), u"0"_s);
+        ChequeChanging::undoLast(ChequeChanging::seen(cheque), u"اشتباه"_s);
+        ChequeChanging::undoLast(ChequeChanging::seen(cheque), u"اشتباه"_s);
+        QCOMPARE(payments(), u"1000/31/2/0 500/0/2/0"_s);
+        m_office.owner.asked.clear();
+        ChequeChanging::undoLast(ChequeChanging::seen(cheque), u"به شخص دیگر"_s);
+        QCOMPARE(payments(), u"1000/31/2/1 500/0/2/1"_s);
+        QCOMPARE(value("SELECT GROUP_CONCAT(DISTINCT sVoidReason) FROM Receipts WHERE iKind=1"), u"به شخص دیگر"_s);
+        QVERIFY(m_office.owner.asked.contains(u"recount 31 status 1"_s));
+        // What is void already is no hindrance to the cheque's own voiding.
+        ChequeVoiding::makeVoid(cheque, u"اشتباه"_s);
+        QCOMPARE(value("SELECT GROUP_CONCAT(iStatus) FROM Receipts"), u"1,1,1"_s);
+    }
+
+    void collectedByTheEndorseeItHasPaid()
+    {
+        const int cheque = m_office.received();
+        m_office.bring(cheque, State::Endorsed);
+        m_office.bring(cheque, State::Cleared);
+        QCOMPARE(value("SELECT CONCAT_WS('/',dAmount,iTable,iStatus) FROM Receipts WHERE iKind=1"), u"1500/0/0"_s);
+    }
+
+    void claimThatCannotBePaidIsRefused_data()
+    {
+        QTest::addColumn<QList<ReceiptPosting::Part>>("pays");
+        using Parts = QList<ReceiptPosting::Part>;
+        ReceiptPurpose paid = ChequeOffice::claim();
+        paid.require = [] { throw KAccountingError(u"در این میان پرداخت شده است."_s); };
+        QTest::newRow("paid by another desk meanwhile") << Parts{{1500, {}, paid}};
+        QTest::newRow("less than the cheque") << Parts{{1000, {}, ChequeOffice::claim()}};
+        ReceiptPurpose unknown = ChequeOffice::claim();
+        unknown.recordKind = 999;
+        QTest::newRow("of nobody") << Parts{{1500, {}, unknown}};
+    }
+
+    void claimThatCannotBePaidIsRefused()
+    {
+        const int cheque = m_office.received();
+        ChequeChanging::Change change = m_office.step(cheque, State::Endorsed);
+        QFETCH(QList<ReceiptPosting::Part>, pays);
+        change.pays = pays;
+        QVERIFY(!ChequeOffice::refusalOf([&] { ChequeChanging::change(change); }).isEmpty());
+        QCOMPARE(value("SELECT CONCAT_WS('/',iState,(SELECT COUNT(*) FROM Receipts),(SELECT COUNT(*) FROM Documents)) FROM Cheques"), u"0/1/1"_s);
+    }
+
     void collectedByWhomItWasEndorsedToBooksNothing()
     {
         const int cheque = m_office.received();
