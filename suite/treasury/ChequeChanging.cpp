@@ -16,6 +16,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/treasury/CTblChequeChanges.h"
 #include "suite/treasury/CTblCheques.h"
+#include "suite/treasury/ChequeEntry.h"
 #include "suite/treasury/ChequeReceipts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -246,6 +247,13 @@ void voidStep(CTblChequeChanges &step, const CTblCheques &cheque, const QString 
     step.Update(true);
 }
 
+// One that was given back can have come again meanwhile.
+void requireSayadFree(const CTblCheques &cheque, ChequeState back)
+{
+    if (stateOf(cheque) == ChequeState::Returned && back != ChequeState::Returned)
+        ChequeEntry::requireUnused(cheque, cheque.m_sSayad);
+}
+
 void undoUnit(const Seen &seen, const ChequeReceipts &receipts, const QString &why, int database)
 {
     OfficeClosing::requireOpen(database);
@@ -256,6 +264,7 @@ void undoUnit(const Seen &seen, const ChequeReceipts &receipts, const QString &w
     if (seen.lastChange == 0 || !step.lockRecord(seen.lastChange))
         throw KAccountingError(u"این چک تغییر وضعیتی ندارد که برگردانده شود."_s);
     const auto back = static_cast<ChequeState>(step.m_iFromState);
+    requireSayadFree(cheque, back);
     voidStep(step, cheque, why);
     storeState(cheque, back);
     receipts.takeBack(cheque, step);

@@ -17,19 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void requireNew(const CTblCheques &entry, const QString &sayad)
-{
-    NamedLock::take(u"Cheques"_s, entry.database());
-    CTblTemp query(entry.database());
-    query.Open(false, false, true);
-    query.ExecuteQuery(KSql::formatted("SELECT iPersonID,dateDue FROM Cheques WHERE sSayad=%1 AND iState NOT IN (%2,%3) FOR UPDATE",
-                                       KSql::quoted(sayad), int(ChequeState::Returned), int(ChequeState::Void)));
-    if (query.HasResultRow())
-        throw FieldRefused(u"چکی با این شناسه صیادی ثبت شده است: %1، سررسید %2."_s.arg(
-                               KLookup::name<CTblCheques>(u"iPersonID", query.GetLongFieldValue(0), entry.database()), shamsiText(query.GetDateFieldValue(1).date())),
-                           u"sSayad"_s);
-}
-
 // The window keeps to these; what comes from elsewhere is told by its field and not cut.
 void requireFitting(const Cheque &cheque)
 {
@@ -53,6 +40,19 @@ void requireFitting(const Cheque &cheque)
 
 }
 
+void ChequeEntry::requireUnused(const CTblCheques &entry, const QString &sayad)
+{
+    NamedLock::take(u"Cheques"_s, entry.database());
+    CTblTemp query(entry.database());
+    query.Open(false, false, true);
+    query.ExecuteQuery(KSql::formatted("SELECT iPersonID,dateDue FROM Cheques WHERE sSayad=%1 AND iState NOT IN (%2,%3) AND iID<>%4 FOR UPDATE",
+                                       KSql::quoted(sayad), int(ChequeState::Returned), int(ChequeState::Void), entry.m_iID));
+    if (query.HasResultRow())
+        throw FieldRefused(u"چکی با این شناسه صیادی ثبت شده است: %1، سررسید %2."_s.arg(
+                               KLookup::name<CTblCheques>(u"iPersonID", query.GetLongFieldValue(0), entry.database()), shamsiText(query.GetDateFieldValue(1).date())),
+                           u"sSayad"_s);
+}
+
 void ChequeEntry::requireComplete(const Cheque &cheque)
 {
     if (const QString problem = SayadNumber::problem(cheque.sayad); !problem.isEmpty())
@@ -68,7 +68,7 @@ void ChequeEntry::add(CTblCheques &entry, const Cheque &cheque)
 {
     requireComplete(cheque);
     const QString sayad = SayadNumber::normalized(cheque.sayad);
-    requireNew(entry, sayad);
+    requireUnused(entry, sayad);
     entry.m_iState = static_cast<int>(ChequeState::InHand);
     entry.m_sSayad = sayad;
     entry.m_sNumber = toAsciiDigits(cheque.number).trimmed();

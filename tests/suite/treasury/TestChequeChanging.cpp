@@ -175,6 +175,19 @@ private Q_SLOTS:
         QCOMPARE(value("SELECT CONCAT_WS('/',iState,(SELECT COUNT(*) FROM Receipts),(SELECT COUNT(*) FROM Documents)) FROM Cheques"), u"0/1/1"_s);
     }
 
+    void givenBackChequeThatCameAgainStaysGivenBack()
+    {
+        const int cheque = m_office.received();
+        m_office.bring(cheque, State::Returned);
+        const int again = m_office.received();
+        const auto undo = [&] { return ChequeOffice::refusalOf([&] { ChequeChanging::undoLast(ChequeChanging::seen(cheque), u"اشتباه"_s); }); };
+        QVERIFY2(undo().contains(u"شناسه صیادی"_s), "it is in the office twice");
+        QCOMPARE(value("SELECT GROUP_CONCAT(iState ORDER BY iID) FROM Cheques"), u"4,0"_s);
+        ChequeVoiding::makeVoid(again, u"اشتباه"_s);
+        QCOMPARE(undo(), QString());
+        QCOMPARE(value("SELECT GROUP_CONCAT(iState ORDER BY iID) FROM Cheques"), u"0,6"_s);
+    }
+
     void collectedByWhomItWasEndorsedToBooksNothing()
     {
         const int cheque = m_office.received();
