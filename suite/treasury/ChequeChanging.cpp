@@ -217,7 +217,7 @@ void storeState(CTblCheques &cheque, ChequeState state)
 Changed changeUnit(const Change &change, const ChequeReceipts &receipts, int database)
 {
     OfficeClosing::requireOpen(database);
-    receipts.lock();
+    receipts.lock(!ChequeStates::counts(change.seen.state) && ChequeStates::counts(change.to));
     CTblCheques cheque(database);
     lockAsSeen(cheque, change.seen);
     requireStep(change, cheque);
@@ -257,7 +257,7 @@ void requireSayadFree(const CTblCheques &cheque, ChequeState back)
 void undoUnit(const Seen &seen, const ChequeReceipts &receipts, const QString &why, int database)
 {
     OfficeClosing::requireOpen(database);
-    receipts.lock();
+    receipts.lock(!ChequeStates::counts(seen.state));
     CTblCheques cheque(database);
     lockAsSeen(cheque, seen);
     CTblChequeChanges step(database);

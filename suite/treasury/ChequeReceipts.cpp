@@ -60,13 +60,13 @@ void ChequeReceipts::add(const QList<ReceiptPosting::Part> &parts)
     }
 }
 
-void ChequeReceipts::lock() const
+void ChequeReceipts::lock(bool countAgain) const
 {
     for (const auto &[record, owner] : m_records) {
-        const bool isPaid = m_paid.contains(record);
+        const bool mustExist = countAgain || m_paid.contains(record);
         if (owner)
-            owner->lock(record.second, isPaid);
-        else if (isPaid)
+            owner->lock(record.second, mustExist);
+        else if (mustExist)
             refuseWithoutOwner();
     }
 }

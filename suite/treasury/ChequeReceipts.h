@@ -21,8 +21,8 @@ public:
 
     // The records of the parts that an endorsement pays are locked too.
     void add(const QList<ReceiptPosting::Part> &parts);
-    // First in the unit. The records of parts must be there.
-    void lock() const;
+    // First in the unit. The records of parts must be there and stand; those of the receipts too where these are to count again.
+    void lock(bool countAgain) const;
     // What the purposes of the parts require, once the cheque is locked.
     static void require(const QList<ReceiptPosting::Part> &parts);
 

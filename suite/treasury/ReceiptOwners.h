@@ -17,7 +17,7 @@ public:
     // What the person still owes (received), or is still owed (paid), oldest first.
     virtual QList<OpenItem> openItems(int personID, CTblReceipts::Kind kind) const = 0;
     // First in the unit that receives for the record or takes that back: nobody else does so until the unit ends. Throws KAccountingError
-    // when the record is gone and mustExist is set.
+    // when mustExist is set and the record is gone or void.
     virtual void lock(int recordID, bool mustExist) const = 0;
     // Later in that unit, once the receipt counts or counts no more: what the record keeps of it follows.
     virtual void recount(const CTblReceipts &receipt) const = 0;

@@ -166,10 +166,13 @@ QList<OpenItem> ContractReceiptOwner::openItems(int personID, CTblReceipts::Kind
 void ContractReceiptOwner::lock(int recordID, bool mustExist) const
 {
     CTblAutomobilContracts contract;
-    if (mustExist)
-        ContractLock::take(contract, recordID);
-    else
+    if (!mustExist) {
         ContractLock::takeIfThere(contract, recordID);
+        return;
+    }
+    ContractLock::take(contract, recordID);
+    if (contract.m_iStatus == 1)
+        throw KAccountingError(u"این قرارداد باطل شده است."_s);
 }
 
 void ContractReceiptOwner::recount(const CTblReceipts &receipt) const

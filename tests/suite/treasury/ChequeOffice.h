@@ -26,13 +26,19 @@ public:
     {
     public:
         QList<OpenItem> openItems(int, CTblReceipts::Kind kind) const override { return kind == CTblReceipts::paid ? toPay : QList<OpenItem>(); }
-        void lock(int record, bool) const override { asked.append(u"lock %1"_s.arg(record)); }
+        void lock(int record, bool mustExist) const override
+        {
+            asked.append(u"lock %1"_s.arg(record));
+            if (mustExist && isGone)
+                throw KAccountingError(u"این پرونده دیگر وجود ندارد."_s);
+        }
         void recount(const CTblReceipts &receipt) const override
         {
             asked.append(u"recount %1 status %2"_s.arg(receipt.m_iRecordID).arg(receipt.m_iStatus));
         }
         mutable QStringList asked;
         QList<OpenItem> toPay; // of everybody
+        bool isGone = false;
     };
 
     ChequeOffice()
@@ -58,6 +64,7 @@ public:
             office.database.run(u"DELETE FROM "_s + QLatin1String(table));
         owner.asked.clear();
         owner.toPay.clear();
+        owner.isGone = false;
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
             dialog->takeShown();
     }

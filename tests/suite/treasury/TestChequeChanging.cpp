@@ -397,6 +397,29 @@ private Q_SLOTS:
         QCOMPARE(value("SELECT CONCAT_WS('/',c.iState,r.iStatus) FROM Cheques c JOIN Receipts r ON r.iChequeID=c.iID"), u"1/0"_s);
     }
 
+    // Money does not come back to what was deleted or made void meanwhile.
+    void whatIsGoneIsNotPaidAgain_data()
+    {
+        QTest::addColumn<State>("to");
+        QTest::newRow("bounced and deposited again") << State::Bounced;
+        QTest::newRow("given back") << State::Returned;
+    }
+
+    void whatIsGoneIsNotPaidAgain()
+    {
+        QFETCH(State, to);
+        ReceiptPosting::Handover handover = m_office.handover();
+        handover.parts.first().purpose = ChequeOffice::claim();
+        const int cheque = ChequeOffice::enter(handover);
+        m_office.owner.isGone = true;
+        m_office.bring(cheque, to);
+        QVERIFY(!ChequeOffice::refusalOf([&] { ChequeChanging::undoLast(ChequeChanging::seen(cheque), u"اشتباه"_s); }).isEmpty());
+        if (to == State::Bounced)
+            QVERIFY(!ChequeOffice::refusalOf([&] { m_office.bring(cheque, State::Deposited); }).isEmpty());
+        QCOMPARE(value("SELECT iStatus FROM Receipts"), u"2"_s);
+        QCOMPARE(value("SELECT iState FROM Cheques").toInt(), int(to));
+    }
+
     void sayadNumberIsEnteredOnce()
     {
         const int cheque = m_office.received();
