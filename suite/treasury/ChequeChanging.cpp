@@ -89,7 +89,10 @@ void requireDate(const Change &change, const CTblCheques &cheque)
     const QDate since = stateSince(cheque, change.seen.lastChange);
     if (since.isValid() && day < since)
         throw FieldRefused(u"تاریخ تغییر وضعیت از تاریخ آخرین گردش چک (%1) کوچکتر است."_s.arg(shamsiText(since)), u"date"_s);
-    const QString refusal = OfficeSettings::read({}, cheque.database()).fiscalYearRefusal(day, u"تغییر وضعیت چک"_s);
+    const OfficeSettings settings = OfficeSettings::read({}, cheque.database());
+    if (day > settings.serverTime().date())
+        throw FieldRefused(u"تاریخ تغییر وضعیت پس از امروز (%1) است."_s.arg(shamsiText(settings.serverTime().date())), u"date"_s);
+    const QString refusal = settings.fiscalYearRefusal(day, u"تغییر وضعیت چک"_s);
     if (!refusal.isEmpty())
         throw FieldRefused(refusal, u"date"_s);
 }

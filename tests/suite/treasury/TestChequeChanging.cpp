@@ -250,6 +250,8 @@ private Q_SLOTS:
         row(
             "before it was received", [](auto &change) { change.date = ChequeOffice::date(4, 30); }, u"date"_s);
         row(
+            "tomorrow", [](auto &change) { change.date = GetDBSetting()->GetDBServerDate().addDays(1); }, u"date"_s);
+        row(
             "outside the fiscal year", [](auto &change) { change.date = QDateTime(QDate(2027, 3, 21), QTime(0, 0), Qt::UTC); }, u"date"_s);
         row(
             "no account", [](auto &change) { change.account = 0; }, u"iAccount"_s);
