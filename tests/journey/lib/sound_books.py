@@ -10,6 +10,7 @@ CAR = 68
 CONTRACT_DOCUMENT = 28
 RECEIPT_DOCUMENT = 3
 PAYMENT_DOCUMENT = 4
+CHEQUE_DOCUMENT = 5
 PERSONS_ACCOUNT = 110301
 CHEQUES_IN_HAND = 110401
 CHEQUES_DEPOSITED = 110402
@@ -76,14 +77,17 @@ CHECKS = [
      "AND h.iFiscalYear=c.iFiscalYear WHERE DATE(c.dateContract)<>DATE(h.date)"),
     ("a receipt has no document",
      f"SELECT r.iID, r.iDocNum FROM Receipts r LEFT JOIN Documents h ON h.iNum=r.iDocNum AND h.iFiscalYear=r.iFiscalYear "
-     f"AND h.iKind=IF(r.iKind=0,{RECEIPT_DOCUMENT},{PAYMENT_DOCUMENT}) WHERE h.iID IS NULL"),
+     f"AND (h.iKind=IF(r.iKind=0,{RECEIPT_DOCUMENT},{PAYMENT_DOCUMENT}) OR r.iChequeID<>0 AND r.iKind=1 AND h.iKind={CHEQUE_DOCUMENT}) "
+     "WHERE h.iID IS NULL"),
     ("a receipt's document has no receipt",
      f"SELECT h.iNum FROM Documents h LEFT JOIN Receipts r ON r.iDocNum=h.iNum AND r.iFiscalYear=h.iFiscalYear "
      f"WHERE h.iKind IN ({RECEIPT_DOCUMENT},{PAYMENT_DOCUMENT}) AND r.iID IS NULL"),
+    # What an endorsed cheque pays may be several payments on the one document of the endorsement.
     ("a receipt and its document differ",
-     f"SELECT r.iID, r.dAmount, SUM(d.dBes-d.dBed) AS credited FROM Receipts r JOIN Docs d ON d.iDocNum=r.iDocNum "
-     f"AND d.iFiscalYear=r.iFiscalYear AND d.iPersonID=r.iPersonID AND d.iHesabMoeenCode={PERSONS_ACCOUNT} "
-     f"WHERE r.iStatus<>1 GROUP BY r.iID HAVING ABS(MAX({_SIGNED})-credited)>=0.0001"),
+     f"SELECT r.iDocNum, r.iPersonID, r.got, SUM(d.dBes-d.dBed) AS credited FROM (SELECT iDocNum, iFiscalYear, iPersonID, "
+     f"SUM({_SIGNED}) AS got FROM Receipts r WHERE r.iStatus<>1 GROUP BY iDocNum, iFiscalYear, iPersonID) AS r JOIN Docs d ON "
+     f"d.iDocNum=r.iDocNum AND d.iFiscalYear=r.iFiscalYear AND d.iPersonID=r.iPersonID AND d.iHesabMoeenCode={PERSONS_ACCOUNT} "
+     "GROUP BY r.iDocNum, r.iFiscalYear, r.iPersonID HAVING ABS(MAX(r.got)-credited)>=0.0001"),
     ("a receipt that stands has an empty document",
      "SELECT r.iID FROM Receipts r WHERE r.iStatus<>1 AND NOT EXISTS(SELECT 1 FROM Docs d WHERE d.iDocNum=r.iDocNum "
      "AND d.iFiscalYear=r.iFiscalYear)"),
@@ -103,7 +107,7 @@ CHECKS = [
      "SELECT q.iID, q.iState FROM Cheques q LEFT JOIN ChequeChanges g ON g.iID=(SELECT MAX(l.iID) FROM ChequeChanges l "
      "WHERE l.iChequeID=q.iID AND l.iStatus=0) WHERE q.iState<>IFNULL(g.iToState,0) AND NOT (q.iState=6 AND g.iID IS NULL)"),
     ("a receipt counts though its cheque does not, or the other way round",
-     "SELECT r.iID, r.iStatus, q.iState FROM Receipts r JOIN Cheques q ON q.iID=r.iChequeID "
+     "SELECT r.iID, r.iStatus, q.iState FROM Receipts r JOIN Cheques q ON q.iID=r.iChequeID AND q.iKind=r.iKind "
      "WHERE r.iStatus<>CASE WHEN q.iState IN (3,4) THEN 2 WHEN q.iState=6 THEN 1 ELSE 0 END"),
     ("a change of a cheque has no document",
      "SELECT g.iID FROM ChequeChanges g LEFT JOIN Documents h ON h.iNum=g.iDocNum AND h.iFiscalYear=g.iFiscalYear "
