@@ -10,6 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+double inMoneyDecimals(double amount)
+{
+    return roundToDecimals(amount, defaultMoneyDecimals());
+}
+
 class RowBuilder
 {
 public:
@@ -82,8 +87,9 @@ private:
             pair({accounts.expense, 0, fromParty}, {Accounts::persons, party.personID, ofParty}, amount);
     }
 
-    void pair(const Side &debit, const Side &credit, double amount)
+    void pair(const Side &debit, const Side &credit, double computed)
     {
+        const double amount = inMoneyDecimals(computed);
         if (amount <= 0 || IsEquals(amount, 0))
             return;
         m_rows.append({debit.account, debit.personID, amount, 0, debit.description});
@@ -130,7 +136,7 @@ QList<DocumentRow> contractDocumentRows(const ContractForDocument &contract)
 std::optional<double> amountCharged(double commission, const ContractDocumentParty &party)
 {
     if (party.kind == PartyKind::Showroom)
-        return party.tax + party.duty;
+        return inMoneyDecimals(party.tax) + inMoneyDecimals(party.duty);
     if (party.personID == 0)
         return std::nullopt;
     double charged = 0;

@@ -41,8 +41,8 @@ struct ContractForDocument
 // Header text: the type's name and the contract's number.
 QString contractDocumentDescription(int contractType, int number);
 
-// The rows in pairs, debit before credit, so that every run of pairs balances; a zero amount makes no pair. In order, each
-// for the first and then for the second party:
+// The rows in pairs, debit before credit, so that every run of pairs balances; each amount in the decimals of the money unit, and a
+// zero one makes no pair. In order, each for the first and then for the second party:
 //   commission  a party with a person code owes it: party / commission income
 //   discount    of a party with a person code: commission income / party
 //   tax, duty   of every party: party / payable account

@@ -67,6 +67,8 @@ private Q_SLOTS:
     void percentageStandsWithoutTrailingZeros_data();
     void percentageStandsWithoutTrailingZeros();
     void amountsAreGrouped();
+    void amountsHaveTheDecimalsOfTheUnit_data();
+    void amountsHaveTheDecimalsOfTheUnit();
     void everyCombinationBalances_data();
     void everyCombinationBalances();
     void saleOfACar_data();
@@ -224,6 +226,40 @@ void TestContractDocumentRows::amountsAreGrouped()
     contract.first = {11, u"علی"_s, PartyKind::Ordinary, 0, 9, 1234567.5, 0, 0};
     QCOMPARE(contractDocumentRows(contract)[1].description,
              u"9% مالیات ارزش افزوده 1,234,567.50از علی"_s);
+}
+
+// What nobody can pay must not stay on anybody's account.
+void TestContractDocumentRows::amountsHaveTheDecimalsOfTheUnit_data()
+{
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<double>("commission");
+    QTest::addColumn<double>("tax");
+    QTest::addColumn<double>("charged");
+    QTest::newRow("parts of the unit") << 0 << 2500000.0025 << 225000.000225 << 2725000.0;
+    QTest::newRow("each row by itself") << 0 << 1000.4 << 90.4 << 1090.0;
+    QTest::newRow("upwards") << 0 << 1000.5 << 90.5 << 1092.0;
+    QTest::newRow("less than the unit") << 0 << 1000.0 << 0.4 << 1000.0;
+    QTest::newRow("unit with decimals") << 2 << 1000.254 << 90.251 << 1090.50;
+}
+
+void TestContractDocumentRows::amountsHaveTheDecimalsOfTheUnit()
+{
+    QFETCH(int, decimals);
+    QFETCH(double, commission);
+    QFETCH(double, tax);
+    QFETCH(double, charged);
+    setDefaultMoneyDecimals(decimals);
+    ContractForDocument contract;
+    contract.commission = commission;
+    contract.first = {11, u"علی"_s, PartyKind::Ordinary, 0, 9, tax, 0, 0};
+    double sum = 0;
+    for (const DocumentRow &row : contractDocumentRows(contract)) {
+        for (const double amount : {row.debit, row.credit})
+            QCOMPARE(amount, roundToDecimals(amount, decimals));
+        sum += row.personID == 11 ? row.debit - row.credit : 0;
+    }
+    QCOMPARE(sum, charged);
+    QCOMPARE(amountCharged(commission, contract.first), std::optional(charged));
 }
 
 void TestContractDocumentRows::everyCombinationBalances_data()
