@@ -4,7 +4,7 @@
 #include "auto/contracts/cheques/ContractCheques.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/db/CTblTemp.h"
 
 #include <algorithm>
@@ -15,11 +15,17 @@ namespace {
 
 constexpr int buyerSide = 2;
 
-void requireValidContract(int contractID, int database)
+// The contract is locked by then.
+void requireBuyer(int contractID, int buyer, int database)
 {
     CTblAutomobilContracts contract(database);
-    if (contract.IsRecordExist(u"iID"_s, contractID) && contract.m_iStatus == 1)
+    if (!contract.IsRecordExist(u"iID"_s, contractID))
+        return;
+    if (contract.m_iStatus == 1)
         throw KAccountingError(u"این قرارداد باطل شده است."_s);
+    if (contract.m_iPersonSecondID != buyer)
+        throw KAccountingError(u"%1 خریدار این قرارداد را در این میان تغییر داده است. چیزی ثبت نشد."_s.arg(
+            RowChanged::lastChange(contract.GetTableName(), contractID, database)));
 }
 
 ReceiptPurpose priceOf(const CTblAutomobilContracts &contract)
@@ -29,7 +35,7 @@ ReceiptPurpose priceOf(const CTblAutomobilContracts &contract)
             .what = ReceiptPurpose::Price,
             .side = buyerSide,
             .text = u"بهای خودرو قرارداد %1، خریدار"_s.arg(contract.number()),
-            .require = [id = contract.m_iID, database = contract.database()] { requireValidContract(id, database); }};
+            .require = [id = contract.m_iID, buyer = contract.m_iPersonSecondID, database = contract.database()] { requireBuyer(id, buyer, database); }};
 }
 
 bool isOfBuyer(const OpenItem &item, const CTblAutomobilContracts &contract)

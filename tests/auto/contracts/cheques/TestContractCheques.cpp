@@ -106,10 +106,18 @@ private Q_SLOTS:
         QVERIFY(price.text.contains(u"خریدار"_s));
     }
 
-    void voidContractTakesNoCheque()
+    void contractThatChangedTakesNoCheque_data()
     {
+        QTest::addColumn<QString>("change");
+        QTest::newRow("void") << u"iStatus=1"_s;
+        QTest::newRow("another buyer") << u"iPersonSecondID=iPersonSecondID+1"_s;
+    }
+
+    void contractThatChangedTakesNoCheque()
+    {
+        QFETCH(QString, change);
         const ReceiptPurpose price = m_contract->price();
-        m_office->database().run(u"UPDATE AutomobilContracts SET iStatus=1"_s);
+        m_office->database().run(u"UPDATE AutomobilContracts SET "_s + change);
         QVERIFY_THROWS_EXCEPTION(KAccountingError, m_contract->receive(u"77"_s, 500, price));
         QCOMPARE(value(u"SELECT COUNT(*) FROM Cheques"_s), u"0"_s);
     }
