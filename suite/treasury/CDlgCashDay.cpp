@@ -35,6 +35,7 @@
 #include <QVBoxLayout>
 
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -146,7 +147,11 @@ void CDlgCashDay::build(int account)
     column->setSpacing(0);
     column->addWidget(buildHead(account));
     column->addWidget(cards, 1);
-    setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    QDialogButtonBox *buttons = createButtons(QString(), u"بازگشت"_s);
+    m_back = qobject_cast<QPushButton *>(buttons->buttons().constFirst());
+    // Return after the count must not close the window over it.
+    m_back->setAutoDefault(false);
+    setContent(page, buttons, Content::Fills);
     QPushButton *printButton = addButton(footer(), u"چاپ"_s, u":/icons/print.svg"_s);
     connect(printButton, &QPushButton::clicked, this, &CDlgCashDay::print);
     connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
@@ -162,6 +167,7 @@ QWidget *CDlgCashDay::buildHead(int account)
     m_account->setCurrentIndex(m_account->findData(account));
     connect(m_account, &QComboBox::currentIndexChanged, this, &CDlgCashDay::refill);
     connect(m_day, &KDateEdit::dateEdited, this, &CDlgCashDay::refill);
+    connect(m_day, &KDateEdit::editingFinished, this, &CDlgCashDay::dayLeft);
 
     auto *head = new QWidget(this);
     auto *line = new QHBoxLayout(head);
@@ -171,25 +177,52 @@ QWidget *CDlgCashDay::buildHead(int account)
     line->addSpacing(LookSizes::unit);
     addLabelled(line, u"روز :"_s, m_day);
     addStep(line, u"روز قبل"_s, Qt::Key_PageUp, -1);
-    addStep(line, u"روز بعد"_s, Qt::Key_PageDown, 1);
+    m_nextDay = addStep(line, u"روز بعد"_s, Qt::Key_PageDown, 1);
     line->addStretch(1);
     LookMarks::setTall(head);
     LookMarks::setBar(head, LookMarks::Bar::Top);
     return head;
 }
 
-void CDlgCashDay::addStep(QHBoxLayout *line, const QString &caption, int key, int days)
+QPushButton *CDlgCashDay::addStep(QHBoxLayout *line, const QString &caption, int key, int days)
 {
     QPushButton *button = addButton(line, caption);
     const QKeySequence keys(Qt::CTRL | Qt::Key(key));
     button->setToolTip(keys.toString(QKeySequence::NativeText));
     connect(button, &QPushButton::clicked, this, [this, days] { step(days); });
     connect(new QShortcut(keys, this), &QShortcut::activated, button, &QPushButton::click);
+    return button;
+}
+
+bool CDlgCashDay::requireDay()
+{
+    if (m_day->date().isValid())
+        return true;
+    const QString error = m_day->entryError();
+    g_pDlgWarning->Show(m_day->accessibleName() + u' ' + (error.isEmpty() ? u"لطفا تاریخ را وارد نمایید."_s : error), this);
+    m_day->setFocus();
+    m_day->selectAll();
+    return false;
+}
+
+// Told once the focus has arrived: Return says twice that the line is left, and whoever goes back needs no day.
+void CDlgCashDay::dayLeft()
+{
+    if (m_day->date().isValid() || std::exchange(m_dayCheckPending, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (isVisible() && focusWidget() != m_back)
+                requireDay();
+            m_dayCheckPending = false;
+        },
+        Qt::QueuedConnection);
 }
 
 void CDlgCashDay::step(int days)
 {
-    if (!m_day->date().isValid())
+    if (!requireDay())
         return;
     m_day->setDate(m_day->date().addDays(days));
     refill();
@@ -202,7 +235,8 @@ void CDlgCashDay::refill()
     KErrorBoundary::guarded(this, [this] {
         const KWaitCursor wait;
         const QDateTime day(m_day->date(), QTime(0, 0), Qt::UTC);
-        m_sheet = AccountLedger::read(AccountLevel::Moeen, m_account->currentData().toInt(), day, day);
+        const int account = m_account->currentData().toInt();
+        m_sheet = AccountLedger::read(AccountLevel::Moeen, account, day, day);
         QVector<KListModel::Row> rows{openingRow(m_sheet.before.net())};
         int number = 0;
         for (const AccountLedger::Row &row : std::as_const(m_sheet.rows))
@@ -211,8 +245,21 @@ void CDlgCashDay::refill()
         m_list->setRows(std::move(rows));
         m_list->selectRow(0);
         showTotals();
-        showDifference();
+        showCount(account, day.date());
+        m_nextDay->setEnabled(day.date() < GetDBSetting()->GetDBServerDate().date());
     });
+}
+
+// What was counted on one day says nothing about another one.
+void CDlgCashDay::showCount(int account, const QDate &day)
+{
+    const std::pair next(account, day);
+    if (next != m_shown) {
+        m_counts.insert(m_shown, m_counted->text());
+        m_shown = next;
+        m_counted->setText(m_counts.value(next));
+    }
+    showDifference();
 }
 
 void CDlgCashDay::showTotals()
@@ -240,7 +287,7 @@ ListReport CDlgCashDay::report() const
     const QString title = u"برگه روزانه "_s + m_account->currentText();
     report.setText(u"Title"_s, title);
     report.setText(u"RightTop"_s, CompanyDetails::read().name());
-    report.setText(u"RightCenter"_s, u"تاریخ : "_s + shamsiText(m_day->date()));
+    report.setText(u"RightCenter"_s, u"تاریخ : "_s + shamsiText(m_shown.second));
     report.setText(u"LeftTop"_s, u"واحد پول : "_s + GetDBSetting()->MoneyUnitName());
     report.setText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
     report.setText(u"Totals"_s, totalsText());
@@ -260,7 +307,7 @@ void CDlgCashDay::print()
 {
     KSecurity security;
     security.SetFormName(u"Receipts"_s);
-    if (!security.CheckPrintListSecurity())
+    if (!security.CheckPrintListSecurity() || !requireDay())
         return;
     KErrorBoundary::guarded(this, [this] {
         CDlgReportGenerator generator(report(), this);

@@ -43,6 +43,12 @@ private Q_SLOTS:
     void anotherAccountIsReadAtOnce();
     void differenceToWhatIsCounted_data();
     void differenceToWhatIsCounted();
+    void countBelongsToItsAccountAndDay();
+    void returnStaysInTheWindow();
+    void wrongDayIsTold_data();
+    void wrongDayIsTold();
+    void wrongDayDoesNotKeepTheWindowOpen();
+    void nextDayEndsAtToday();
     void paperSaysWhatTheWindowSays();
     void printingNeedsTheRight();
     void everyInputHasAName();
@@ -209,6 +215,125 @@ void TestCashDay::differenceToWhatIsCounted()
     CDlgCashDay window(Accounts::cash, date(2));
     field<KEdit>(&window, u"موجودی شمارش‌شده :"_s)->setText(counted);
     QCOMPARE(window.differenceText(), difference);
+}
+
+void TestCashDay::countBelongsToItsAccountAndDay()
+{
+    CDlgCashDay window(Accounts::cash, date(2));
+    window.show();
+    auto *counted = field<KEdit>(&window, u"موجودی شمارش‌شده :"_s);
+    counted->setText(u"4000"_s);
+    FormDriver::click(&window, u"روز قبل"_s);
+    QCOMPARE(counted->text(), QString());
+    QCOMPARE(window.differenceText(), QString());
+    counted->setText(u"5000"_s);
+    QCOMPARE(window.differenceText(), u"اختلاف : ندارد"_s);
+    FormDriver::click(&window, u"روز بعد"_s);
+    QCOMPARE(counted->number(), 4000.0);
+    QCOMPARE(window.differenceText(), u"کسری صندوق : 200"_s);
+    auto *account = field<QComboBox>(&window, u"حساب :"_s);
+    account->setCurrentIndex(account->findData(int(Accounts::bank)));
+    QCOMPARE(counted->text(), QString());
+    account->setCurrentIndex(account->findData(int(Accounts::cash)));
+    QCOMPARE(counted->number(), 4000.0);
+    // Reading the same day again takes nothing away.
+    window.refill();
+    QCOMPARE(counted->number(), 4000.0);
+}
+
+void TestCashDay::returnStaysInTheWindow()
+{
+    CDlgCashDay window(Accounts::cash, date(2));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    auto *counted = field<KEdit>(&window, u"موجودی شمارش‌شده :"_s);
+    counted->setFocus();
+    QTest::keyClicks(counted, u"4000"_s);
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+        QTest::keyClick(counted, Qt::Key_Return, modifier);
+        QVERIFY(window.isVisible());
+        QCOMPARE(window.differenceText(), u"کسری صندوق : 200"_s);
+    }
+    FormDriver::click(&window, u"بازگشت"_s);
+    QVERIFY(!window.isVisible());
+}
+
+void TestCashDay::wrongDayIsTold_data()
+{
+    QTest::addColumn<QString>("day");
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("message");
+    const QString noDate = u"روز : تاریخ نادرست است. نمونه : 1405/08/29"_s;
+    QTest::newRow("no such day, Tab") << u"1404/13/99"_s << int(Qt::Key_Tab) << noDate;
+    QTest::newRow("no such day, Return") << u"1404/13/99"_s << int(Qt::Key_Return) << noDate;
+    QTest::newRow("half a day, Tab") << u"1404/1"_s << int(Qt::Key_Tab) << noDate;
+    QTest::newRow("nothing, Tab") << QString() << int(Qt::Key_Tab) << u"روز : لطفا تاریخ را وارد نمایید."_s;
+}
+
+void TestCashDay::wrongDayIsTold()
+{
+    QFETCH(QString, day);
+    QFETCH(int, key);
+    QFETCH(QString, message);
+    CDlgCashDay window(Accounts::cash, date(2));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    auto *line = field<KDateEdit>(&window, u"روز :"_s);
+    line->setFocus();
+    line->selectAll();
+    QTest::keyClick(line, Qt::Key_Delete);
+    QTest::keyClicks(line, day);
+    QTest::keyClick(line, Qt::Key(key));
+    QCoreApplication::processEvents();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+    QCOMPARE(window.focusWidget(), line);
+    QCOMPARE(line->text(), day);
+    window.print();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+    QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{message});
+    // What is shown, and what would be printed, is still the day before the slip.
+    QCOMPARE(window.report().shownCorner(u"RightCenter"_s), u"تاریخ : 1405/04/02"_s);
+    line->setText(u"1405/04/01"_s);
+    QTest::keyClick(line, Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    QCOMPARE(window.report().shownCorner(u"RightCenter"_s), u"تاریخ : 1405/04/01"_s);
+}
+
+void TestCashDay::wrongDayDoesNotKeepTheWindowOpen()
+{
+    CDlgCashDay window(Accounts::cash, date(2));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    auto *line = field<KDateEdit>(&window, u"روز :"_s);
+    line->setFocus();
+    line->setText(u"1404/13/99"_s);
+    auto *back = FormDriver::button(&window, u"بازگشت"_s);
+    QTest::mousePress(back, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(back, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QVERIFY(!window.isVisible());
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestCashDay::nextDayEndsAtToday()
+{
+    const QDate today = GetDBSetting()->GetDBServerDate().date();
+    CDlgCashDay window(Accounts::cash, today.addDays(-1));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    auto *line = field<KDateEdit>(&window, u"روز :"_s);
+    auto *next = FormDriver::button(&window, u"روز بعد"_s);
+    QVERIFY(next->isEnabled());
+    QTest::keyClick(window.list(), Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(line->date(), today);
+    QVERIFY(!next->isEnabled());
+    QTest::keyClick(window.list(), Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(line->date(), today);
+    FormDriver::click(&window, u"روز قبل"_s);
+    QVERIFY(next->isEnabled());
 }
 
 void TestCashDay::paperSaysWhatTheWindowSays()
