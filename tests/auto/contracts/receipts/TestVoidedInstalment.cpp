@@ -81,10 +81,24 @@ private Q_SLOTS:
         QCOMPARE(mark(2), u"1"_s);
         QCOMPARE(rest(3), 74.);
         QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"2/0/0"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
         makeVoid(receiptOf(3));
         QCOMPARE(mark(2), u"1"_s);
         QCOMPARE(rest(3), 112.);
         QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
+    }
+
+    void surplusIsVoidedWithWhatItWasPartOf()
+    {
+        CDlgCashFromPerson window({.personID = m_contract->buyer, .amount = 150, .purpose = m_contract->purpose(2)});
+        window.accept();
+        g_pDlgYesNo->takeShown();
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        makeVoid(receiptOf(3));
+        QCOMPARE(mark(2), u"0"_s);
+        QCOMPARE(rest(2), 112.);
+        QCOMPARE(rest(3), 112.);
+        QCOMPARE(value(booksAgree(Accounts::documentKindReceipt)), u"0/0/0"_s);
     }
 
     void openItemsOfTheBuyerAreOfferedInTheirOrder()
