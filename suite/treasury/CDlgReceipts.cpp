@@ -236,6 +236,10 @@ void CDlgReceipts::voidReceipt()
         refill();
         return;
     }
+    if (const QString refusal = ReceiptPosting::voidRefusal(id); !refusal.isEmpty()) {
+        g_pDlgWarning->Show(refusal, this);
+        return;
+    }
     QList<int> keys{id};
     if (const QList<int> others = ReceiptPosting::handedOverWith(id); receipt && !others.isEmpty()) {
         const KMessageDialog::Answer answer = g_pDlgYesNo->AskOrCancel(togetherQuestion(*receipt, others), this);

@@ -238,16 +238,23 @@ void requireVoidable(CTblReceipts &receipt, int id)
             CTblReceipts::kindName(receipt.m_iKind), CTblUsers::GetName(receipt.m_iVoidUserID, receipt.database()), shamsiText(receipt.m_dateVoid.date())));
 }
 
+// Empty for a cheque that still lies where it came to.
+QString wayRefusal(const CTblCheques &cheque)
+{
+    const auto state = static_cast<ChequeState>(cheque.m_iState);
+    if (state == ChequeState::Void || state == ChequeState::InHand)
+        return {};
+    const bool isGiven = cheque.m_iKind == CTblReceipts::paid;
+    return u"چک %1 در وضعیت «%2» است. ابتدا گردش آن را در فهرست چک‌ها برگردانید."_s.arg(cheque.m_sSayad, ChequeStates::name(state, isGiven));
+}
+
 void voidCheque(int chequeID, int database)
 {
     CTblCheques cheque(database);
-    if (chequeID == 0 || !cheque.lockRecord(chequeID))
+    if (chequeID == 0 || !cheque.lockRecord(chequeID) || static_cast<ChequeState>(cheque.m_iState) == ChequeState::Void)
         return;
-    const auto state = static_cast<ChequeState>(cheque.m_iState);
-    if (state == ChequeState::Void)
-        return;
-    if (state != ChequeState::InHand)
-        throw KAccountingError(u"چک %1 در وضعیت «%2» است. ابتدا گردش آن را در فهرست چک‌ها برگردانید."_s.arg(cheque.m_sSayad, ChequeStates::name(state)));
+    if (const QString refusal = wayRefusal(cheque); !refusal.isEmpty())
+        throw KAccountingError(refusal);
     cheque.Edit();
     cheque.m_iState = static_cast<qint32>(ChequeState::Void);
     cheque.Update(true);
@@ -290,6 +297,14 @@ QList<ReceiptPosting::Posted> ReceiptPosting::save(const Handover &handover, int
     QList<Posted> posted;
     KTransaction::runReplayable([&] { posted = saveUnit(handover, database); }, database);
     return posted;
+}
+
+QString ReceiptPosting::voidRefusal(int receiptID, int database)
+{
+    CTblReceipts receipt(database);
+    CTblCheques cheque(database);
+    const bool isByCheque = receipt.IsRecordExist(u"iID"_s, receiptID) && receipt.m_iChequeID != 0;
+    return isByCheque && cheque.IsRecordExist(u"iID"_s, receipt.m_iChequeID) ? wayRefusal(cheque) : QString();
 }
 
 QList<int> ReceiptPosting::handedOverWith(int receiptID, int database)

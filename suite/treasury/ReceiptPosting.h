@@ -54,6 +54,8 @@ TZTREASURYDATA_EXPORT QList<Posted> save(const Handover &handover, int database 
 TZTREASURYDATA_EXPORT void makeVoid(int receiptID, const QString &reason, int database = 0);
 // The same for several at once, all or none. Of those that came with a cheque, one alone.
 TZTREASURYDATA_EXPORT void makeVoid(const QList<int> &receipts, const QString &reason, int database = 0);
+// Why its cheque keeps it from being made void, in words for the user; empty when it does not.
+TZTREASURYDATA_EXPORT QString voidRefusal(int receiptID, int database = 0);
 // The other parts of the same handing over that are still valid. Empty for what came with a cheque, whose parts go together anyway,
 // and for receipts from before it was kept when they were entered.
 TZTREASURYDATA_EXPORT QList<int> handedOverWith(int receiptID, int database = 0);

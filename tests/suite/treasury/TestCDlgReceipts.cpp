@@ -40,6 +40,7 @@ private Q_SLOTS:
     void newOnesAreListed();
     void voidAsksWhyAndOpensTheInvoice();
     void voidWithoutReasonIsRefused();
+    void chequeOnItsWayIsToldBeforeTheReason();
     void secondDeskIsToldWhoMadeItVoid();
     void chequeGoesWithItsReceipts();
     void partsOfOneHandingOverAreOfferedTogether_data();
@@ -255,6 +256,19 @@ void TestCDlgReceipts::voidWithoutReasonIsRefused()
     });
     QVERIFY(page.runCommand(u"void"));
     QCOMPARE(value("SELECT COUNT(*) FROM Receipts WHERE iStatus=1"), u"1"_s);
+}
+
+// The cheque was deposited: no reason is typed in vain.
+void TestCDlgReceipts::chequeOnItsWayIsToldBeforeTheReason()
+{
+    m_office.database.run(u"UPDATE Cheques SET iState=1"_s);
+    CDlgReceipts page;
+    select(page, key(3));
+    g_pDlgWarning->takeShown();
+    QVERIFY(page.runCommand(u"void"));
+    const QStringList told = g_pDlgWarning->takeShown();
+    QVERIFY2(told.size() == 1 && told.constFirst().contains(u"در جریان وصول"_s), qPrintable(told.join(u'/')));
+    QCOMPARE(m_office.database.value(u"SELECT iStatus FROM Receipts WHERE iID=%1"_s.arg(key(3))), u"0"_s);
 }
 
 void TestCDlgReceipts::secondDeskIsToldWhoMadeItVoid()
