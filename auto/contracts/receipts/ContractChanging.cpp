@@ -3,6 +3,8 @@
 
 #include "auto/contracts/receipts/ContractChanging.h"
 
+#include "auto/contracts/document/ContractPosting.h"
+#include "auto/contracts/figures/InstalmentSale.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/db/CTblAutomobilContracts.h"
@@ -28,6 +30,26 @@ bool becomesInactive(const Contract &stored, const Contract &contract)
 bool changesPerson(const Contract &stored, const Contract &contract, const ContractSide &side)
 {
     return stored.*(side.personID) != contract.*(side.personID);
+}
+
+// The price leaves the books with the type.
+bool dropsSale(const Contract &stored, const Contract &contract)
+{
+    return contract.m_iContractType != InstalmentSale::contractType && ContractPosting::holdsSale(stored);
+}
+
+// What was received for it, or paid, would stand against nothing.
+void requireNoMoneyOfSale(const Contract &contract)
+{
+    CTblTemp receipts(contract.database());
+    receipts.ExecuteQuery(KSql::formatted("SELECT SUM(dAmount) FROM Receipts WHERE iTable=%1 AND iRecordID=%2 AND iStatus=%3 AND iFor IN (%4,%5)",
+                                          int(Contract::recordKind), contract.m_iID, int(CTblReceipts::valid), int(ReceiptPurpose::Instalment),
+                                          int(ReceiptPurpose::Price)));
+    const double amount = receipts.HasResultRow() ? receipts.GetDoubleFieldValue(0) : 0;
+    if (amount > 0 && !IsEquals(amount, 0))
+        throw ContractDeleting::MoneyReceived(
+            u"بهای خودرو و اقساط این قرارداد در دفاتر است و بابت آن %1 %2 دریافت یا پرداخت شده است. تا آن باطل نشود، نوع قرارداد تغییر نمی‌کند."_s.arg(
+                DToMoney(amount), OfficeSettings::read({}, contract.database()).moneyUnitName()));
 }
 
 // A receipt that says no side is that of the party it came from.
@@ -57,12 +79,15 @@ void ContractChanging::requireAllowed(const CTblAutomobilContracts &contract)
     if (!stored.lockRecord(contract.m_iID))
         return;
     const bool ends = becomesInactive(stored, contract);
-    if (!ends && !changesPerson(stored, contract, seller) && !changesPerson(stored, contract, buyer))
+    const bool drops = dropsSale(stored, contract);
+    if (!ends && !drops && !changesPerson(stored, contract, seller) && !changesPerson(stored, contract, buyer))
         return;
     // As ContractLock does it: what decides here is the money of the contract.
     RecordCodes::lock(u"Receipts"_s, contract.database());
     if (ends)
         ContractDeleting::requireNothingReceived(stored, u"غیرفعال"_s);
+    if (drops)
+        requireNoMoneyOfSale(stored);
     for (const ContractSide *side : {&seller, &buyer}) {
         if (changesPerson(stored, contract, *side))
             requireNoMoneyOfOthers(stored, contract, *side);

@@ -161,6 +161,35 @@ private Q_SLOTS:
         ReceiptPosting::makeVoid(receipt, u"اشتباه"_s);
         QCOMPARE(saved(0, typedByHand), QString());
     }
+
+    void typeOfASaleInTheBooksStaysWhileItsMoneyStands_data()
+    {
+        QTest::addColumn<bool>("posted");
+        QTest::addColumn<bool>("received"); // or only the commission
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("an instalment was received") << true << true << true;
+        QTest::newRow("only a commission was received") << true << false << false;
+        QTest::newRow("the books do not hold the sale") << false << true << false;
+    }
+
+    void typeOfASaleInTheBooksStaysWhileItsMoneyStands()
+    {
+        QFETCH(bool, posted);
+        QFETCH(bool, received);
+        QFETCH(bool, refused);
+        begin(posted);
+        const int receipt = m_contract->receive(1, 50, received ? m_contract->purpose(1) : commission(2));
+        const auto sale = [](CTblAutomobilContracts &contract) { contract.m_iContractType = 0; };
+        const double owed = m_contract->owes(m_contract->buyer);
+        QCOMPARE(!saved(0, sale).isEmpty(), refused);
+        if (refused) {
+            QCOMPARE(m_contract->owes(m_contract->buyer), owed);
+            ReceiptPosting::makeVoid(receipt, u"اشتباه"_s);
+            QCOMPARE(saved(0, sale), QString());
+        }
+        QCOMPARE(value(u"SELECT iContractType FROM AutomobilContracts"_s), u"0"_s);
+        QCOMPARE(m_contract->balance(Accounts::carSaleClearing), 0.0);
+    }
 };
 
 static const RegisteredTest<TestContractChanging, KApplication> registeredContractChanging;
