@@ -92,7 +92,8 @@ CDlgAccountDocs::CDlgAccountDocs(const AccountLedger::Scope &scope, const QDateT
     m_from->setDateTime(from);
     m_to->setDateTime(to);
     build();
-    resize(LookSizes::scaled(m_scope.isPerson() ? 1120 : 980), LookSizes::scaled(m_scope.isPerson() ? 680 : 560));
+    // A statement grows with the years; the smallest usual screen has 768 pixels, the title bar included.
+    resize(LookSizes::scaled(m_scope.isPerson() ? 1120 : 980), LookSizes::scaled(m_scope.isPerson() ? 720 : 560));
     refill();
     m_list->setFocus();
 }
@@ -195,10 +196,19 @@ void CDlgAccountDocs::refill()
     // A statement is read from its end: what is owed.
     m_list->selectRow(m_scope.isPerson() ? m_list->count() - 1 : 0);
     sayWhyEmpty();
+    m_totals->setText(totals(number));
+}
+
+// The last line of a statement says its sums already.
+QString CDlgAccountDocs::totals(int number) const
+{
+    const QString count = u"تعداد : %1"_s.arg(number);
+    if (m_scope.isPerson())
+        return count;
     const double last = m_sheet.closing();
-    m_totals->setText(u"تعداد : %1     جمع بدهکار : %2     جمع بستانکار : %3     مانده : %4 %5"_s
-                          .arg(QString::number(number), DToMoney(m_sheet.sum.bed), DToMoney(m_sheet.sum.bes),
-                               DToMoney(std::abs(last)), natureOf(last)));
+    return count
+        + u"     جمع بدهکار : %1     جمع بستانکار : %2     مانده : %3 %4"_s.arg(DToMoney(m_sheet.sum.bed), DToMoney(m_sheet.sum.bes),
+                                                                                DToMoney(std::abs(last)), natureOf(last));
 }
 
 KListModel::Row CDlgAccountDocs::ledgerRow(const AccountLedger::Row &row, int number) const
@@ -259,7 +269,7 @@ void CDlgAccountDocs::print()
     generator.SetText(u"RightTop"_s, m_from->date().isValid() ? u"از تاریخ : "_s + shamsiText(m_from->date()) : QString());
     generator.SetText(u"RightCenter"_s, m_to->date().isValid() ? u"تا تاریخ : "_s + shamsiText(m_to->date()) : QString());
     generator.SetText(u"LeftTop"_s, u"واحد پول : "_s + GetDBSetting()->MoneyUnitName());
-    generator.SetText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(QDate::currentDate()));
+    generator.SetText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
     generator.SetText(u"Count"_s, totalsText());
     generator.SetTable(u"List"_s, m_list);
     if (!generator.LoadLayout())

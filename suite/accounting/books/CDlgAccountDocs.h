@@ -46,6 +46,7 @@ private:
     QVector<KListModel::Column> columns() const;
     KListModel::Row ledgerRow(const AccountLedger::Row &row, int number) const;
     KListModel::Row closingRow() const;
+    QString totals(int number) const;
     void sayWhyEmpty();
     void showDocument(int key);
 
