@@ -18,6 +18,31 @@ public:
     using QScrollArea::QScrollArea;
 
     QSize sizeHint() const override { return widget() ? widget()->sizeHint() : QScrollArea::sizeHint(); }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override
+    {
+        QScrollArea::resizeEvent(event);
+        if (!m_isLooking && verticalScrollBar()->isVisible())
+            lookWithoutBar(event);
+    }
+
+private:
+    // A bar from when there was less room takes some of the width; a sentence that breaks into one more line for that would keep it.
+    void lookWithoutBar(QResizeEvent *event)
+    {
+        const QSize room = maximumViewportSize();
+        if (!widget() || !widget()->hasHeightForWidth() || widget()->heightForWidth(room.width()) > room.height())
+            return;
+        m_isLooking = true;
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        // The least height of the page is that of the width it has by now.
+        QScrollArea::resizeEvent(event);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        m_isLooking = false;
+    }
+
+    bool m_isLooking = false;
 };
 
 }

@@ -20,6 +20,8 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QtTest>
 
 using FormDriver::field;
@@ -40,6 +42,8 @@ private Q_SLOTS:
     void newOnesAreListed();
     void voidAsksWhyAndOpensTheInvoice();
     void voidWithoutReasonIsRefused();
+    void windowShowsAllThatItSays_data();
+    void windowShowsAllThatItSays();
     void chequeOnItsWayIsToldBeforeTheReason();
     void secondDeskIsToldWhoMadeItVoid();
     void chequeGoesWithItsReceipts();
@@ -256,6 +260,37 @@ void TestCDlgReceipts::voidWithoutReasonIsRefused()
     });
     QVERIFY(page.runCommand(u"void"));
     QCOMPARE(value("SELECT COUNT(*) FROM Receipts WHERE iStatus=1"), u"1"_s);
+}
+
+void TestCDlgReceipts::windowShowsAllThatItSays_data()
+{
+    QTest::addColumn<double>("points");
+    QTest::addColumn<int>("sentences");
+    for (const double points : {10., 12.5, 15.}) {
+        for (const int sentences : {1, 3, 5})
+            QTest::addRow("%g points, %d sentences", points, sentences) << points << sentences;
+    }
+}
+
+void TestCDlgReceipts::windowShowsAllThatItSays()
+{
+    QFETCH(double, points);
+    QFETCH(int, sentences);
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    font.setPointSizeF(points);
+    QApplication::setFont(font);
+    const QString sentence = u"دریافت شماره 105 به مبلغ 6,358,000,000 ریال باطل می‌شود و آنچه با آن تسویه شده بود دوباره باز می‌شود. "_s;
+    {
+        CDlgVoiding window(
+            u"ابطال دریافت"_s, sentence.repeated(sentences).trimmed(), [](const QString &) {});
+        window.show();
+        const bool isExposed = QTest::qWaitForWindowExposed(&window);
+        QApplication::setFont(usual);
+        QVERIFY(isExposed);
+        const auto *area = window.findChild<QScrollArea *>();
+        QCOMPARE(area->verticalScrollBar()->maximum(), 0);
+    }
 }
 
 // The cheque was deposited: no reason is typed in vain.
