@@ -213,7 +213,7 @@ def check_books(office):
                               f"c.iFiscalYear=d.iFiscalYear WHERE c.iContractType<>2 AND d.iPersonID={row['iPersonSecondID']}")
     check(same(owes(office), sale.AMOUNT + sale.INTEREST + charged - received + earlier), f"the buyer owes {owes(office):,.0f}")
     money = database.number("SELECT SUM(d.dBed-d.dBes) FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND "
-                            "h.iFiscalYear=d.iFiscalYear WHERE h.iStatus=0 AND d.iHesabMoeenCode IN (110101,110401)")
+                            "h.iFiscalYear=d.iFiscalYear WHERE h.iStatus=0 AND d.iHesabMoeenCode IN (110101,110481)")
     check(same(money, received), f"cash box and cheques hold {money:,.0f}")
     seller = database.number("SELECT SUM(d.dBes-d.dBed) FROM Docs d WHERE d.iHesabMoeenCode=110301 AND d.iPersonID="
                              f"{row['iPersonFirstID']} AND d.iDocNum={row['iDocNum']} AND d.iFiscalYear={row['iFiscalYear']}")

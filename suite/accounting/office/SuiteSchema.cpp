@@ -211,9 +211,9 @@ constexpr const char *treasury[] = {
     ", iUserID INT DEFAULT 0, KEY record (iTable,iRecordID,iPaymentID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
     "INSERT IGNORE INTO HesabKol(iCode,sName) VALUES(1104,'اسناد دریافتنی'),(2102,'اسناد پرداختنی'),"
     "(2106,'واسط خرید و فروش'),(4103,'فروش خودرو')",
-    "INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(110401,'چک‌های دریافتی نزد صندوق',1104),"
-    "(110402,'چک‌های در جریان وصول',1104),(210201,'چک‌های پرداختی',2102),(210601,'واسط فروش اقساطی خودرو',2106),"
-    "(410203,'درآمد بهره اقساط',4102),(410204,'درآمد جریمه دیرکرد',4102),(410301,'فروش خودرو',4103)",
+    "INSERT IGNORE INTO HesabMoeen(iCode,sName,iHesabKolCode) VALUES(110481,'چک‌های دریافتی نزد صندوق',1104),"
+    "(110482,'چک‌های در جریان وصول',1104),(210281,'چک‌های پرداختی',2102),(210681,'واسط فروش اقساطی خودرو',2106),"
+    "(410281,'درآمد بهره اقساط',4102),(410381,'فروش خودرو',4103)",
     "INSERT IGNORE INTO Properties(sSection,sKey,sValue) SELECT 'AutomobilContracts','bPostPlan',"
     "IF(EXISTS(SELECT 1 FROM Documents) OR EXISTS(SELECT 1 FROM Persons),'0','1')",
 };

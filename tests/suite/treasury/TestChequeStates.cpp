@@ -17,7 +17,7 @@ constexpr int giver = 7;
 constexpr int endorsee = 9;
 constexpr int bankAccount = 110202;
 
-// A side of the step's document: "110301:7", without a person "110401".
+// A side of the step's document: "110301:7", without a person "110481".
 QString sideOf(const DocumentRow &row)
 {
     return row.personID == 0 ? QString::number(row.account) : u"%1:%2"_s.arg(row.account).arg(row.personID);
@@ -47,21 +47,21 @@ private Q_SLOTS:
         const auto row = [](const char *name, bool given, State from, State to, const char *rows) {
             QTest::newRow(name) << given << from << to << QString::fromLatin1(rows);
         };
-        row("deposited", false, State::InHand, State::Deposited, "debit 110402 credit 110401");
-        row("cleared from the bank", false, State::Deposited, State::Cleared, "debit 110202 credit 110402");
-        row("cleared at once", false, State::InHand, State::Cleared, "debit 110202 credit 110401");
-        row("bounced at the bank", false, State::Deposited, State::Bounced, "debit 110301:7 credit 110402");
-        row("bounced in hand", false, State::InHand, State::Bounced, "debit 110301:7 credit 110401");
-        row("given back", false, State::InHand, State::Returned, "debit 110301:7 credit 110401");
+        row("deposited", false, State::InHand, State::Deposited, "debit 110482 credit 110481");
+        row("cleared from the bank", false, State::Deposited, State::Cleared, "debit 110202 credit 110482");
+        row("cleared at once", false, State::InHand, State::Cleared, "debit 110202 credit 110481");
+        row("bounced at the bank", false, State::Deposited, State::Bounced, "debit 110301:7 credit 110482");
+        row("bounced in hand", false, State::InHand, State::Bounced, "debit 110301:7 credit 110481");
+        row("given back", false, State::InHand, State::Returned, "debit 110301:7 credit 110481");
         row("given back after it bounced", false, State::Bounced, State::Returned, "");
-        row("endorsed", false, State::InHand, State::Endorsed, "debit 110301:9 credit 110401");
+        row("endorsed", false, State::InHand, State::Endorsed, "debit 110301:9 credit 110481");
         row("bounced after it was endorsed", false, State::Endorsed, State::Bounced, "debit 110301:7 credit 110301:9");
         row("collected by whom it was endorsed to", false, State::Endorsed, State::Cleared, "");
-        row("deposited again", false, State::Bounced, State::Deposited, "debit 110402 credit 110301:7");
+        row("deposited again", false, State::Bounced, State::Deposited, "debit 110482 credit 110301:7");
         row("paid after it bounced", false, State::Bounced, State::Cleared, "debit 110202 credit 110301:7");
-        row("given: cleared", true, State::InHand, State::Cleared, "debit 210201 credit 110202");
-        row("given: bounced", true, State::InHand, State::Bounced, "debit 210201 credit 110301:7");
-        row("given: taken back", true, State::InHand, State::Returned, "debit 210201 credit 110301:7");
+        row("given: cleared", true, State::InHand, State::Cleared, "debit 210281 credit 110202");
+        row("given: bounced", true, State::InHand, State::Bounced, "debit 210281 credit 110301:7");
+        row("given: taken back", true, State::InHand, State::Returned, "debit 210281 credit 110301:7");
         row("given: paid after it bounced", true, State::Bounced, State::Cleared, "debit 110301:7 credit 110202");
         row("given: taken back after it bounced", true, State::Bounced, State::Returned, "");
     }

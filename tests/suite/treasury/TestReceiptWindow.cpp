@@ -214,7 +214,7 @@ void TestReceiptWindow::chequeIsEnteredWithTheReceipt()
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
     QCOMPARE(value("SELECT CONCAT_WS('|',sSayad,sNumber,sBank,dAmount,sDrawer,iKind,iState) FROM Cheques"), u"%1|77|ملت|700|علی رضایی|0|0"_s.arg(sayad));
     QCOMPARE(value("SELECT CONCAT_WS('|',r.iMethod,r.iAccount,r.dAmount,r.iChequeID=c.iID) FROM Receipts r,Cheques c"), u"4|0|700|1"_s);
-    QCOMPARE(value("SELECT CONCAT_WS('|',iHesabMoeenCode,dBed) FROM Docs WHERE dBed>0"), u"110401|700"_s);
+    QCOMPARE(value("SELECT CONCAT_WS('|',iHesabMoeenCode,dBed) FROM Docs WHERE dBed>0"), u"110481|700"_s);
     QCOMPARE(m_office.database.value(booksAgree(Accounts::documentKindReceipt)), u"1/0/0"_s);
 }
 

@@ -59,7 +59,6 @@ constexpr std::array fixedAccounts{
     Accounts::saleDiscount,
     Accounts::commissionIncome,
     Accounts::instalmentInterest,
-    Accounts::lateFeeIncome,
     Accounts::carSales,
     Accounts::serviceExpense,
     Accounts::purchaseDiscount,

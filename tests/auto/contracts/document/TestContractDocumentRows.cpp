@@ -308,13 +308,13 @@ void TestContractDocumentRows::saleOfACar_data()
     const auto row = [](const char *name, int seller, PartyKind kind, int buyer, double price, double interest, const QStringList &rows) {
         QTest::newRow(name) << seller << int(kind) << buyer << price << interest << rows;
     };
-    const QStringList price{u"110301/22 2000 0"_s, u"210601/0 0 2000"_s};
-    const QStringList interest{u"110301/22 144 0"_s, u"410203/0 0 144"_s};
+    const QStringList price{u"110301/22 2000 0"_s, u"210681/0 0 2000"_s};
+    const QStringList interest{u"110301/22 144 0"_s, u"410281/0 0 144"_s};
     row("between two persons", 11, PartyKind::Ordinary, 22, 2000, 144,
-        price + QStringList{u"210601/0 2000 0"_s, u"110301/11 0 2000"_s} + interest);
-    row("without interest", 11, PartyKind::Ordinary, 22, 2000, 0, price + QStringList{u"210601/0 2000 0"_s, u"110301/11 0 2000"_s});
+        price + QStringList{u"210681/0 2000 0"_s, u"110301/11 0 2000"_s} + interest);
+    row("without interest", 11, PartyKind::Ordinary, 22, 2000, 0, price + QStringList{u"210681/0 2000 0"_s, u"110301/11 0 2000"_s});
     row("of the showroom's own car", 0, PartyKind::Showroom, 22, 2000, 144,
-        price + QStringList{u"210601/0 2000 0"_s, u"410301/0 0 2000"_s} + interest);
+        price + QStringList{u"210681/0 2000 0"_s, u"410381/0 0 2000"_s} + interest);
     row("by a seller typed by hand", 0, PartyKind::Other, 22, 2000, 0, price);
     row("to a buyer typed by hand", 11, PartyKind::Ordinary, 0, 2000, 144, {});
     row("not in the books", 11, PartyKind::Ordinary, 22, 0, 0, {});

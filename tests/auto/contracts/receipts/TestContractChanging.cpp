@@ -101,7 +101,7 @@ private Q_SLOTS:
         QCOMPARE(saved(1), QString());
         QCOMPARE(m_contract->owes(m_contract->buyer), 100.0);
         QCOMPARE(m_contract->owes(m_contract->seller), 100.0);
-        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (210601,410203,410301)"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (210681,410281,410381)"_s), u"0"_s);
         QCOMPARE(value(booksAgree(Accounts::documentKindContract)), u"1/0/0"_s);
         QCOMPARE(saved(0), QString());
         QCOMPARE(m_contract->owes(m_contract->buyer), 2244.0);

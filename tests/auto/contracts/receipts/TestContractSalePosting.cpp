@@ -72,7 +72,7 @@ private Q_SLOTS:
     {
         begin(false);
         QCOMPARE(m_contract->owes(m_contract->buyer), 100.0);
-        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (210601,410203,410301)"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (210681,410281,410381)"_s), u"0"_s);
     }
 
     void documentThatHoldsTheSaleKeepsItWhenTheSettingIsTurnedOff()
@@ -134,7 +134,7 @@ private Q_SLOTS:
             if (!person)
                 contract.m_iPersonSecondID = 0;
         });
-        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (210601,410203,410301)"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs WHERE iHesabMoeenCode IN (210681,410281,410381)"_s), u"0"_s);
     }
 
     void interestFollowsThePlan()
@@ -218,7 +218,7 @@ private Q_SLOTS:
     {
         begin(true);
         m_office->database().run(u"CREATE TRIGGER refuseInterest BEFORE INSERT ON Docs FOR EACH ROW "
-                                 "IF NEW.iHesabMoeenCode=410203 THEN SIGNAL SQLSTATE '45000'; END IF"_s);
+                                 "IF NEW.iHesabMoeenCode=410281 THEN SIGNAL SQLSTATE '45000'; END IF"_s);
         const auto drop = qScopeGuard([this] { m_office->database().run(u"DROP TRIGGER refuseInterest"_s); });
         const InstalmentTerms terms{1200, 2, RateUnit::Monthly, InterestMethod::WholePrincipal, 7, 1, IntervalUnit::Months, ConvertToMiladi(1405, 1, 1)};
         const QString before = m_contract->plan();

@@ -124,13 +124,12 @@ void TestSuiteSchema::freshDatabaseHoldsTheAccounts_data()
     row(moeen, 410202, Accounts::commissionIncome, u"درآمد کمیسیون"_s);
     row(moeen, 610502, Accounts::taxExpense, u"هزینه مالیات ارزش افزوده"_s);
     row(moeen, 610503, Accounts::dutyExpense, u"هزینه عوارض"_s);
-    row(moeen, 110401, Accounts::chequesInHand, u"چک‌های دریافتی نزد صندوق"_s);
-    row(moeen, 110402, Accounts::chequesDeposited, u"چک‌های در جریان وصول"_s);
-    row(moeen, 210201, Accounts::chequesPayable, u"چک‌های پرداختی"_s);
-    row(moeen, 210601, Accounts::carSaleClearing, u"واسط فروش اقساطی خودرو"_s);
-    row(moeen, 410203, Accounts::instalmentInterest, u"درآمد بهره اقساط"_s);
-    row(moeen, 410204, Accounts::lateFeeIncome, u"درآمد جریمه دیرکرد"_s);
-    row(moeen, 410301, Accounts::carSales, u"فروش خودرو"_s);
+    row(moeen, 110481, Accounts::chequesInHand, u"چک‌های دریافتی نزد صندوق"_s);
+    row(moeen, 110482, Accounts::chequesDeposited, u"چک‌های در جریان وصول"_s);
+    row(moeen, 210281, Accounts::chequesPayable, u"چک‌های پرداختی"_s);
+    row(moeen, 210681, Accounts::carSaleClearing, u"واسط فروش اقساطی خودرو"_s);
+    row(moeen, 410281, Accounts::instalmentInterest, u"درآمد بهره اقساط"_s);
+    row(moeen, 410381, Accounts::carSales, u"فروش خودرو"_s);
     row(moeen, 210501, Accounts::taxPayable, u"مالیات ارزش افزوده پرداختنی"_s);
     row(moeen, 210502, Accounts::dutyPayable, u"عوارض پرداختنی"_s);
 }
@@ -150,8 +149,8 @@ void TestSuiteSchema::everyAccountStandsUnderAGeneralOne()
     SuiteSchema::upgrade();
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen m JOIN HesabKol k ON k.iCode=m.iHesabKolCode "
                               "WHERE m.iCode DIV 100=k.iCode"_s),
-             u"19"_s);
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"19"_s);
+             u"18"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"18"_s);
 }
 
 void TestSuiteSchema::balancesHaveTheirKeys()
@@ -182,7 +181,7 @@ void TestSuiteSchema::stepThatStoppedHalfwayIsRunAgain()
     m_database.run(u"DROP TABLE Receipts"_s);
     m_database.run(u"UPDATE Properties SET sValue='2' WHERE sSection='Schema' AND sKey='Suite'"_s);
     SuiteSchema::upgrade();
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"19"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"18"_s);
     QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
     // What the office has changed since stays.
     QCOMPARE(m_database.value(u"SELECT sName FROM HesabKol WHERE iCode=1101"_s), u"صندوق مرکزی"_s);
@@ -217,7 +216,7 @@ void TestSuiteSchema::officeOfAnEarlierProgramKeepsItsRows()
     QCOMPARE(m_database.value(rows), before);
     QVERIFY(before.contains(u"90/4101/فروش کارت"_s));
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
-    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"19"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM HesabMoeen"_s), u"18"_s);
     QCOMPARE(m_database.value(u"SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE "
                               "TABLE_SCHEMA=DATABASE() AND TABLE_NAME IN ('Alarms','Services','Factors','FactorStuffs')"_s),
              u"Alarms,Factors,FactorStuffs,Services"_s);
