@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 
-#include "suite/treasury/CTblFollowUps.h"
+#include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"

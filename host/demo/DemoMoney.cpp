@@ -8,7 +8,7 @@
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "host/demo/DemoTimes.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/treasury/ChequeChanging.h"
+#include "suite/treasury/cheques/ChequeChanging.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <algorithm>

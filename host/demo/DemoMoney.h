@@ -6,7 +6,7 @@
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "host/demo/DemoRandom.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 
 #include <QDate>
 

@@ -37,7 +37,7 @@ VALUES = {
 ALLOWED = {
     "suite/utility/look/": ({"colour", "size of a font"}, "the tables themselves"),
     "suite/accounting/reports/ReportPainter.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
-    "suite/treasury/ReceiptPaper.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
+    "suite/treasury/receiving/ReceiptPaper.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
     "suite/accounting/reports/KWndReportGen.cpp": ({"colour"}, "shows the sheet of paper"),
     "suite/image/PictureIntake.cpp": ({"colour"}, "reads the pixels of a picture"),
     "host/demo/DemoPictures.cpp": ({"colour"}, "paints the pictures of the demo office's cars"),

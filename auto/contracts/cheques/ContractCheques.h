@@ -5,9 +5,9 @@
 
 #include "auto/contracts/cheques/MatterCheques.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
-#include "suite/treasury/Cheque.h"
-#include "suite/treasury/ChequeStates.h"
-#include "suite/treasury/ReceiptOwners.h"
+#include "suite/treasury/records/Cheque.h"
+#include "suite/treasury/records/ChequeStates.h"
+#include "suite/treasury/records/ReceiptOwners.h"
 
 class CTblAutomobilContracts;
 

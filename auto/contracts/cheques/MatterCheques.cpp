@@ -3,7 +3,7 @@
 
 #include "auto/contracts/cheques/MatterCheques.h"
 
-#include "suite/treasury/ChequeSeries.h"
+#include "suite/treasury/cheques/ChequeSeries.h"
 #include "suite/utility/values/Money.h"
 
 #include <QStringList>

@@ -9,7 +9,7 @@
 #include "auto/db/ContractLock.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

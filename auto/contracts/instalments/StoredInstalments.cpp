@@ -14,7 +14,7 @@
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -6,7 +6,7 @@
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 
 #include <QList>
 

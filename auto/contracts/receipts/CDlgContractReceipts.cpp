@@ -13,7 +13,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/db/KLookup.h"
-#include "suite/treasury/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/CDlgReceiptPaper.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"

@@ -13,7 +13,7 @@
 #include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;

@@ -9,7 +9,7 @@
 #include "suite/accounting/changes/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/treasury/ChequeStates.h"
+#include "suite/treasury/records/ChequeStates.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;

@@ -7,7 +7,7 @@
 #include "auto/contracts/parties/ContractSide.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/treasury/ReceiptOwners.h"
+#include "suite/treasury/records/ReceiptOwners.h"
 
 // Contracts as what money is received and paid for: commissions, instalments, the price of the car.
 class ContractReceiptOwner final : public ReceiptOwner

@@ -17,8 +17,8 @@
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
-#include "suite/treasury/CTblFollowUps.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/followups/CTblFollowUps.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/values/Money.h"
 
 #include <algorithm>

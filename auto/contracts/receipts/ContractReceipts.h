@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/office/ReceiptPurpose.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 
 #include <QDateTime>
 #include <QList>

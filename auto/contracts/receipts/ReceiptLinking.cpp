@@ -13,7 +13,7 @@
 #include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 
 #include <QLoggingCategory>
 

@@ -8,7 +8,7 @@
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/settings/ContractSettings.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
 

@@ -10,7 +10,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/office/OtherDesk.h"

@@ -12,7 +12,7 @@
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/reports/income/ComprehensiveReport.h"
 #include "auto/settings/ContractSettings.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"

@@ -5,7 +5,7 @@
 #include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
 #include "host/start/OfficeServer.h"
-#include "suite/treasury/CDlgCashFromPerson.h"
+#include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"

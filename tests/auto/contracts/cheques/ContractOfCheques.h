@@ -8,8 +8,8 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/treasury/ChequeChanging.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/cheques/ChequeChanging.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "tests/office/TestOffice.h"
 
 using namespace Qt::StringLiterals;

@@ -7,7 +7,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/treasury/CDlgVoiding.h"
+#include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"

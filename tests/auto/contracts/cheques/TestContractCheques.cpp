@@ -4,7 +4,7 @@
 #include "auto/contracts/cheques/ContractCheques.h"
 
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/treasury/ChequeVoiding.h"
+#include "suite/treasury/cheques/ChequeVoiding.h"
 #include "tests/auto/contracts/cheques/ContractOfCheques.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -7,7 +7,7 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/editor/ContractEditorTest.h"
 #include "tests/support/RegisteredTest.h"

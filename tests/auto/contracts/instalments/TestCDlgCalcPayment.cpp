@@ -6,7 +6,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/contracts/document/ContractSaving.h"
-#include "suite/treasury/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "tests/office/TestOffice.h"
 

@@ -8,7 +8,7 @@
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/treasury/CTblReceipts.h"
+#include "suite/treasury/records/CTblReceipts.h"
 #include "tests/auto/contracts/PlannedContract.h"
 #include "tests/support/BooksAgree.h"
 #include "tests/support/RegisteredTest.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/books/chart/Accounts.h"
-#include "suite/treasury/CDlgCashFromPerson.h"
-#include "suite/treasury/CDlgReceipts.h"
+#include "suite/treasury/receiving/CDlgCashFromPerson.h"
+#include "suite/treasury/receipts/CDlgReceipts.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/PlannedContract.h"
