@@ -8,12 +8,14 @@
 #include "auto/contracts/instalments/InstalmentQuestions.h"
 #include "auto/contracts/instalments/InstalmentState.h"
 #include "auto/contracts/instalments/LateFee.h"
+#include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/contracts/overdue/CTblDueInstalments.h"
 #include "auto/contracts/overdue/DueDays.h"
 #include "auto/contracts/overdue/OverdueFilter.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilPayments.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -37,6 +39,19 @@ const QString contractForm = u"AutomobilContracts"_s;
 KListColumn::Cell amountCell(double amount)
 {
     return IsEquals(amount, 0) ? KListColumn::Cell{{}, 0.0} : KListColumn::money(amount);
+}
+
+// Another desk may replace the plan while the call is noted.
+CTblFollowUps::Subject instalmentSubject(int contractID, int paymentID, int number)
+{
+    return {.recordKind = CTblAutomobilContracts::recordKind,
+            .recordID = contractID,
+            .paymentID = paymentID,
+            .form = deskForm,
+            .require = [=] {
+                if (StoredInstalments::lock(contractID, paymentID) == StoredInstalments::State::Gone)
+                    throw KAccountingError(u"قسط شماره %1 دیگر در برنامه اقساط این قرارداد نیست. چیزی ثبت نشد."_s.arg(number));
+            }};
 }
 
 QDate officeToday()
@@ -226,7 +241,7 @@ void CDlgOverdueInstalments::followUp()
     const QString about = u"%1     %2     قسط شماره %3 قرارداد %4     سررسید %5     مانده %6"_s
                               .arg(list()->cellText(shown, u"person"), list()->cellText(shown, u"mobile"), QString::number(row.number),
                                    list()->cellText(shown, u"contract"), list()->cellText(shown, u"due"), list()->cellText(shown, u"rest"));
-    if (CDlgFollowUp::run({CTblAutomobilContracts::recordKind, row.contractID, row.paymentID, deskForm}, about, this))
+    if (CDlgFollowUp::run(instalmentSubject(row.contractID, row.paymentID, row.number), about, this))
         refill();
 }
 

@@ -60,6 +60,8 @@ int CTblFollowUps::add(const Subject &subject, const QString &note, const QDateT
         requireFollowUpRight(subject.form);
         if (const ReceiptOwner *owner = ReceiptOwners::of(subject.recordKind))
             owner->lock(subject.recordID, true);
+        if (subject.require)
+            subject.require();
         const QDateTime now = GetDBSetting()->GetDBServerDate();
         if (promised.isValid() && promised.date() < now.date())
             throw FieldRefused(u"تاریخ وعده گذشته است. لطفا اصلاح نمایید."_s, u"datePromised"_s);

@@ -9,6 +9,8 @@
 
 #include <QList>
 
+#include <functional>
+
 // What was said about something that is due: one row for each call. Rows are only added, so that the history of an instalment stays
 // whole; those of a plan that is replaced stay with their contract, and go with it.
 class TZTREASURYDATA_EXPORT CTblFollowUps : public KMySQL, private KLiveCount<CTblFollowUps>
@@ -26,6 +28,10 @@ public:
         int recordID = 0;
         int paymentID = 0; // the instalment of that record; 0: the record as a whole
         QString form = {}; // whose right to add records a note needs
+
+        // Run in the unit that adds the note, once the record is locked and before anything is written; it may run again. What it
+        // throws ends the unit. Empty: nothing is required.
+        std::function<void()> require = {};
     };
 
     struct Entry
@@ -44,7 +50,8 @@ public:
 
     // Adds a row of the current user and of now, by the server's clock, and returns its key. A unit of its own. Throws, with
     // nothing written: FieldRefused ("sNote") without a note and without a promise, FieldRefused ("datePromised") for a promise that
-    // is over; KAccountingError without the right, in a closed database and when the record is gone, as far as its ReceiptOwner says.
+    // is over; KAccountingError without the right, in a closed database and when the record is gone, as far as its ReceiptOwner says;
+    // and what subject.require throws.
     static int add(const Subject &subject, const QString &note, const QDateTime &promised, int database = 0);
     // All of the record, also of its other instalments, the latest first. One statement.
     static QList<Entry> history(int recordKind, int recordID, int database = 0);

@@ -13,6 +13,7 @@
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/office/TestOffice.h"
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void lastCallIsShownAndFilteredBy();
     void statementsDoNotGrowWithTheRows();
     void noteIsAddedFromTheDesk();
+    void noteOfAnInstalmentThatIsGoneIsRefused();
     void receivingFromTheDeskTakesTheRowAway();
     void deskOfOneContractShowsAllThatIsOpen();
     void planReplacedMeanwhileIsTold();
@@ -365,6 +367,29 @@ void TestOverdueInstalments::noteIsAddedFromTheDesk()
     QVERIFY(page.runCommand(u"followUp"));
     QCOMPARE(page.list()->cellText(0, u"note"), u"شنبه می‌آید"_s);
     QCOMPARE(value(u"SELECT CONCAT_WS('|',iTable,iRecordID,iPaymentID) FROM FollowUps"_s), u"69|%1|%2"_s.arg(m_contract).arg(m_late));
+}
+
+// Another desk replaces the plan while the call is noted: what is typed stays, and no note hangs on a row that is gone.
+void TestOverdueInstalments::noteOfAnInstalmentThatIsGoneIsRefused()
+{
+    CDlgOverdueInstalments page;
+    page.open();
+    page.list()->selectRow(0);
+    QString typed;
+    QStringList told;
+    TestOffice::whenModal("CDlgFollowUp", [&](QWidget *window) {
+        auto *note = Hand::named<KEdit>(window, u"یادداشت تماس :"_s);
+        note->setText(u"شنبه می‌آید"_s);
+        m_office->database().run(u"DELETE FROM AutomobilPayments WHERE iNum=1"_s);
+        static_cast<QDialog *>(window)->accept();
+        typed = window->isVisible() ? note->text() : QString();
+        told = g_pDlgWarning->takeShown();
+        static_cast<KDialog *>(window)->cancel();
+    });
+    QVERIFY(page.runCommand(u"followUp"));
+    QCOMPARE(told, QStringList{u"قسط شماره 1 دیگر در برنامه اقساط این قرارداد نیست. چیزی ثبت نشد."_s});
+    QCOMPARE(typed, u"شنبه می‌آید"_s);
+    QCOMPARE(value(u"SELECT COUNT(*) FROM FollowUps"_s), u"0"_s);
 }
 
 void TestOverdueInstalments::receivingFromTheDeskTakesTheRowAway()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void noteThatMayNotBeIsRefused_data();
     void noteThatMayNotBeIsRefused();
     void goneRecordIsTold();
+    void whatIsRequiredComesBeforeTheNote();
     void closedDatabaseRefuses();
     void rightTakenAwayMeanwhileRefuses();
     void deletedWithItsRecord();
@@ -150,6 +151,18 @@ void TestFollowUps::goneRecordIsTold()
 {
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblFollowUps::add(subject(5, 404), u"آمد"_s, {}));
     QCOMPARE(value(u"SELECT COUNT(*) FROM FollowUps"_s), u"0"_s);
+}
+
+void TestFollowUps::whatIsRequiredComesBeforeTheNote()
+{
+    CTblFollowUps::Subject known = subject();
+    QString notes;
+    known.require = [&] { notes = value(u"SELECT COUNT(*) FROM FollowUps"_s); };
+    CTblFollowUps::add(known, u"آمد"_s, {});
+    QCOMPARE(notes, u"0"_s);
+    known.require = [] { throw KAccountingError(u"این قسط دیگر نیست."_s); };
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblFollowUps::add(known, u"نیامد"_s, {}));
+    QCOMPARE(value(u"SELECT GROUP_CONCAT(sNote) FROM FollowUps"_s), u"آمد"_s);
 }
 
 void TestFollowUps::closedDatabaseRefuses()
