@@ -14,7 +14,7 @@ SPOILED = {
     "a contract has no document": "UPDATE AutomobilContracts SET iDocNum=98",
     "two contracts share a document": "INSERT INTO AutomobilContracts(iCode,iDocNum,iFiscalYear) VALUES (7,:d,:y)",
     "a contract's document has no contract": "INSERT INTO Documents(iNum,iFiscalYear,iKind) VALUES (97,:y,28)",
-    "contract and document disagree about the first party": "UPDATE AutomobilContracts SET dTax=dTax+1",
+    "contract and document disagree about the first party": "UPDATE AutomobilContracts SET dTax=dTax+5",
     "contract and document disagree about the second party": "UPDATE AutomobilContracts SET dDiscountSecond=5",
     "contract and document disagree about the day": "UPDATE AutomobilContracts SET dateContract='2000-01-01'",
     "a receipt has no document": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,96,:y)",

@@ -24,6 +24,9 @@ _CONTRACT_BEGUN = _BEGUN.format(table="AutomobilContracts", alias="c")
 _OWNERS = {CONTRACT: "AutomobilContracts", CAR: "AutomobilInformations"}
 
 
+# Each figure of a contract is booked in whole units of money, and at most five of them are added up.
+ROUNDED = 2.51
+
 # What an instalment sale owes beside its commission, once the books hold it: the price, and the interest of its plan.
 _POSTED = (f"EXISTS(SELECT 1 FROM Docs s WHERE s.iDocNum=c.iDocNum AND s.iFiscalYear=c.iFiscalYear "
            f"AND s.iHesabMoeenCode={CAR_SALE_CLEARING})")
@@ -37,7 +40,7 @@ def _charged(person, tax, duty, discount, debt="0", credit="0"):
             f"JOIN Docs d ON d.iDocNum=c.iDocNum AND d.iFiscalYear=c.iFiscalYear AND d.iPersonID=c.{person} "
             f"AND d.iHesabMoeenCode={PERSONS_ACCOUNT} "
             f"WHERE c.{person}<>0 AND c.iPersonFirstID<>c.iPersonSecondID GROUP BY c.iID "
-            f"HAVING ABS(bed-MAX(c.dCommission+c.{tax}+c.{duty}+{debt}))>=0.01 OR ABS(bes-MAX(c.{discount}+{credit}))>=0.01")
+            f"HAVING ABS(bed-MAX(c.dCommission+c.{tax}+c.{duty}+{debt}))>={ROUNDED} OR ABS(bes-MAX(c.{discount}+{credit}))>={ROUNDED}")
 
 
 def _register(account, kind, state, side):
