@@ -229,7 +229,9 @@ void CDlgContractCheques::enter(const Cheque &cheque, double amount)
                                                  .desc = u"چک بابت %1"_s.arg(item.purpose.text),
                                                  .purpose = item.purpose,
                                                  .method = CTblReceipts::cheque,
-                                                 .cheque = cheque},
+                                                 .cheque = cheque,
+                                                 // What is paid by cheque is what the plan is then made without.
+                                                 .spreads = item.purpose.what != ReceiptPurpose::Price},
                                                 this);
     if (posted.isEmpty())
         return;

@@ -369,9 +369,9 @@ bool CDlgCashFromPerson::mayGoOn(double surplus)
 {
     const QString unit = m_settings.moneyUnitName();
     QString question = u"مبلغ %1 %2 بیشتر از مانده «%3» است. آیا مازاد چنین ثبت شود؟"_s.arg(DToMoney(surplus), unit, m_for->currentText());
-    const QList<ReceiptSpread::Share> shares = ReceiptSpread::of(m_amount->number(), m_for->purpose(), m_for->items());
-    for (qsizetype i = 1; i < shares.size(); ++i)
-        question += u"\n%1 : %2 %3"_s.arg(textOf(shares.at(i).purpose), DToMoney(shares.at(i).amount), unit);
+    const QList<ReceiptSpread::Share> spread = shares();
+    for (qsizetype i = 1; i < spread.size(); ++i)
+        question += u"\n%1 : %2 %3"_s.arg(textOf(spread.at(i).purpose), DToMoney(spread.at(i).amount), unit);
     if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes)
         return true;
     m_amount->setFocus();
@@ -379,10 +379,17 @@ bool CDlgCashFromPerson::mayGoOn(double surplus)
     return false;
 }
 
+QList<ReceiptSpread::Share> CDlgCashFromPerson::shares() const
+{
+    if (!m_start.spreads)
+        return {{m_amount->number(), m_for->purpose()}};
+    return ReceiptSpread::of(m_amount->number(), m_for->purpose(), m_for->items());
+}
+
 QList<ReceiptPosting::Part> CDlgCashFromPerson::parts() const
 {
     QList<ReceiptPosting::Part> parts;
-    for (const ReceiptSpread::Share &share : ReceiptSpread::of(m_amount->number(), m_for->purpose(), m_for->items())) {
+    for (const ReceiptSpread::Share &share : shares()) {
         const QString desc = parts.isEmpty() ? m_desc->text() : u"مازاد %1، بابت %2"_s.arg(m_for->currentText(), textOf(share.purpose));
         parts.append({share.amount, desc.left(CTblReceipts::longestDescription), share.purpose});
     }
@@ -410,7 +417,7 @@ bool CDlgCashFromPerson::OnOK()
 {
     if (!checkEntries() || !areDatesWanted())
         return false;
-    const double surplus = ReceiptSpread::surplus(m_amount->number(), m_for->purpose(), m_for->items());
+    const double surplus = m_start.spreads ? ReceiptSpread::surplus(m_amount->number(), m_for->purpose(), m_for->items()) : 0;
     if (surplus > 0 && !mayGoOn(surplus))
         return false;
     try {

@@ -6,6 +6,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
+#include "suite/treasury/receiving/ReceiptSpread.h"
 #include "suite/treasury/TzTreasuryExport.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -37,7 +38,8 @@ public:
         QString desc = {};
         ReceiptPurpose purpose = {}; // one of a record is chosen and cannot be changed; else the user chooses
         CTblReceipts::Method method = CTblReceipts::cash;
-        Cheque cheque = {}; // proposed where the method is a cheque
+        Cheque cheque = {};  // proposed where the method is a cheque
+        bool spreads = true; // what is more than the purpose still owes goes on to what is owed next, after a question; else all is for the purpose
     };
 
     explicit CDlgCashFromPerson(const Start &start, QWidget *parent = nullptr);
@@ -80,6 +82,7 @@ private:
     bool areDatesWanted();
     bool mayGoOn(double surplus);
     ReceiptPosting::Handover handover() const;
+    QList<ReceiptSpread::Share> shares() const;
     QList<ReceiptPosting::Part> parts() const;
     void printIfWanted();
 

@@ -3,10 +3,13 @@
 
 #include "auto/contracts/cheques/CDlgContractCheques.h"
 
+#include "auto/contracts/document/ContractPosting.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractMatter.h"
+#include "auto/settings/ContractSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/db/KTransaction.h"
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
@@ -237,6 +240,33 @@ private Q_SLOTS:
         });
         window.voidSelected();
         QVERIFY(window.totalText().contains(u"1 فقره"_s));
+    }
+
+    // The plan was made without it; nothing of the cheque goes on to instalments that way.
+    void chequeAboveWhatIsLeftOfThePriceIsAllForThePrice()
+    {
+        ContractSettings settings = ContractSettings::load();
+        settings.postPlan = true;
+        settings.save();
+        CTblAutomobilContracts contract;
+        m_contract->load(contract).Edit();
+        KTransaction transaction;
+        QVERIFY(ContractPosting::post(contract));
+        contract.Update(true);
+        transaction.commit();
+        m_contract->addInstalment(9900);
+        CDlgContractCheques window(m_contract->load(contract), false);
+        Hand::inNextWindow([&](QDialog *entry) {
+            QCOMPARE(Hand::named<KEdit>(entry, u"مبلغ :"_s)->text(), u"100"_s);
+            Hand::named<KEdit>(entry, u"مبلغ :"_s)->setText(u"150"_s);
+            Hand::named<KEdit>(entry, u"شناسه صیادی :"_s)->setText(u"1234567890123456"_s);
+            Hand::named<KDateEdit>(entry, u"سررسید :"_s)->setDate(ContractOfCheques::today().date().addDays(40));
+            Hand::named<KEdit>(entry, u"بانک :"_s)->setText(u"ملت"_s);
+            entry->accept();
+        });
+        window.addButton()->click();
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList());
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(CONCAT_WS('/',dAmount,iFor,iPaymentID)) FROM Receipts"_s), u"150/3/0"_s);
     }
 };
 
