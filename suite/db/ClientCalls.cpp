@@ -3,6 +3,7 @@
 
 #include "suite/db/ClientCalls.h"
 
+#include "suite/db/DBPlatform.h"
 #include "suite/db/KConnectionSettings.h"
 #include "suite/db/ServerWait.h"
 
@@ -64,10 +65,17 @@ bool ClientCalls::connect(ServerWait &wait, st_mysql *handle, const KConnectionS
     const QByteArray password = settings.password.toUtf8();
     const QByteArray database = settings.database.toUtf8();
     const QByteArray socket = settings.socketPath.toLocal8Bit();
+    const unsigned int port = host.isEmpty() ? 0 : node.port;
+    // Where nobody listens on a local socket, the library's waiting connect closes the descriptor twice, the second time perhaps that of
+    // another thread. Its plain one closes it once, and fails without waiting.
+    if (host.isEmpty() && !socket.isEmpty() && !DBPlatform::isListening(settings.socketPath))
+        return mysql_real_connect(handle, nullptr, user.constData(), password.constData(), orNull(database), port, orNull(socket),
+                                  CLIENT_FOUND_ROWS)
+            != nullptr;
     MYSQL *connected = nullptr;
     // CLIENT_FOUND_ROWS: an UPDATE counts the rows it met, so that a vanished row is distinguished from an unchanged one.
     wait.run(mysql_real_connect_start(&connected, handle, orNull(host), user.constData(), password.constData(), orNull(database),
-                                      host.isEmpty() ? 0 : node.port, orNull(socket), CLIENT_FOUND_ROWS),
+                                      port, orNull(socket), CLIENT_FOUND_ROWS),
              [&](int ready) { return mysql_real_connect_cont(&connected, handle, ready); });
     return connected != nullptr;
 }

@@ -27,6 +27,9 @@ enum class Life {
 // Otherwise the name of an earlier start says nothing, because another computer would look the same.
 TZDB_EXPORT Life lifeOf(const QString &process, bool onThisComputer);
 
+// Whether a process listens on a local socket of that name. True where the system does not tell.
+bool isListening(const QString &socketPath);
+
 // A socket of the client library.
 #ifdef _WIN32
 using Socket = unsigned long long;

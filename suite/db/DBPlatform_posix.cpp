@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <mysql.h>
@@ -109,6 +110,23 @@ Life lifeOf(const QString &process, bool onThisComputer)
     if (!running)
         return Life::Alive;
     return running->isZombie || running->start != parts[Start] ? Life::Dead : Life::Alive;
+}
+
+// The system lists its local sockets line by line, the name behind seven columns; one that listens has this flag.
+bool isListening(const QString &socketPath)
+{
+    constexpr int flagsColumn = 3;
+    constexpr int nameColumn = 7;
+    constexpr uint accepts = 0x10000;
+    QFile sockets(u"/proc/net/unix"_s);
+    if (!sockets.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray name = QFile::encodeName(socketPath);
+    const QList<QByteArray> lines = sockets.readAll().split('\n');
+    return std::any_of(lines.cbegin(), lines.cend(), [&name](const QByteArray &line) {
+        const QList<QByteArray> columns = line.endsWith(name) ? line.simplified().split(' ') : QList<QByteArray>();
+        return columns.size() > nameColumn && columns.mid(nameColumn).join(' ') == name && (columns.at(flagsColumn).toUInt(nullptr, 16) & accepts) != 0;
+    });
 }
 
 int awaitSocket(Socket socket, int events, std::chrono::milliseconds atMost)

@@ -9,8 +9,10 @@
 #include "suite/db/KTransaction.h"
 
 #include <QCoreApplication>
+#include <QTemporaryFile>
 #include <QTest>
 
+#include <atomic>
 #include <future>
 #include <mysql.h>
 #include <thread>
@@ -280,6 +282,39 @@ private Q_SLOTS:
         }
         QCOMPARE(names, QByteArray("abc"));
         QVERIFY(connectionId() > 0);
+    }
+
+    // A thread that looks for a server which is gone must leave the files of the others alone.
+    void lookingForAServerThatIsGoneClosesNobodysFile()
+    {
+        QTemporaryFile file;
+        QVERIFY(file.open() && file.write("a") == 1);
+        file.close();
+        std::atomic<bool> isOver = false;
+        std::atomic<int> lost = 0;
+        std::thread other([&, name = file.fileName()] {
+            while (!isOver) {
+                QFile read(name);
+                char byte = 0;
+                if (!read.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || read.read(&byte, 1) != 1)
+                    ++lost;
+            }
+        });
+        KConnectionSettings settings = m_database.settings();
+        settings.socketPath += u".gone"_s;
+        constexpr int often = 3000;
+        int refused = 0;
+        for (int attempt = 0; attempt < often; ++attempt) {
+            try {
+                KConnection(settings).run(QByteArrayLiteral("SELECT 1"));
+            } catch (const CMySQLException &) {
+                ++refused;
+            }
+        }
+        isOver = true;
+        other.join();
+        QCOMPARE(refused, often);
+        QCOMPARE(lost.load(), 0);
     }
 };
 
