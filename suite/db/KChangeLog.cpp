@@ -22,6 +22,11 @@ bool isKept(int database)
     return !KTableSchema::of(u"Changes"_s, database).isEmpty();
 }
 
+bool keepsValues(int database)
+{
+    return KTableSchema::of(u"Changes"_s, database).column(u"sValues"_s) != nullptr;
+}
+
 QString computerName()
 {
     static const QString name = QSysInfo::machineHostName().left(100);
@@ -40,13 +45,15 @@ qint32 KChangeLog::author()
     return currentAuthor;
 }
 
-void KChangeLog::note(const QString &table, qint32 key, KChange::Kind kind, int database)
+void KChangeLog::note(const QString &table, qint32 key, KChange::Kind kind, int database, const QList<KChangedValue> &values)
 {
     if (!isKept(database))
         return;
-    KConnection::forThread(database).run(
-        KSql::formatted("INSERT INTO Changes(sTable,iRecordID,iKind,iUserID,sComputer,date) VALUES(%1,%2,%3,%4,%5,NOW())",
-                        KSql::quoted(table), key, static_cast<int>(kind), author(), KSql::quoted(computerName())));
+    const bool withValues = !values.isEmpty() && keepsValues(database);
+    KConnection::forThread(database).run(KSql::formatted(
+        "INSERT INTO Changes(sTable,iRecordID,iKind,iUserID,sComputer,date%1) VALUES(%2,%3,%4,%5,%6,NOW()%7)",
+        withValues ? KSql(",sValues") : KSql(), KSql::quoted(table), key, static_cast<int>(kind), author(), KSql::quoted(computerName()),
+        withValues ? "," + KSql::quoted(QString::fromUtf8(KChangedValues::toJson(values))) : KSql()));
 }
 
 std::optional<KChange> KChangeLog::last(const QString &table, qint32 key, int database)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/db/KChangedValues.h"
 #include "suite/db/TzDBExport.h"
 
 #include <QDateTime>
@@ -19,7 +20,13 @@ struct KChange
         Changed = 1,
         Deleted = 2,
         Archived = 3,
-        Unarchived = 4
+        Unarchived = 4,
+        // What happened beside the rows; the table is then the kind of thing that it concerns.
+        Restored = 5,     // a deleted row came back, or a backup took the place of the database
+        SignedIn = 6,
+        SignInFailed = 7,
+        Exported = 8,     // rows left the program as a file
+        BackedUp = 9
     };
 
     qint32 userID = 0; // 0: a program without a user, such as an upgrade
@@ -28,7 +35,7 @@ struct KChange
     Kind kind = Kind::Changed;
 };
 
-// Who changed which row when, in the table Changes. A change is noted in the transaction that makes it. A database without that
+// Who changed which row when, and what in it, in the table Changes. A change is noted in the transaction that makes it. A database without that
 // table notes nothing.
 class TZDB_EXPORT KChangeLog
 {
@@ -38,7 +45,8 @@ public:
     static qint32 author();
 
     // key 0: the table as a whole, or something that has no row of its own. Throws CMySQLException.
-    static void note(const QString &table, qint32 key, KChange::Kind kind, int database = 0);
+    // values: what changed in the row, empty when that is not known. A database without a column for them notes the rest.
+    static void note(const QString &table, qint32 key, KChange::Kind kind, int database = 0, const QList<KChangedValue> &values = {});
     // The newest change of the row; nothing when none is known.
     static std::optional<KChange> last(const QString &table, qint32 key, int database = 0);
 };

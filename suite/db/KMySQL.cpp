@@ -3,7 +3,6 @@
 
 #include "suite/db/KMySQL.h"
 
-#include "suite/db/KChangeLog.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/db/KTransaction.h"
 
@@ -132,7 +131,7 @@ bool KMySQL::Delete()
     inTransaction([this] {
         connection().run("DELETE FROM " + GetTableName().toUtf8() + " WHERE iID=" + QByteArray::number(m_columns.key()) + " LIMIT 1");
         if (isLogged())
-            KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Deleted, m_database);
+            KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Deleted, m_database, heldValues(KChange::Kind::Deleted));
     });
     m_hasValues = false;
     m_mode = Mode::Browse;
@@ -334,19 +333,23 @@ void KMySQL::insertRow()
     m_lastInsertedId = connection().lastInsertedId();
     m_columns.setKey(static_cast<qint32>(m_lastInsertedId));
     if (isLogged())
-        KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Added, m_database);
+        KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Added, m_database, heldValues(KChange::Kind::Added));
 }
 
 void KMySQL::updateRow()
 {
     QByteArray assignments;
+    QList<KChangedValue> changes;
     qint32 key = 0;
     for (size_t i = 0; i < m_columns.all().size(); ++i) {
         const Column &column = m_columns.all()[i];
         if (KColumns::isKey(column))
             key = m_before[i].toInt();
-        else if (!column.isStill(m_before[i]))
+        else if (!column.isStill(m_before[i])) {
             assignments += column.name.toUtf8() + '=' + literal(column) + ',';
+            if (isLogged())
+                changes.append({column.name, m_before[i], column.value(), isSecret(column.name)});
+        }
     }
     if (assignments.isEmpty())
         return;
@@ -358,8 +361,21 @@ void KMySQL::updateRow()
             throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
                                   GetTableName() + QLatin1String(": the row to update is gone"));
         if (isLogged())
-            KChangeLog::note(GetTableName(), key, KChange::Kind::Changed, m_database);
+            KChangeLog::note(GetTableName(), key, KChange::Kind::Changed, m_database, changes);
     });
+}
+
+QList<KChangedValue> KMySQL::heldValues(KChange::Kind kind) const
+{
+    const bool isGone = kind == KChange::Kind::Deleted;
+    QList<KChangedValue> values;
+    for (const Column &column : m_columns.all()) {
+        if (KColumns::isKey(column) || column.isEmpty())
+            continue;
+        const QVariant held = column.value();
+        values.append({column.name, isGone ? held : QVariant(), isGone ? QVariant() : held, isSecret(column.name)});
+    }
+    return values;
 }
 
 void KMySQL::requireRow(const char *operation) const

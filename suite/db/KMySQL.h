@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/db/CMySQLException.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KColumns.h"
 #include "suite/db/KConnection.h"
 #include "suite/db/KLongBinary.h"
@@ -100,6 +101,8 @@ protected:
 
     // Whether each row that is added, changed or deleted through the class is noted in the log of changes (KChangeLog).
     virtual bool isLogged() const { return false; }
+    // Whether the log says of the column only that it changed, never its values: a password, for one.
+    virtual bool isSecret(QStringView) const { return false; }
 
 public:
     // True when the set stands behind its last row or has none.
@@ -188,6 +191,8 @@ private:
     QByteArray literal(const Column &column) const;
     void insertRow();
     void updateRow();
+    // The columns that hold something, as the log notes a row that is added or deleted.
+    QList<KChangedValue> heldValues(KChange::Kind kind) const;
     void inTransaction(const std::function<void()> &work);
     int keepResult(KConnection::Result result);
     [[noreturn]] void raiseNoRow(const char *operation) const;

@@ -218,6 +218,18 @@ constexpr const char *treasury[] = {
     "IF(EXISTS(SELECT 1 FROM Documents) OR EXISTS(SELECT 1 FROM Persons),'0','1')",
 };
 
+// What a change did to the columns of its row (KChangedValues); and the rows of deleted records, each with all of its columns, until
+// they are taken back or their time is over.
+constexpr const char *waysBack[] = {
+    "ALTER TABLE Changes ADD COLUMN sValues MEDIUMTEXT CHARACTER SET utf8mb4 DEFAULT NULL, ADD KEY date (date), ADD KEY user (iUserID,date)",
+    "CREATE TABLE IF NOT EXISTS Bin (iID INT NOT NULL AUTO_INCREMENT, sTable VARCHAR(100) COLLATE utf8_bin NOT NULL"
+    ", iRecordID INT NOT NULL, sTitle VARCHAR(250) DEFAULT NULL, iUserID INT DEFAULT 0, sComputer VARCHAR(100) DEFAULT NULL"
+    ", date DATETIME NOT NULL, KEY date (date), KEY record (sTable,iRecordID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS BinRows (iID INT NOT NULL AUTO_INCREMENT, iBinID INT NOT NULL"
+    ", sTable VARCHAR(100) COLLATE utf8_bin NOT NULL, iRecordID INT NOT NULL, oRow LONGBLOB NOT NULL"
+    ", KEY bin (iBinID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -232,6 +244,7 @@ constexpr Step steps[] = {
     {11, severalDesks},
     {12, receiptsFor},
     {13, treasury},
+    {14, waysBack},
 };
 
 const QString schemaSection = u"Schema"_s;

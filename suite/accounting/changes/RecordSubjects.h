@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingDataExport.h"
+
+#include <QList>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+
+class KMySQL;
+
+// A kind of record as people name it, wherever records of many tables stand together: in the history, in the bin, in a backup.
+struct RecordSubject
+{
+    QString table;
+    QString kind; // "قرارداد"
+    QString form; // of KSecurity: whoever may read there may read the record's history; empty: administrators alone
+    // An empty record of the table, whose columns say captions and where the names behind keys stand.
+    std::function<std::unique_ptr<KMySQL>(int database)> make;
+    // What people know the loaded record by, such as a code and a name, in one line; empty: its key.
+    std::function<QString(KMySQL &record)> title = {};
+    // The caption of a column whose own is empty or says too little, and the word for a value that is a number with a meaning; empty texts where
+    // the column's declaration says enough.
+    std::function<QString(const QString &column)> caption = {};
+    std::function<QString(const QString &column, const QVariant &value)> word = {};
+};
+
+// The kinds that this program knows. The suite's are entered at the start, the module's while it is loaded.
+class TZACCOUNTINGDATA_EXPORT RecordSubjects
+{
+public:
+    // Replaces one of the same table.
+    static void enter(RecordSubject subject);
+    static void remove(const QString &table);
+    // Null for a table that nobody has entered.
+    static const RecordSubject *of(const QString &table);
+    // In the order in which they were entered.
+    static QList<const RecordSubject *> all();
+    // The record of that key as a message names it: kind and title as it is now; the kind and the key where it is gone. Throws CMySQLException.
+    static QString nameOf(const QString &table, qint32 key, int database = 0);
+};
