@@ -74,7 +74,9 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
                          "iVoidUserID,dateVoid,sVoidReason,iVoidDocNum,iVoidFiscalYear");
     row("FollowUps", "iID,iTable,iRecordID,iPaymentID,date,sNote,datePromised,iUserID");
     row("UnitTokens", "sToken,dateCreate,bRefused");
-    row("Changes", "iID,sTable,iRecordID,iKind,iUserID,sComputer,date");
+    row("Bin", "iID,sTable,iRecordID,sTitle,iUserID,sComputer,date");
+    row("BinRows", "iID,iBinID,sTable,iRecordID,oRow");
+    row("Changes", "iID,sTable,iRecordID,iKind,iUserID,sComputer,date,sValues");
     row("Placeholders", "iID,sTable,iRecordID,sSession");
     row("FileDocs", "iID,iTable,iRecordID,iScope,iUserID,sName,oData,dateCreate");
     row("CustomFields", "iID,iTable,sName,iType");
