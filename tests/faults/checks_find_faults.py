@@ -4,7 +4,7 @@
 """Each check of the books finds the fault that it is named after: a list that finds nothing would prove nothing."""
 
 import rig  # noqa: F401 - finds the library of the journeys
-from lib.sound_books import CHECKS, faults
+from lib.sound_books import BINNED, CHECKS, faults
 from rig.fault import check, run
 
 # What makes each check find something, beside a sound contract (:c) and its document (:d); others may find it too.
@@ -48,6 +48,12 @@ SPOILED = {
        for table in ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands", "Persons")},
     **{f"a placeholder of {table} has no row": f"INSERT INTO Placeholders(sTable,iRecordID,sSession) VALUES ('{table}',90,'s')"
        for table in ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands")},
+    "an entry of the bin holds no row of its record": "INSERT INTO Bin(sTable,iRecordID,date) VALUES ('Persons',83,NOW())",
+    "a row in the bin belongs to no entry": "INSERT INTO BinRows(iBinID,sTable,iRecordID,oRow) VALUES (82,'Persons',83,'')",
+    **{f"a row of {table} is there and in the bin":
+       f"INSERT INTO {table}(iID) VALUES (81); INSERT INTO Bin(sTable,iRecordID,date) VALUES ('{table}',81,NOW())" for table in BINNED},
+    "a secret stands in the history":
+        "INSERT INTO Changes(sTable,date,sValues) SELECT 'Users',NOW(),CONCAT('[[\"x\",null,\"',sPasswordHash,'\"]]') FROM Users LIMIT 1",
 }
 
 

@@ -69,6 +69,7 @@ public:
 protected:
     void DoFieldExchange() override;
     bool isLogged() const override { return true; }
+    bool isSecret(QStringView column) const override { return column == QLatin1String("sPasswordHash"); }
 
 private:
     static void renewHash(const CTblUsers &verified, const QString &hash);

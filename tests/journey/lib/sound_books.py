@@ -21,6 +21,9 @@ CAR_SALE_CLEARING = 210681
 _BEGUN = ("EXISTS(SELECT 1 FROM Placeholders p WHERE p.sTable='{table}' AND p.iRecordID={alias}.iID)")
 _CONTRACT_BEGUN = _BEGUN.format(table="AutomobilContracts", alias="c")
 
+# What is put into the bin when it is deleted.
+BINNED = ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands", "Persons", "CarBrands", "CarModels", "CarClasses")
+
 _OWNERS = {CONTRACT: "AutomobilContracts", CAR: "AutomobilInformations"}
 
 
@@ -132,6 +135,13 @@ CHECKS = [
        f"SELECT p.iID FROM Placeholders p LEFT JOIN {table} o ON o.iID=p.iRecordID WHERE p.sTable='{table}' "
        "AND o.iID IS NULL")
       for table in ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands")],
+    ("an entry of the bin holds no row of its record",
+     "SELECT b.iID FROM Bin b LEFT JOIN BinRows r ON r.iBinID=b.iID AND r.sTable=b.sTable AND r.iRecordID=b.iRecordID WHERE r.iID IS NULL"),
+    ("a row in the bin belongs to no entry", "SELECT r.iID FROM BinRows r LEFT JOIN Bin b ON b.iID=r.iBinID WHERE b.iID IS NULL"),
+    *[(f"a row of {table} is there and in the bin",
+       f"SELECT o.iID FROM Bin b JOIN {table} o ON o.iID=b.iRecordID WHERE b.sTable='{table}'")
+      for table in BINNED],
+    ("a secret stands in the history", "SELECT iID FROM Changes WHERE sValues LIKE '%$argon2%'"),
 ]
 
 # Income as the documents of contracts that exist give it, in credit.
