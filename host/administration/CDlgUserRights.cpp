@@ -4,6 +4,7 @@
 #include "host/administration/CDlgUserRights.h"
 
 #include "host/administration/RightsGridModel.h"
+#include "host/administration/RightsRoles.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -26,12 +27,31 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QHash<QString, int> withoutEmpty(QHash<QString, int> rights)
+{
+    rights.removeIf([](const auto &form) { return form.value() == 0; });
+    return rights;
+}
+
+QLabel *hintLabel(const QString &text)
+{
+    auto *note = new QLabel(text);
+    note->setWordWrap(true);
+    LookFonts::applyHint(note);
+    return note;
+}
+
+}
+
 CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     : KDialog(parent)
     , m_userID(userID)
     , m_edit(userID)
     , m_grid(new RightsGridModel(this))
     , m_view(new QTableView(this))
+    , m_role(new KDropDown(this))
     , m_source(new KDropDown(this))
 {
     CTblUsers user;
@@ -41,17 +61,15 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     buildView();
 
     auto *page = new CardPage(900, this);
-    if (user.m_bAdmin != 0) {
-        auto *note = new QLabel(u"این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."_s,
-                                this);
-        note->setWordWrap(true);
-        LookFonts::applyHint(note);
-        page->cards()->addCard(note);
-    }
+    if (user.m_bAdmin != 0)
+        page->cards()->addCard(hintLabel(u"این کاربر مدیر است و همه دسترسی‌ها را دارد؛ جدول زیر وقتی به کار می‌آید که مدیر نباشد."_s));
+    if (user.m_bAdmin == 0 && withoutEmpty(m_edit.rights()).isEmpty())
+        page->cards()->addCard(hintLabel(u"این کاربر هنوز هیچ دسترسی ندارد. یک نقش آماده برگزینید و اگر لازم است تیک‌ها را تغییر دهید."_s));
+    fillRoleRow(page->addLine());
     fillCopyRow(page->addLine());
     page->addList(m_view);
     setContent(page, createButtons(), Content::Fills);
-    m_grid->setRights(m_edit.rights());
+    fill(m_edit.rights());
     m_edit.remember([this] { m_edit.setRights(m_grid->rights()); });
     resize(LookSizes::scaled(900), LookSizes::scaled(680));
     m_view->setFocus();
@@ -79,29 +97,58 @@ void CDlgUserRights::fillCopyRow(QHBoxLayout *row)
     for (users.Open(true, true, true); !users.IsEOF(); users.MoveNext())
         m_source->addItem(users.m_sUser, users.m_iID);
 
-    // Whom to copy from is no right yet.
-    m_source->setProperty(followsSelection, true);
-    m_source->setMinimumContentsLength(20);
-    const auto addButton = [this, row](const QString &caption, auto action) {
-        auto *button = new QPushButton(caption, this);
-        button->setAccessibleName(caption);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, action);
-        row->addWidget(button);
-        return button;
-    };
-    addLabelled(row, u"کپی از کاربر :"_s, m_source);
-    QPushButton *copy = addButton(u"کپی"_s, [this] { takeOver(); });
-    copy->setEnabled(m_source->count() > 0);
-    m_source->setEnabled(m_source->count() > 0);
+    addSource(row, u"کپی از کاربر :"_s, m_source, u"کپی"_s, [this] { return KSecurity::storedRights(m_source->currentData().toInt()); });
     row->addStretch();
-    addButton(u"انتخاب همه"_s, [this] { m_grid->setAll(true); });
-    addButton(u"هیچ کدام"_s, [this] { m_grid->setAll(false); });
+    addButton(row, u"انتخاب همه"_s, [this] { m_grid->setAll(true); });
+    addButton(row, u"هیچ کدام"_s, [this] { m_grid->setAll(false); });
 }
 
-void CDlgUserRights::takeOver()
+void CDlgUserRights::fillRoleRow(QHBoxLayout *row)
 {
-    m_grid->setRights(KSecurity::storedRights(m_source->currentData().toInt()));
+    m_role->addItems(RightsRoles::names());
+    addSource(row, u"نقش آماده :"_s, m_role, u"اعمال نقش"_s, [this] {
+        // Forms that no role knows stay as they are.
+        QHash<QString, int> rights = m_grid->rights();
+        rights.insert(RightsRoles::rightsOf(m_role->currentText()));
+        return rights;
+    });
+    row->addStretch();
+}
+
+// Where rights come from is no right yet.
+void CDlgUserRights::addSource(QHBoxLayout *row, const QString &label, QComboBox *source, const QString &caption,
+                               const std::function<QHash<QString, int>()> &rights)
+{
+    source->setProperty(followsSelection, true);
+    source->setMinimumContentsLength(20);
+    addLabelled(row, label, source);
+    QPushButton *button = addButton(row, caption, [this, rights] { replace(rights()); });
+    button->setEnabled(source->count() > 0);
+    source->setEnabled(source->count() > 0);
+}
+
+QPushButton *CDlgUserRights::addButton(QHBoxLayout *row, const QString &caption, const std::function<void()> &action)
+{
+    auto *button = new QPushButton(caption, this);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, action);
+    row->addWidget(button);
+    return button;
+}
+
+void CDlgUserRights::replace(const QHash<QString, int> &rights)
+{
+    const bool tickedByHand = withoutEmpty(m_grid->rights()) != withoutEmpty(m_shown);
+    if (tickedByHand && g_pDlgYesNo->Ask(u"دسترسی‌هایی که در این پنجره تغییر داده‌اید جای خود را به این‌ها می‌دهند. ادامه می‌دهید؟"_s, this) == KMessageDialog::No)
+        return;
+    fill(rights);
+}
+
+void CDlgUserRights::fill(const QHash<QString, int> &rights)
+{
+    m_grid->setRights(rights);
+    m_shown = rights;
 }
 
 bool CDlgUserRights::OnOK()

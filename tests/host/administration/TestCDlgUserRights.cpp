@@ -4,6 +4,7 @@
 #include "host/administration/CDlgUserRights.h"
 
 #include "host/administration/RightsGridModel.h"
+#include "host/administration/RightsRoles.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -11,9 +12,12 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +38,9 @@ private Q_SLOTS:
     void cancelStoresNothing();
     void allAndNone();
     void copyFromAnotherUser();
+    void aRoleFillsTheGridAndOkStoresIt();
+    void whatWasTickedByHandIsAskedAbout();
+    void aUserWithoutRightsIsOfferedARole();
     void formsThatTheGridDoesNotShowAreKept();
     void cellsOfTwoDesksAreMerged();
     void formClosedByAnotherDeskStaysClosed();
@@ -185,6 +192,63 @@ void TestCDlgUserRights::copyFromAnotherUser()
     named<QPushButton>(dialog, u"کپی"_s)->click();
     dialog.accept();
     QCOMPARE(KSecurity::storedRights(m_clerk), KSecurity::storedRights(seller));
+}
+
+void TestCDlgUserRights::aRoleFillsTheGridAndOkStoresIt()
+{
+    KSecurity::setRights(m_clerk, u"OfAnotherModule"_s, KSecurity::Access);
+    KSecurity::setRights(m_clerk, u"Settings"_s, KSecurity::allRights);
+    CDlgUserRights dialog(m_clerk);
+    auto *role = named<QComboBox>(dialog, u"نقش آماده :"_s);
+    QCOMPARE(role->count(), RightsRoles::names().size());
+    role->setCurrentText(u"صندوقدار"_s);
+    named<QPushButton>(dialog, u"اعمال نقش"_s)->click();
+    QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    // Nothing is stored before OK, and the role is a starting point.
+    QVERIFY(!KSecurity::storedRights(m_clerk).contains(u"Receipts"_s));
+    tick(dialog, box(dialog, u"Cheques"_s, KSecurity::Access), false);
+    dialog.accept();
+    QHash<QString, int> expected = RightsRoles::rightsOf(u"صندوقدار"_s);
+    expected.insert(u"Cheques"_s, 0);
+    expected.insert(u"OfAnotherModule"_s, KSecurity::Access);
+    const QHash<QString, int> stored = KSecurity::storedRights(m_clerk);
+    for (auto form = expected.cbegin(); form != expected.cend(); ++form)
+        QVERIFY2(stored.value(form.key()) == form.value(), qPrintable(form.key()));
+    QVERIFY(!stored.contains(u"Settings"_s));
+}
+
+void TestCDlgUserRights::whatWasTickedByHandIsAskedAbout()
+{
+    CDlgUserRights dialog(m_clerk);
+    QPushButton *apply = named<QPushButton>(dialog, u"اعمال نقش"_s);
+    apply->click();
+    named<QComboBox>(dialog, u"نقش آماده :"_s)->setCurrentText(u"بیننده"_s);
+    apply->click();
+    QVERIFY(g_pDlgYesNo->takeShown().isEmpty());
+    const QHash<QString, int> viewer = dialog.grid()->rights();
+    tick(dialog, box(dialog, u"Persons"_s, KSecurity::Write), true);
+    const QHash<QString, int> ticked = dialog.grid()->rights();
+    QVERIFY(ticked != viewer);
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    apply->click();
+    QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+    QCOMPARE(dialog.grid()->rights(), ticked);
+    g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+    apply->click();
+    QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+    QCOMPARE(dialog.grid()->rights(), viewer);
+}
+
+void TestCDlgUserRights::aUserWithoutRightsIsOfferedARole()
+{
+    const auto isOffered = [this] {
+        const CDlgUserRights dialog(m_clerk);
+        const QList<QLabel *> labels = dialog.findChildren<QLabel *>();
+        return std::ranges::any_of(labels, [](const QLabel *label) { return label->text().contains(u"نقش آماده برگزینید"_s); });
+    };
+    QVERIFY(isOffered());
+    KSecurity::setRights(m_clerk, u"Persons"_s, KSecurity::Access);
+    QVERIFY(!isOffered());
 }
 
 void TestCDlgUserRights::formsThatTheGridDoesNotShowAreKept()
