@@ -10,6 +10,7 @@
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ReceiptLinking.h"
+#include "auto/subjects/AutoSubjects.h"
 #include "suite/db/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -68,6 +69,7 @@ int CAutoDBSetting::IsAClosedDB()
 int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reachedVersion, bool alterFlag)
 {
     ContractReceiptOwner::enter();
+    AutoSubjects::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
         if (database == 0)

@@ -16,7 +16,10 @@
 #include "host/server/TableNames.h"
 #include "host/server/WayBack.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
+#include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/crm/subjects/CrmSubjects.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
+#include "suite/treasury/subjects/TreasurySubjects.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -108,6 +111,9 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     connect(&m_lock, &InstanceLock::raiseRequested, this, &HostProgram::raiseWindow);
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     InvoiceReceiptOwner::enter();
+    OfficeSubjects::enter();
+    CrmSubjects::enter();
+    TreasurySubjects::enter();
     KErrorText::setDamageText([this](const QStringList &tables) { return damageText(tables); });
 }
 

@@ -23,6 +23,7 @@ void CTblCarClasses::DoFieldExchange()
     RFX_Text(u"sName", m_sName, u"نام");
     RFX_Text(u"sDesc", m_sDesc, u"شرح");
     RFX_Long(u"iBrandID", m_iBrandID, u"برند");
+    namesFrom(u"iBrandID", u"CarModels", u"iID", u"sName");
     RFX_Text(u"sClassCode", m_sClassCode, u"کد کلاس خودرو");
     RFX_Long(u"iClassType", m_iClassType, u"نوع کلاس خودرو");
     RFX_Long(u"iYearFrom", m_iYearFrom, u"سال شروع");

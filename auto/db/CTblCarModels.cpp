@@ -39,6 +39,7 @@ void CTblCarModels::DoFieldExchange()
     RFX_Long(u"iID", m_iID, {});
     RFX_Text(u"sName", m_sName, u"نام");
     RFX_Long(u"iClassID", m_iClassID, u"کلاس");
+    namesFrom(u"iClassID", u"CarBrands", u"iID", u"sName");
     RFX_Long(u"iYearFrom", m_iYearFrom, u"سال شروع");
     RFX_Long(u"iYearTo", m_iYearTo, u"سال خاتمه");
     RFX_Date(u"dateCreate", m_dateCreate, u"تاريخ ايجاد");

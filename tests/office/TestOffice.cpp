@@ -11,7 +11,10 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
+#include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/crm/subjects/CrmSubjects.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
+#include "suite/treasury/subjects/TreasurySubjects.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -58,6 +61,9 @@ TestOffice::TestOffice()
     SuiteSchema::afterModuleUpgrade();
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     InvoiceReceiptOwner::enter();
+    OfficeSubjects::enter();
+    CrmSubjects::enter();
+    TreasurySubjects::enter();
     m_adminID = CTblUsers::create(u"مدیر"_s, u"secret"_s, u"مدیر دفتر"_s, true);
     clear();
 }

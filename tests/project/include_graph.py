@@ -28,6 +28,7 @@ FLOORS = [
     ["suite/accounting/books/chart", "suite/accounting/reports"],
     ["suite/accounting/attachments", "suite/accounting/books", "suite/accounting/invoices", "suite/accounting/taxfile"],
     ["suite/accounting/lists"],
+    ["suite/accounting/history"],
     ["suite/crm", "suite/image"],
     ["suite/treasury"],
     ["auto"],
@@ -53,7 +54,7 @@ WINDOW_NAME = re.compile(r"CDlg")
 CORE = set("""
     QAbstractItemModel QAbstractListModel QAbstractTableModel QAnyStringView QAtomicInt QBuffer QByteArray QByteArrayView QCache QCalendar
     QChar QCollator QCommandLineParser QCoreApplication QCryptographicHash QDate QDateTime QDebug QDir QDirIterator QElapsedTimer QEvent
-    QEventLoop QFile QFileInfo QFunctionPointer QHash QIODevice QItemSelectionModel QJsonArray QJsonDocument QJsonObject
+    QEventLoop QFile QFileInfo QFunctionPointer QHash QIODevice QItemSelectionModel QJsonArray QJsonDocument QJsonObject QJsonValue
     QLibrary QLibraryInfo QList QLocalServer QLocalSocket QLocale QLockFile QLoggingCategory QMap QMetaObject QMetaType
     QMimeData QMultiHash QMultiMap QMutex QMutexLocker QObject QPair QPointer QProcess QProcessEnvironment QQueue
     QRandomGenerator QRegularExpression QSaveFile QScopedValueRollback QScopeGuard QSet QSettings QSharedPointer

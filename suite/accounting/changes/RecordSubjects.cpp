@@ -51,6 +51,8 @@ QString RecordSubjects::nameOf(const QString &table, qint32 key, int database)
     const RecordSubject *subject = of(table);
     if (!subject)
         return u"%1 %2"_s.arg(table).arg(key);
+    if (key == 0)
+        return subject->kind;
     const std::unique_ptr<KMySQL> record = subject->make(database);
     QString title;
     if (subject->title && record->IsRecordExist(u"iID"_s, key))

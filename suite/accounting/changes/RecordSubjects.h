@@ -6,7 +6,7 @@
 #include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 #include <QVariant>
 
 #include <functional>
@@ -28,6 +28,22 @@ struct RecordSubject
     // the column's declaration says enough.
     std::function<QString(const QString &column)> caption = {};
     std::function<QString(const QString &column, const QVariant &value)> word = {};
+    // Columns that only repeat what others say.
+    QStringList derived = {};
+    // The records whose history is also that of this one: a contract's accounting document, its plan, its receipts. Throws CMySQLException.
+    struct Part
+    {
+        QString table;
+        qint32 key;
+    };
+    std::function<QList<Part>(qint32 key, int database)> parts = {};
+
+    // For make.
+    template <class Record>
+    static std::function<std::unique_ptr<KMySQL>(int)> maker()
+    {
+        return [](int database) { return std::make_unique<Record>(database); };
+    }
 };
 
 // The kinds that this program knows. The suite's are entered at the start, the module's while it is loaded.
@@ -41,6 +57,7 @@ public:
     static const RecordSubject *of(const QString &table);
     // In the order in which they were entered.
     static QList<const RecordSubject *> all();
-    // The record of that key as a message names it: kind and title as it is now; the kind and the key where it is gone. Throws CMySQLException.
+    // The record of that key as a message names it: kind and title as it is now; the kind and the key where it is gone, the kind alone where
+    // there is no key. Throws CMySQLException.
     static QString nameOf(const QString &table, qint32 key, int database = 0);
 };
