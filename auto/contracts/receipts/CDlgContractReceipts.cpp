@@ -13,7 +13,9 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/db/KLookup.h"
+#include "suite/treasury/receipts/VoidingTogether.h"
 #include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
@@ -281,8 +283,14 @@ void CDlgContractReceipts::voidSelected()
     const ContractReceipts::Entry entry = *chosen;
     if (g_pDlgYesNo->Ask(voidingQuestion(entry), this) == KMessageDialog::No)
         return;
+    const std::optional<QList<int>> keys = entry.receiptID != 0 ? VoidingTogether::ask(entry.receiptID, this) : QList<int>();
+    if (!keys)
+        return;
     try {
-        ContractReceipts::makeVoid(m_contractID, entry, m_reason->text());
+        if (keys->size() > 1)
+            ReceiptPosting::makeVoid(*keys, m_reason->text());
+        else
+            ContractReceipts::makeVoid(m_contractID, entry, m_reason->text());
         m_reason->clear();
     } catch (const KAccountingError &error) {
         refuse(error.userMessage(), m_list);

@@ -14,6 +14,7 @@
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/treasury/receiving/ReceiptDetails.h"
 #include "suite/treasury/receipts/ReceiptFilter.h"
+#include "suite/treasury/receipts/VoidingTogether.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
@@ -60,21 +61,6 @@ QList<KListFilter::Choice> methodChoices()
     return choices;
 }
 
-QString numbersText(const QList<int> &numbers)
-{
-    QStringList texts;
-    for (const int number : numbers)
-        texts.append(QString::number(number));
-    return texts.join(u"، "_s);
-}
-
-// A slip that was spread over several things is one piece of paper: who takes one part back mostly means all of it.
-QString togetherQuestion(const ReceiptDetails &receipt, const QList<int> &others)
-{
-    return u"%1 شماره %2 بخشی از مبلغی است که یکجا ثبت شده است؛ بخش‌های دیگر آن : شماره %3.\nآیا همه با هم باطل شوند؟ («خیر»: فقط شماره %2)"_s.arg(
-        CTblReceipts::kindName(receipt.kind), QString::number(receipt.number), numbersText(others));
-}
-
 // What happens, with what came with the same cheque and with what the user chose to take back together.
 QString voidText(const ReceiptDetails &receipt, const QList<int> &keys)
 {
@@ -82,7 +68,7 @@ QString voidText(const ReceiptDetails &receipt, const QList<int> &keys)
     QString text = u"%1 شماره %2 به مبلغ %3 %4 (%5) باطل می‌شود: شماره و ردیف آن می‌ماند، سند آن برمی‌گردد و آنچه با آن تسویه شده بود دوباره باز می‌شود."_s
                        .arg(kind, QString::number(receipt.number), DToMoney(receipt.amount), OfficeSettings::read().moneyUnitName(), receipt.person);
     if (keys.size() > 1)
-        text += u"\nبا آن شماره %1 نیز باطل می‌شود."_s.arg(numbersText(keys.mid(1)));
+        text += u"\nبا آن شماره %1 نیز باطل می‌شود."_s.arg(VoidingTogether::numbersText(keys.mid(1)));
     if (receipt.chequeID != 0)
         text += u"\nچک آن و هر %1 دیگری که با همین چک ثبت شده است نیز باطل می‌شود."_s.arg(kind);
     return text;
@@ -240,17 +226,12 @@ void CDlgReceipts::voidReceipt()
         g_pDlgWarning->Show(refusal, this);
         return;
     }
-    QList<int> keys{id};
-    if (const QList<int> others = ReceiptPosting::handedOverWith(id); receipt && !others.isEmpty()) {
-        const KMessageDialog::Answer answer = g_pDlgYesNo->AskOrCancel(togetherQuestion(*receipt, others), this);
-        if (answer == KMessageDialog::Cancel)
-            return;
-        if (answer == KMessageDialog::Yes)
-            keys += others;
-    }
+    const std::optional<QList<int>> keys = VoidingTogether::ask(id, this);
+    if (!keys)
+        return;
     const QString title = u"ابطال %1"_s.arg(CTblReceipts::kindName(receipt ? receipt->kind : CTblReceipts::received));
-    const QString text = receipt ? voidText(*receipt, keys) : QString();
+    const QString text = receipt ? voidText(*receipt, *keys) : QString();
     if (CDlgVoiding::run(
-            title, text, [keys](const QString &reason) { ReceiptPosting::makeVoid(keys, reason); }, this))
+            title, text, [&keys](const QString &reason) { ReceiptPosting::makeVoid(*keys, reason); }, this))
         refill();
 }

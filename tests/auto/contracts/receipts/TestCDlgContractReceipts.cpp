@@ -6,7 +6,9 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/receipts/PostedContract.h"
@@ -19,6 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int amountColumn = 5;
 constexpr int stateColumn = 9;
 constexpr int voidingColumn = 10;
 
@@ -144,6 +147,40 @@ private Q_SLOTS:
         QCOMPARE(dialog.list()->cellText(0, stateColumn), yes ? u"باطل"_s : u"معتبر"_s);
         QCOMPARE(dialog.voidButton()->isEnabled(), !yes);
         QCOMPARE(dialog.reason()->text().isEmpty(), yes);
+    }
+
+    void partsOfOneHandingOverAreOfferedTogether_data()
+    {
+        QTest::addColumn<int>("answer");
+        QTest::addColumn<QString>("states");
+        QTest::newRow("all") << int(KMessageDialog::Yes) << u"0,1,1"_s;
+        QTest::newRow("only this one") << int(KMessageDialog::No) << u"0,1,0"_s;
+        QTest::newRow("none") << int(KMessageDialog::Cancel) << u"0,0,0"_s;
+    }
+
+    void partsOfOneHandingOverAreOfferedTogether()
+    {
+        QFETCH(int, answer);
+        CTblAutomobilContracts contract;
+        const ReceiptPurpose purpose = ContractReceipts::commission(m_contract->load(contract), 2);
+        const auto posted = ReceiptPosting::save({.personID = m_contract->buyer,
+                                                  .date = QDate::currentDate().startOfDay(Qt::UTC),
+                                                  .account = Accounts::cash,
+                                                  .parts = {{60, u"پیش پرداخت"_s, purpose}, {40, u"علی الحساب"_s}}});
+        CDlgContractReceipts dialog(m_contract->key);
+        for (int row = 0; row < dialog.list()->count(); ++row) {
+            if (dialog.list()->cellText(row, amountColumn) == u"60")
+                dialog.list()->selectRow(row);
+        }
+        dialog.reason()->setText(u"دوبار ثبت شده"_s);
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        g_pDlgYesNo->answerNext(static_cast<KMessageDialog::Answer>(answer));
+        dialog.voidButton()->click();
+        const QStringList asked = g_pDlgYesNo->takeShown();
+        QCOMPARE(asked.size(), 2);
+        QVERIFY2(asked.at(1).contains(u"شماره %1."_s.arg(posted.at(1).receiptID)), qPrintable(asked.at(1)));
+        QTEST(value(u"SELECT GROUP_CONCAT(iStatus ORDER BY iID) FROM Receipts"_s), "states");
+        QCOMPARE(dialog.reason()->text().isEmpty(), answer != KMessageDialog::Cancel);
     }
 
     void oneThatAnotherDeskMadeVoidIsSaidAndShown()
