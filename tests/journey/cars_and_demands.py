@@ -122,7 +122,7 @@ def give_up_car(office):
     office.driver.enter("شماره موتور :", "124K", editor)
     office.driver.press(labels.CANCEL, editor)
     office.tree.no_window(car_labels.CAR_NEW)
-    check(not registered(office), "no row is left")
+    wait_for(lambda: not registered(office), "no row to be left")
 
 
 def register_car(office, table):

@@ -67,7 +67,7 @@ def comprehensive_report(office):
 
 
 def add_accounts(office):
-    books.open_page(office, report_labels.CHART)
+    chart = books.open_page(office, report_labels.CHART)
     office.pictures.take("chart", "The chart of accounts with the balance of each")
     for command, title, (code, name) in ((report_labels.NEW_GENERAL, report_labels.GENERAL_WINDOW, GENERAL),
                                          (report_labels.NEW_BELOW, report_labels.SUBSIDIARY_WINDOW, RENT)):
@@ -78,6 +78,8 @@ def add_accounts(office):
         office.pictures.take(f"account-{code}", "An account is added to the chart")
         office.driver.press(labels.OK, editor)
         office.tree.no_window(title)
+        # The list selects it as it shows it, and the next account is added below the one that is selected.
+        wait_for(lambda code=code: any(code in row.values() for row in chart.rows()), f"the account {code} in the chart")
     check(office.database.value(f"SELECT iHesabKolCode FROM HesabMoeen WHERE iCode={RENT[0]}") == GENERAL[0],
           "the new account stands below the one that was selected")
 
@@ -143,7 +145,7 @@ def amount_and_nature(net):
 
 def shown_rows(table):
     rows = []
-    for cells in ([table.cell(row, column).name for column in range(4)] for row in range(table.row_count)):
+    for cells in table.texts(4):
         amount = float(cells[2].replace(",", "")) if cells[2] else None
         rows.append((cells[0], cells[1], amount, cells[3]))
     return rows
@@ -174,7 +176,8 @@ def entries(office, account, days):
 def open_sheet(office, window, account):
     """Opens an account from its row."""
     table = office.tree.find("tree", report_labels.COMPREHENSIVE, window)
-    row = next(number for number, cells in enumerate(shown_rows(table)) if cells[0] == account)
+    row = wait_for(lambda: [number for number, cells in enumerate(shown_rows(table)) if cells[0] == account],
+                   f"the account {account} in the report")[0]
     work.open_row(office, table, row, window)
     return office.tree.window(f"{report_labels.ACCOUNT_SHEET} {account}")
 
@@ -197,6 +200,7 @@ def check_sheet(office, window, account, wanted, picture=None):
 def show_document(office, window, account, number):
     sheet = open_sheet(office, window, account)
     table = office.tree.find("tree", report_labels.ACCOUNT_SHEET, sheet)
+    wait_for(lambda: table.row_count > 0, "the documents of the account")
     work.open_row(office, table, table.row_count - 1, sheet)
     document = office.tree.window(f"{report_labels.DOCUMENT_WINDOW} {number}")
     office.pictures.take("shown-document", "And from the account's sheet its document")

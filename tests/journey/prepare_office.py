@@ -29,6 +29,7 @@ def prepare(office):
     work.write_car(office, editor)
     office.driver.press(labels.OK, editor)
     office.message(labels.NOTICE, labels.DOCUMENT_POSTED)
+    office.tree.no_window(labels.EDITOR_NEW)
     step("users with few rights")
     rights.add_user(office, rights.READER,
                     ((labels.CONTRACTS, labels.RIGHT_ACCESS), (labels.CONTRACTS, labels.RIGHT_READ)))

@@ -5,6 +5,7 @@
 
 from lib import labels, work
 from lib.journey import check, run, step
+from lib.waiting import wait_for
 from prepare_office import PERSONS
 
 EXPLANATION = "نباید گم شود"
@@ -45,7 +46,7 @@ def refused_and_cancelled(office):
     step("cancelled: no row is left")
     office.driver.press(labels.CANCEL, editor)
     office.tree.no_window(labels.EDITOR_NEW)
-    check(contracts(office) == before, "the table is as it was")
+    wait_for(lambda: contracts(office) == before, "the table to be as it was")
     check(table.row_count == len(before), "the list is as it was")
 
     step("cancelled with the Escape key as well")
@@ -53,7 +54,7 @@ def refused_and_cancelled(office):
     check(len(contracts(office)) == len(before) + 1, "the placeholder stands in the table")
     office.driver.keys(editor, "Escape")
     office.tree.no_window(labels.EDITOR_NEW)
-    check(contracts(office) == before, "the table is as it was after Escape")
+    wait_for(lambda: contracts(office) == before, "the table to be as it was after Escape")
     office.leave()
 
 

@@ -8,7 +8,7 @@ import os
 from lib import books, documents, labels, report_labels, rights, season, taxfile, work
 from lib.figures import same
 from lib.journey import check, run, step
-from lib.tree import State
+from lib.tree import filled_anew
 from lib.waiting import wait_for
 
 YEAR = 1405
@@ -179,6 +179,9 @@ def await_rows(office, window, wanted, picture=None):
         office.message(labels.WARNING, text, picture=picture and ("too-long", "Addresses that are too long are told of"))
     button = office.tree.find("push button", report_labels.GATHER, window)
     wait_for(lambda: button.enabled, "the gathering to end")
+    table = office.tree.find("tree", report_labels.SEASONAL, window)
+    wait_for(lambda: table.row_count == len(wanted.rows), lambda: f"{len(wanted.rows)} rows, not {table.row_count}")
+    return table
 
 
 def gather(office, window, kind, minimum, picture=None):
@@ -188,13 +191,10 @@ def gather(office, window, kind, minimum, picture=None):
     office.driver.enter(report_labels.YEAR, str(YEAR), window)
     office.driver.enter(report_labels.MINIMUM, str(minimum), window)
     wanted = season.reckon(office.database, kind, SUMMER, YEAR, minimum)
-    button = office.tree.find("push button", report_labels.GATHER, window)
-    office.driver.press(report_labels.GATHER, window)
-    # A button that is pressed through the interface stays down for a moment before it acts.
-    wait_for(lambda: not button.has(State.PRESSED), "the gathering to begin")
-    await_rows(office, window, wanted, picture)
-    table = office.tree.find("tree", report_labels.SEASONAL, window)
-    wait_for(lambda: table.row_count == len(wanted.rows), lambda: f"{len(wanted.rows)} rows, not {table.row_count}")
+    # The button is enabled before the program has met the key as well as after the gathering; only the rows tell the two apart.
+    with filled_anew(office.tree.find("tree", report_labels.SEASONAL, window), "the season"):
+        office.driver.press(report_labels.GATHER, window)
+    table = await_rows(office, window, wanted, picture)
     check(tuple(title.rstrip("*") for title in table.headers()) == report_labels.TITLES, f"the titles {table.headers()}")
     found = season.differences(wanted, cells_of(table))
     check(not found, f"the rows are those of the tables: {found}")
@@ -207,7 +207,7 @@ def gather(office, window, kind, minimum, picture=None):
 
 
 def cells_of(table):
-    return [[table.cell(row, column).name for column in range(len(report_labels.TITLES))] for row in range(table.row_count)]
+    return table.texts(len(report_labels.TITLES))
 
 
 def mend_address(office, window):

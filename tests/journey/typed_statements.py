@@ -5,6 +5,7 @@
 
 from lib import car_labels, cars, catalog, labels, rights, work
 from lib.journey import check, run, step
+from lib.tree import filled_anew
 from lib.waiting import wait_for
 
 STORED = "سند كتبي ۲"
@@ -24,7 +25,8 @@ def typed_statements(office):
     window = office.tree.window(car_labels.TARIFFS)
     table = catalog.add_tariff(office, window, STORED, 1000, "x")
     for typed in OTHER_WAYS:
-        search(office, window, typed)
+        with filled_anew(table, f"the search for {typed!r}"):
+            search(office, window, typed)
         wait_for(lambda: catalog.names(table, car_labels.COLUMN_NAME) == [STORED], f"the tariff by {typed!r}")
 
     step("a typed statement finds nothing and does nothing")

@@ -47,7 +47,7 @@ def unsaved_work(office):
     office.driver.keys(editor, "Escape")
     office.message(labels.QUESTION, UNSAVED, labels.YES)
     office.tree.no_window(labels.EDITOR_NEW)
-    check(contracts(office) == before, "no row is left")
+    wait_for(lambda: contracts(office) == before, "no row to be left")
 
     if isinstance(office.driver, TreeDriver):
         leave_past_the_editor(office, before)

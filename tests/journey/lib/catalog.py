@@ -3,6 +3,7 @@
 """The lists that cars are described by: brands with models and classes, input values, notary tariffs."""
 
 from . import car_labels, labels, work
+from .tree import filled_anew
 from .waiting import wait_for
 
 
@@ -44,7 +45,9 @@ def import_starting_set(office, window, path, picture):
     office.driver.press(car_labels.IMPORT, window)
     work.answer_file_window(office, car_labels.IMPORT_FILE, path)
     office.message(labels.QUESTION, car_labels.IMPORT_ASK, labels.YES, picture)
-    office.message(labels.NOTICE, car_labels.IMPORT_DONE)
+    # The list is filled once the notice has gone.
+    with filled_anew(office.tree.find("tree", car_labels.BRANDS, window), "the import"):
+        office.message(labels.NOTICE, car_labels.IMPORT_DONE)
 
 
 def open_parameters(office):

@@ -2,6 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """The program as a screen reader sees it: windows, named widgets, their values and actions."""
 
+import contextlib
 import functools
 import os
 import warnings
@@ -31,6 +32,10 @@ def connect():
     if Atspi.init() not in (0, 1):
         raise RuntimeError("the accessibility library finds no bus")
     Atspi.set_timeout(_ANSWER_MS, _ANSWER_MS)
+
+
+class NotThereYet(LookupError):
+    """A table has no such cell, or none any more: it is being filled."""
 
 
 class Node:
@@ -168,15 +173,38 @@ class Node:
         return [Atspi.Table.get_column_header(self.accessible, column).get_name() for column in range(columns)]
 
     def cell(self, row, column):
-        return Node(Atspi.Table.get_accessible_at(self.accessible, row, column))
+        """A cell as it is now; NotThereYet while the table has no such row."""
+        accessible = Atspi.Table.get_accessible_at(self.accessible, row, column)
+        if accessible is None:
+            raise NotThereYet(f"cell {column} of row {row} in {self!r}")
+        return Node(accessible)
 
     def row(self, row):
         """The texts of a row by the column titles, without the mark of the sorted one."""
-        titles = [title.rstrip("*") for title in self.headers()]
-        return {title: self.cell(row, column).name for column, title in enumerate(titles)}
+        return self._while_still(lambda: self._row(row, self._titles()))
 
     def rows(self):
-        return [self.row(row) for row in range(self.row_count)]
+        """All rows of one filling: a table that is filled anew meanwhile is read again."""
+        return self._while_still(lambda: [self._row(row, titles) for titles in [self._titles()]
+                                          for row in range(self.row_count)])
+
+    def texts(self, columns):
+        """The same as lists of the first columns' texts."""
+        return self._while_still(lambda: [[self.cell(row, column).name for column in range(columns)]
+                                          for row in range(self.row_count)])
+
+    def _titles(self):
+        return [title.rstrip("*") for title in self.headers()]
+
+    def _row(self, row, titles):
+        return {title: self.cell(row, column).name for column, title in enumerate(titles)}
+
+    def _while_still(self, read):
+        def attempt():
+            filling = Filling(self)
+            found = read()
+            return None if filling.over else (found,)
+        return wait_for(attempt, lambda: f"{self!r} to hold still")[0]
 
     @property
     def selected_rows(self):
@@ -186,6 +214,35 @@ class Node:
 _TO_ASCII = {ord(persian): str(digit) for digit, persian in enumerate("۰۱۲۳۴۵۶۷۸۹")}
 _TO_ASCII |= {ord(arabic): str(digit) for digit, arabic in enumerate("٠١٢٣٤٥٦٧٨٩")}
 _TO_ASCII |= {ord(separator): None for separator in ",،٬ \u200e\u200f\u2066\u2067\u2069"} | {ord("٫"): "."}
+
+
+class Filling:
+    """How a table is filled at one moment. Rows that are exchanged become other accessibles, so that a cell from before is gone."""
+
+    def __init__(self, table):
+        self._table = table
+        self._cell = table.cell(0, 0) if table.row_count else None
+
+    @property
+    def over(self):
+        """Whether the table has been filled anew since. One that was empty shows it by its first row only."""
+        if self._cell is None:
+            return self._table.row_count > 0
+        try:
+            return self._cell.has(State.DEFUNCT)
+        except GLib.Error as error:
+            # A program that is too busy to answer is no sign.
+            if "reply" in error.message:
+                raise
+            return True
+
+
+@contextlib.contextmanager
+def filled_anew(table, what):
+    """What is done in the with statement fills the table anew; ends when that has begun. An empty table must get rows."""
+    filling = wait_for(lambda: Filling(table), f"{table!r} to hold still")
+    yield
+    wait_for(lambda: filling.over, lambda: f"{table!r} to be filled by {what}; it has {table.row_count} rows")
 
 
 class ProgramGone(BaseException):

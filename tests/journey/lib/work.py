@@ -8,8 +8,8 @@ from dataclasses import dataclass
 from . import labels
 from .figures import Settings, expected, same
 from .drivers import KeyboardDriver, MouseDriver
-from .tree import State
-from .waiting import TimeRanOut, wait_for
+from .tree import Node, State, filled_anew
+from .waiting import wait_for
 
 SETTINGS = Settings(tax=9, duty=1, tiers=((1_000_000_000, 0.5), (5_000_000_000, 0.25)))
 
@@ -79,8 +79,10 @@ def pick_person(office, window, field, name, search, picture=None):
 
 def take_person(office, picker, window, field, name, search, picture=None):
     """Searches for a person in an open picker and takes it."""
-    office.driver.enter(labels.SEARCH_PERSON, search, picker)
     table = office.tree.find("tree", labels.PERSONS, picker)
+    # The list may hold just that person before it has searched.
+    with filled_anew(table, f"the search for {search!r}"):
+        office.driver.enter(labels.SEARCH_PERSON, search, picker)
     wait_for(lambda: [row[labels.COLUMN_PERSON] for row in table.rows()] == [name], f"the search to find {name!r}")
     if picture:
         office.pictures.take(*picture)
@@ -88,7 +90,8 @@ def take_person(office, picker, window, field, name, search, picture=None):
 
 
 def confirm_picker(office, picker, table, window, field, name):
-    row = next(i for i, row in enumerate(table.rows()) if row[labels.COLUMN_PERSON] == name)
+    row = wait_for(lambda: [i for i, row in enumerate(table.rows()) if row[labels.COLUMN_PERSON] == name],
+                   f"{name!r} in the list")[0]
     if isinstance(office.driver, KeyboardDriver):
         # The search line keeps the focus; Return takes the selected row.
         wait_for(lambda: table.selected_rows == [row], f"{name!r} to be selected")
@@ -123,13 +126,13 @@ def open_page(office, editor, title):
         return
     if isinstance(office.driver, KeyboardDriver):
         # The tabs are one stop of the Tab key; Ctrl+Tab goes through the pages.
-        for _ in range(5):
-            office.driver.keys(editor, "ctrl+Tab")
-            try:
-                wait_for(lambda: tab.has(State.SELECTED), f"the page {title!r}", seconds=1)
+        tabs = [node for node in Node(tab.accessible.get_parent()).children if node.role == tab.role]
+        for _ in tabs:
+            current = next(node for node in tabs if node.has(State.SELECTED))
+            if current == tab:
                 return
-            except TimeRanOut:
-                continue
+            office.driver.keys(editor, "ctrl+Tab")
+            wait_for(lambda current=current: not current.has(State.SELECTED), "the next page")
     else:
         office.driver.press(title, editor, role="page tab")
     wait_for(lambda: tab.has(State.SELECTED), f"the page {title!r}")
