@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 //   logs/          server.log and program.log    server-state.json   version and end of the last server
 //   settings/      settings of this office's program on this computer
 //   temporary/     what the server needs only while it runs
+//   binlog/        every change since a backup, where the settings ask for it
 // Sockets are not here but in the user's runtime folder, because a socket's path may only be about 100 bytes long.
 class DataFolder
 {

@@ -101,7 +101,7 @@ void DatabaseBootstrap::run(const QString &databasePath, const QByteArray &state
 {
     ToolProcess server;
     server.program = m_options.programs.server;
-    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), u"--bootstrap"_s,
+    server.arguments = {ServerConfig::fromFile(m_folder.serverConfigPath()), u"--bootstrap"_s, u"--skip-log-bin"_s,
                         u"--datadir="_s + databasePath};
     server.input = statements;
     server.errorFile = m_folder.serverLogPath();

@@ -3,6 +3,7 @@
 
 #include "host/server/EmbeddedServer.h"
 
+#include "host/server/BinaryLog.h"
 #include "host/server/DatabaseBootstrap.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
@@ -120,7 +121,7 @@ void EmbeddedServer::prepare(const Progress &progress)
     endLeftovers(progress);
     requireRoom(m_options.freeMiBToStart);
     ServerLog(m_folder).begin();
-    ServerConfig(m_folder, m_options).writeServerOptions(m_settings.socketPath);
+    ServerConfig(m_folder, m_options).writeServerOptions(m_settings.socketPath, BinaryLog(m_folder).prepare(m_options.keepBinaryLog));
     checkInstalledVersion();
     loadOrMakeAccount(progress);
 }

@@ -44,7 +44,7 @@ QString ServerConfig::newPassword()
     return QString::fromLatin1(bytes.toBase64(QByteArray::Base64UrlEncoding | QByteArray::OmitTrailingEquals));
 }
 
-void ServerConfig::writeServerOptions(const QString &socketPath) const
+void ServerConfig::writeServerOptions(const QString &socketPath, const QByteArray &more) const
 {
     QByteArray text("# Written by TzAuto at every start; changes are lost.\n[mariadbd]\n");
     const auto add = [&text](const char *line) { text += QByteArray(line) + '\n'; };
@@ -87,7 +87,7 @@ void ServerConfig::writeServerOptions(const QString &socketPath) const
         // Saved data survives a power failure.
         add("innodb_flush_log_at_trx_commit=1");
     }
-    write(m_folder.serverConfigPath(), text);
+    write(m_folder.serverConfigPath(), text + more);
 }
 
 QByteArray ServerConfig::clientOptions(const KConnectionSettings &settings)

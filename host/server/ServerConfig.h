@@ -13,8 +13,8 @@ class ServerConfig
 public:
     ServerConfig(const DataFolder &folder, const ServerOptions &options);
 
-    // Throws ServerError FolderNotWritable or DiskFull.
-    void writeServerOptions(const QString &socketPath) const;
+    // more: lines that stand at the end. Throws ServerError FolderNotWritable or DiskFull.
+    void writeServerOptions(const QString &socketPath, const QByteArray &more = {}) const;
     // For this program's tools, and for the owner: mariadb --defaults-file=client.cnf
     void writeClientOptions(const QString &socketPath, const QString &password) const;
     // The password that client.cnf holds; empty when there is none.

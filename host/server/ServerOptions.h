@@ -17,6 +17,8 @@ struct ServerOptions
     // Free space that the folder's disk must have. With less a server may start but crash at its first larger write.
     int freeMiBForNewDatabase = 300;
     int freeMiBToStart = 32;
+    // Every change is kept in a log also where the folder's settings do not ask for it, see BinaryLog.
+    bool keepBinaryLog = false;
     // For tests only: nothing is forced to the disk, a power failure may lose everything.
     bool unsafeButFast = false;
 
