@@ -50,6 +50,7 @@ const ServerPrograms &ServerPrograms::installed()
         find({u"mariadb-dump"_s, u"mysqldump"_s}),
         find({u"mariadb-upgrade"_s, u"mysql_upgrade"_s}),
         findScripts(),
+        find({u"mariadb-binlog"_s, u"mysqlbinlog"_s}),
     };
     return programs;
 }

@@ -13,6 +13,7 @@ struct ServerPrograms
     QString dump;    // mariadb-dump
     QString upgrade; // mariadb-upgrade
     QString scripts; // folder of the statements that make the system tables
+    QString binaryLog = {}; // mariadb-binlog
 
     // The ones installed on this computer, searched for once in the usual folders and in PATH.
     static const ServerPrograms &installed();
