@@ -3,6 +3,7 @@
 
 #include "auto/CAutoDBSetting.h"
 
+#include "auto/bin/CarRecordParts.h"
 #include "auto/schema/SchemaUpgrade.h"
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
@@ -70,6 +71,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
 {
     ContractReceiptOwner::enter();
     AutoSubjects::enter();
+    CarRecordParts::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
         if (database == 0)

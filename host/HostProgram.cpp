@@ -17,6 +17,7 @@
 #include "host/server/WayBack.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
 #include "suite/treasury/subjects/TreasurySubjects.h"
@@ -113,6 +114,7 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     InvoiceReceiptOwner::enter();
     OfficeSubjects::enter();
     CrmSubjects::enter();
+    PersonParts::enter();
     TreasurySubjects::enter();
     KErrorText::setDamageText([this](const QStringList &tables) { return damageText(tables); });
 }

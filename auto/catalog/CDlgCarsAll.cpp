@@ -9,7 +9,7 @@
 #include "suite/accounting/changes/AddedSince.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/KMySQL.h"
 #include "suite/accounting/frame/KErrorBoundary.h"

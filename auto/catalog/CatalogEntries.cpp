@@ -8,7 +8,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/CDBSetting.h"
 
 #include <memory>

@@ -29,7 +29,7 @@ bool CTblAutomobilContracts::Delete()
 {
     requireRow("Delete");
     KTransaction transaction(database());
-    const int docNum = ownsDocument() ? m_iDocNum : 0;
+    const int docNum = ownsDocument(m_iID, m_iDocNum, m_iFiscalYear, database()) ? m_iDocNum : 0;
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE FROM AutomobilContracts WHERE iID=%d LIMIT 1", m_iID);
@@ -46,17 +46,17 @@ bool CTblAutomobilContracts::Delete()
 
 // A number is given again when the document that had it last was the newest and was deleted, so that the number alone does not
 // make a document this contract's.
-bool CTblAutomobilContracts::ownsDocument() const
+bool CTblAutomobilContracts::ownsDocument(qint32 key, qint32 docNum, qint32 fiscalYear, int database)
 {
-    if (m_iDocNum < 1)
+    if (docNum < 1)
         return false;
-    CTblTemp statement(database());
-    statement.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d AND iKind=%d", m_iDocNum, m_iFiscalYear,
+    CTblTemp statement(database);
+    statement.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d AND iKind=%d", docNum, fiscalYear,
                                     Accounts::documentKindContract);
     if (!statement.HasResultRow())
         return false;
     statement.FormatAndExecuteQuery("SELECT iID FROM AutomobilContracts WHERE iDocNum=%d AND iFiscalYear=%d AND iID<>%d LIMIT 1",
-                                    m_iDocNum, m_iFiscalYear, m_iID);
+                                    docNum, fiscalYear, key);
     return !statement.HasResultRow();
 }
 

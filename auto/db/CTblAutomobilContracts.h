@@ -158,6 +158,9 @@ public:
     // of, with the parties as they are described; the notes; what of the amount is paid how; a province and its city.
     static QList<QStringList> fieldGroups();
 
+    // Whether the document of that number is the contract's alone, so that it goes with it.
+    static bool ownsDocument(qint32 key, qint32 docNum, qint32 fiscalYear, int database = 0);
+
     // What the contract is called by: its number in the registry, or its code while it has none.
     qint32 number() const { return m_iNum != 0 ? m_iNum : m_iCode; }
 
@@ -171,7 +174,4 @@ public:
 protected:
     void DoFieldExchange() override;
     bool isLogged() const override { return true; }
-
-private:
-    bool ownsDocument() const;
 };

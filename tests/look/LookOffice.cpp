@@ -3,6 +3,7 @@
 
 #include "tests/look/LookOffice.h"
 
+#include "auto/bin/CarRecordParts.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/CAutoDBSetting.h"
 #include "auto/db/CTblAutomobilContracts.h"
@@ -90,6 +91,7 @@ void LookOffice::fillLong()
 void LookOffice::fillCheques()
 {
     ContractReceiptOwner::enter();
+    CarRecordParts::enter();
     const int contract = number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
     const int buyer = number(u"SELECT MAX(iID) FROM Persons"_s);
     const QDateTime today = GetDBSetting()->GetDBServerDate();

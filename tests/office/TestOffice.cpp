@@ -12,6 +12,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
 #include "suite/treasury/subjects/TreasurySubjects.h"
@@ -63,6 +64,7 @@ TestOffice::TestOffice()
     InvoiceReceiptOwner::enter();
     OfficeSubjects::enter();
     CrmSubjects::enter();
+    PersonParts::enter();
     TreasurySubjects::enter();
     m_adminID = CTblUsers::create(u"مدیر"_s, u"secret"_s, u"مدیر دفتر"_s, true);
     clear();

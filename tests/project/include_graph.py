@@ -27,6 +27,7 @@ FLOORS = [
     ["suite/accounting/changes"],
     ["suite/accounting/books/chart", "suite/accounting/reports"],
     ["suite/accounting/attachments", "suite/accounting/books", "suite/accounting/invoices", "suite/accounting/taxfile"],
+    ["suite/accounting/bin"],
     ["suite/accounting/lists"],
     ["suite/accounting/history"],
     ["suite/crm", "suite/image"],
@@ -52,7 +53,7 @@ WINDOW_NAME = re.compile(r"CDlg")
 
 # Qt's headers that show nothing: every other one counts as a window's.
 CORE = set("""
-    QAbstractItemModel QAbstractListModel QAbstractTableModel QAnyStringView QAtomicInt QBuffer QByteArray QByteArrayView QCache QCalendar
+    QAbstractItemModel QAbstractListModel QAbstractTableModel QAnyStringView QAtomicInt QBuffer QByteArray QByteArrayView QCache QCalendar QCborArray QCborValue
     QChar QCollator QCommandLineParser QCoreApplication QCryptographicHash QDate QDateTime QDebug QDir QDirIterator QElapsedTimer QEvent
     QEventLoop QFile QFileInfo QFunctionPointer QHash QIODevice QItemSelectionModel QJsonArray QJsonDocument QJsonObject QJsonValue
     QLibrary QLibraryInfo QList QLocalServer QLocalSocket QLocale QLockFile QLoggingCategory QMap QMetaObject QMetaType

@@ -6,7 +6,7 @@
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/ContractLock.h"
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/treasury/records/ChequeStates.h"

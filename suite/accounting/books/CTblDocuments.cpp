@@ -65,14 +65,9 @@ int CTblDocuments::AddDoc(int kind, const QDateTime &date, const QString &desc, 
         return 0;
     }
     KTransaction transaction(database);
-    CTblTemp temp(database);
-    temp.Open(false, false, true);
-    lockNumbering(temp);
-    // Locking reads see what others have committed since this transaction began; a plain one would not.
-    temp.FormatAndExecuteQuery("SELECT MAX(iNum) FROM Documents WHERE iFiscalYear=%d FOR UPDATE", fiscalYear);
     CTblDocuments set(database);
     set.AddNew();
-    set.m_iNum = temp.GetLongFieldValue(0) + 1;
+    set.m_iNum = drawNumber(fiscalYear, database);
     set.m_iFiscalYear = fiscalYear;
     set.m_iKind = kind;
     set.m_date = date;
@@ -81,6 +76,16 @@ int CTblDocuments::AddDoc(int kind, const QDateTime &date, const QString &desc, 
     set.Update(true);
     transaction.commit();
     return set.m_iNum;
+}
+
+int CTblDocuments::drawNumber(int fiscalYear, int database)
+{
+    CTblTemp temp(database);
+    temp.Open(false, false, true);
+    lockNumbering(temp);
+    // Locking reads see what others have committed since this transaction began; a plain one would not.
+    temp.FormatAndExecuteQuery("SELECT MAX(iNum) FROM Documents WHERE iFiscalYear=%d FOR UPDATE", fiscalYear);
+    return temp.GetLongFieldValue(0) + 1;
 }
 
 bool CTblDocuments::EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)

@@ -22,6 +22,9 @@ public:
     // fiscal year is below 1. Joins the caller's transaction; until that ends, nobody else draws a number of the
     // database, so that no two documents share one and a rollback leaves no gap. kind: see Accounts.h.
     [[nodiscard]] static int AddDoc(int kind, const QDateTime &date, const QString &desc, int fiscalYear, int database = 0);
+    // The next number of the fiscal year, for a header that the caller writes in the same transaction. Until that ends, nobody else
+    // draws a number of the database.
+    [[nodiscard]] static int drawNumber(int fiscalYear, int database = 0);
     // Gives an existing header a new date and description. False when there is no such document or the database is closed.
     static bool EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database = 0);
     // Deletes the document's rows and keeps its header.

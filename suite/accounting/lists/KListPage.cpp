@@ -7,7 +7,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/lists/KListRows.h"
 #include "suite/accounting/lists/RowArchiving.h"
 #include "suite/accounting/office/CDBSetting.h"

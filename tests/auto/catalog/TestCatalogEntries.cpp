@@ -7,7 +7,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/bin/CarRecordParts.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
@@ -32,6 +33,7 @@ int main(int argc, char **argv)
     setSettingsFile(folder.settingsFile());
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     ContractReceiptOwner::enter();
+    CarRecordParts::enter();
     const KWaitNotice waits;
     g_pDlgWarning->answerAll(true);
     if (!OfficeServer::connect(options, nullptr)) {

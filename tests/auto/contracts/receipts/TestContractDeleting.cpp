@@ -4,7 +4,7 @@
 #include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "tests/auto/contracts/receipts/PostedContract.h"
 #include "tests/support/RegisteredTest.h"

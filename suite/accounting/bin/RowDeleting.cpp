@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/changes/RowDeleting.h"
+#include "suite/accounting/bin/RowDeleting.h"
 
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
@@ -24,6 +24,12 @@ bool isSameRow(const KRowValues &asked, const KRowValues &now)
         const QString name = column.toString();
         return isSameValue(asked.value(name), now.value(name));
     });
+}
+
+RowDeleting::Listener &listener()
+{
+    static RowDeleting::Listener set;
+    return set;
 }
 
 void requireAsAsked(KMySQL &record, qint32 key, const KRowValues &asked)
@@ -55,6 +61,7 @@ void RowDeleting::run(KMySQL &record, const std::function<void()> &requireDeleta
 {
     const qint32 key = record.value(u"iID").toInt();
     const KRowValues asked = record.rowValues();
+    qint32 kept = 0;
     KTransaction::runReplayable(
         [&] {
             // The question may have been open for long.
@@ -62,7 +69,17 @@ void RowDeleting::run(KMySQL &record, const std::function<void()> &requireDeleta
             requireAsAsked(record, key, asked);
             if (requireDeletable)
                 requireDeletable();
+            kept = Bin::put(record);
             record.Delete();
         },
         record.database());
+    if (kept == 0 || !listener())
+        return;
+    if (const std::optional<Bin::Entry> entry = Bin::entry(kept, record.database()))
+        listener()(*entry);
+}
+
+void RowDeleting::setListener(const Listener &told)
+{
+    listener() = told;
 }
