@@ -6,6 +6,7 @@
 #include "auto/CAutoDBSetting.h"
 #include "host/demo/DemoData.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "suite/utility/values/KSettings.h"
 
@@ -19,6 +20,18 @@
 using namespace Qt::StringLiterals;
 
 BenchOffice::BenchOffice(int contracts)
+    : m_database(std::make_unique<TestDatabase>())
+{
+    fill(contracts);
+}
+
+BenchOffice::BenchOffice(int contracts, const KConnectionSettings &server)
+{
+    KConnection::configure(0, server);
+    fill(contracts);
+}
+
+void BenchOffice::fill(int contracts)
 {
     setSettingsFile(m_settings.filePath(u"user.ini"_s));
     SuiteSchema::upgrade();
@@ -27,7 +40,10 @@ BenchOffice::BenchOffice(int contracts)
         qFatal("the module's tables could not be created");
     SuiteSchema::afterModuleUpgrade();
     DemoData::fill(contracts);
-    GetDBSetting()->Login(m_database.value(u"SELECT iID FROM Users"_s).toInt());
+    CTblUsers user;
+    user.SetLimit(1);
+    user.Open(true, true, true);
+    GetDBSetting()->Login(user.m_iID);
 }
 
 namespace {

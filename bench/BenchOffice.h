@@ -8,14 +8,17 @@
 #include <QList>
 #include <QTemporaryDir>
 
-// A demo office with that many contracts on the benchmark's private server; its user is logged in.
+// A demo office with that many contracts on the benchmark's private server, or on another one; its user is logged in.
 class BenchOffice
 {
 public:
     explicit BenchOffice(int contracts);
+    BenchOffice(int contracts, const KConnectionSettings &server);
 
 private:
-    TestDatabase m_database;
+    void fill(int contracts);
+
+    std::unique_ptr<TestDatabase> m_database;
     QTemporaryDir m_settings;
 };
 

@@ -17,6 +17,7 @@ for program in \
         FillContract \
         ReportOfContracts \
         SaveContract \
+        SaveWithBinaryLog \
         MatchDemand \
         CarList \
         ExportSeason \
