@@ -27,6 +27,9 @@ public:
         UpgradeFailed,     // the folder could not be brought to the installed server's version, or the database to the program's
         VersionLost,       // the tables hold rows, but the version of their schema is gone
         DumpFailed,        // a backup or its restoration failed
+        BackupDamaged,     // the file of a backup is altered or cut off
+        WrongPassphrase,   // a backup does not open with it
+        NewerBackup,       // a backup was taken by a newer program than this one
         Cancelled          // the progress callback asked to stop
     };
 
