@@ -3,6 +3,8 @@
 
 #include "host/HostProgram.h"
 
+#include "host/backup/BackupRestoring.h"
+#include "host/backup/BackupTaking.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/start/DatabaseUpgrade.h"
@@ -188,10 +190,13 @@ bool HostProgram::startDatabase()
 
 void HostProgram::startPrivateServer()
 {
-    m_server = std::make_unique<EmbeddedServer>(m_folder);
+    ServerOptions options;
+    options.takeBackup = BackupTaking::beforeServerUpgrade(m_folder);
+    m_server = std::make_unique<EmbeddedServer>(m_folder, options);
     connect(m_server.get(), &EmbeddedServer::endedUnexpectedly, this, &HostProgram::serverEnded);
     m_server->start([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
     KConnection::configure(0, m_server->connectionSettings());
+    BackupRestoring(m_server->connectionSettings()).cleanLeft();
 }
 
 void HostProgram::prepareSchema()
@@ -199,7 +204,7 @@ void HostProgram::prepareSchema()
     DatabaseUpgrade upgrade(
         m_folder.backupsPath(), [this](const QString &text) { m_splash.showWaiting(text); },
         [this](const QString &text) { return m_splash.showWaitingOrGiveUp(text); });
-    upgrade.setWayBack(m_server ? WayBack(m_folder).whileServerRuns() : WayBack::ofOfficeServer());
+    upgrade.setWayBack(m_server ? WayBack(m_folder).sentences() : WayBack::ofOfficeServer());
     upgrade.upgradeSuite();
     m_clock.reached("suite-schema");
     if (!m_module.load(m_options.moduleDir)) {

@@ -4,7 +4,7 @@
 #include "host/administration/Backup.h"
 
 #include "host/frame/StartupClock.h"
-#include "host/server/DatabaseDump.h"
+#include "host/backup/BackupTaking.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KProcess.h"
 
@@ -40,8 +40,8 @@ QString takeNow(const QString &folder, QWidget *parent)
     window.setAutoReset(false);
     window.show();
     try {
-        const DatabaseDump dump(KConnection::settings(0), folder);
-        QString path = dump.take([&](qint64 done, qint64 expected) { return showProgress(window, done, expected); });
+        const BackupTaking taking(KConnection::settings(0));
+        QString path = taking.take({folder}, [&](qint64 done, qint64 expected) { return showProgress(window, done, expected); }).path();
         window.hide();
         g_pDlgMessage->Show(u"پشتیبان پایگاه داده ساخته شد:\n%1"_s.arg(ServerError::shownPath(path)), parent);
         return path;

@@ -24,7 +24,7 @@ public:
     // False: there is no such file, or it is a link or a folder.
     bool exists() const { return m_exists; }
     QString path() const { return m_path; }
-    QString manifestPath() const { return m_path + u".json"; }
+    QString manifestPath() const { return m_path + QStringLiteral(".json"); }
     Format format() const { return m_format; }
     bool isEncrypted() const { return m_format == Format::Encrypted; }
     qint64 size() const { return m_size; }

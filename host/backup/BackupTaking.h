@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/backup/BackupFile.h"
+#include "host/server/DataFolder.h"
 #include "host/server/ServerError.h"
 #include "host/server/ServerPrograms.h"
 #include "suite/db/KConnection.h"
@@ -32,6 +33,9 @@ public:
     // Writes the backup and its manifest, mode 0600, as of one moment while others go on working: they wait less than a
     // second. Throws ServerError DumpFailed, Damaged, FolderNotWritable, DiskFull, ProgramMissing or Cancelled; nothing is left then.
     BackupFile take(const Request &request, const Progress &progress = {}) const;
+
+    // For ServerOptions::takeBackup: into the folder's backups.
+    static std::function<void(const KConnectionSettings &, const std::function<void()> &)> beforeServerUpgrade(const DataFolder &folder);
 
 private:
     KConnectionSettings m_settings;

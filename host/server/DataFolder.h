@@ -33,6 +33,9 @@ public:
     QString logsPath() const { return m_path + u"/logs"_s; }
     QString settingsPath() const { return m_path + u"/settings"_s; }
     QString temporaryPath() const { return m_path + u"/temporary"_s; }
+    // While a backup takes the place of a damaged database: the folder in which it is loaded, and the loaded database.
+    QString restoringPath() const { return m_path + u"/restoring"_s; }
+    QString restoredDatabasePath() const { return m_path + u"/database.restored"_s; }
     QString settingsFile() const { return settingsPath() + u"/tzhost.ini"_s; }
     QString clientConfigPath() const { return m_path + u"/client.cnf"_s; }
     QString serverConfigPath() const { return m_path + u"/server.cnf"_s; }

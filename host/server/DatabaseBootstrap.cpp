@@ -43,6 +43,15 @@ DatabaseBootstrap::DatabaseBootstrap(const DataFolder &folder, const ServerOptio
 {
 }
 
+void DatabaseBootstrap::finishRestoring() const
+{
+    const QString restored = m_folder.restoredDatabasePath();
+    if (QFileInfo(restored).isDir() && !QFileInfo::exists(m_folder.databasePath()) && !QDir().rename(restored, m_folder.databasePath()))
+        throw ServerLog(m_folder).error(ServerError::Kind::FolderNotWritable, u"cannot rename %1"_s.arg(restored));
+    for (const QString &left : {restored, m_folder.restoringPath()})
+        QDir(left).removeRecursively();
+}
+
 bool DatabaseBootstrap::exists() const
 {
     const QDir database(m_folder.databasePath());
@@ -54,7 +63,7 @@ bool DatabaseBootstrap::exists() const
         ServerError::Kind::Damaged,
         u"پوشه %1 پایگاه داده کاملی نیست؛ آن را از نسخه پشتیبان بازگردانید یا کنار بگذارید."_s
                 .arg(ServerError::shownPath(m_folder.databasePath()))
-            + u'\n' + WayBack(m_folder).withNewDatabase(),
+            + u'\n' + WayBack(m_folder).sentences(),
         u"%1 holds no system tables"_s.arg(m_folder.databasePath()));
 }
 

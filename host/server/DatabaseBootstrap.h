@@ -13,6 +13,9 @@ class DatabaseBootstrap
 public:
     DatabaseBootstrap(const DataFolder &folder, const ServerOptions &options);
 
+    // After a program that was killed while a restored database took the place of the damaged one (BackupRestoring): it does so now, unless
+    // the other is still there.
+    void finishRestoring() const;
     // Whether the folder holds a complete database. Throws ServerError Damaged when it holds something else.
     bool exists() const;
     // Makes the database with the account and an empty database of our name. It is made elsewhere and renamed when complete, so

@@ -7,7 +7,8 @@
 
 namespace DumpFiles {
 
-// The dumps of the database in the folder, newest first, by their names.
+// The backups of the database in the folder, newest first, by their names: <database>-<yyyyMMdd-HHmmss>[-n].sql, also compressed and
+// encrypted. Links are none.
 QStringList in(const QString &folder, const QString &database);
 
 }

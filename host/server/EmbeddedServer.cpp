@@ -185,6 +185,7 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
     if (!accountKnown)
         m_settings.password = ServerConfig::newPassword();
     config.writeClientOptions(m_settings.socketPath, m_settings.password);
+    bootstrap.finishRestoring();
     m_isNewDatabase = !bootstrap.exists();
     if (m_isNewDatabase) {
         const QString waiting = u"ساختن پایگاه داده برای نخستین بار…"_s;
@@ -231,7 +232,7 @@ void EmbeddedServer::startProcess(const Progress &progress)
     tell(progress, u"راه‌اندازی سرور پایگاه داده…"_s);
     if (m_options.programs.server.isEmpty())
         throw ToolProcess::missing({}, u"not found"_s);
-    platform::tieToThisProgram(m_process);
+    platform::tieToThisProgram(m_process, m_options.lowPriority);
     m_process.setProcessEnvironment(ToolProcess::environment());
     m_process.setWorkingDirectory(m_folder.databasePath());
     m_process.setStandardInputFile(QProcess::nullDevice());

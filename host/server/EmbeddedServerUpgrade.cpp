@@ -3,7 +3,6 @@
 
 #include "host/server/EmbeddedServer.h"
 
-#include "host/server/DatabaseDump.h"
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerLog.h"
 #include "host/server/ServerState.h"
@@ -90,17 +89,21 @@ void EmbeddedServer::upgradeIfNeeded(const Progress &progress)
 
 void EmbeddedServer::runUpgrade(const Progress &progress)
 {
+    if (!m_options.takeBackup)
+        throw ServerError(ServerError::Kind::UpgradeFailed,
+                          u"پایگاه داده پوشه %1 به نسخه تازه سرور ارتقا نیافت، چون پیش از آن پشتیبانی گرفته نمی‌شد."_s
+                              .arg(ServerError::shownPath(m_folder.path())),
+                          u"nobody takes a backup before the upgrade"_s);
     const QString saving = u"پشتیبان‌گیری پیش از ارتقای پایگاه داده…"_s;
     const QStringList databases = databasesOfThePeople(m_settings);
     for (const QString &name : databases) {
         KConnectionSettings settings = m_settings;
         settings.database = name;
-        const QString dump = DatabaseDump(settings, m_folder.backupsPath(), m_options.programs).take([&](qint64, qint64) {
+        m_options.takeBackup(settings, [&] {
             if (progress)
                 progress(saving);
-            return true;
         });
-        qCInfo(lcUpgrade).noquote() << "dumped before the upgrade:" << dump;
+        qCInfo(lcUpgrade).noquote() << "backup before the upgrade taken:" << name;
     }
     const QString upgrading = u"ارتقای پایگاه داده به نسخه تازه سرور…"_s;
     ToolProcess upgrade;

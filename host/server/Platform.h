@@ -55,9 +55,14 @@ QStringList runtimeFolders();
 // The greatest length of a socket's path, in bytes.
 int longestSocketPath();
 
+// The file or folder is on the disk when it returns: a folder, with the names in it.
+bool flushToDisk(const QString &path, QString *reason = nullptr);
+// A file and no link, folder or device.
+bool isPlainFile(const QString &path);
+
 // To be called before the process starts: it ends when this program's starting thread does, and keys typed in the
-// program's terminal do not reach it.
-void tieToThisProgram(QProcess &process);
+// program's terminal do not reach it. With low priority it gives way to everything else on the computer.
+void tieToThisProgram(QProcess &process, bool lowPriority = false);
 // A tool that ends before it has read all its input is an error to report, not a reason to end with it.
 void ignoreBrokenPipes();
 // Asks for a clean end.

@@ -12,7 +12,9 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -154,10 +156,35 @@ int longestSocketPath()
     return 100;
 }
 
-void tieToThisProgram(QProcess &process)
+bool flushToDisk(const QString &path, QString *reason)
+{
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    bool done = descriptor >= 0 && ::fsync(descriptor) == 0;
+    // A file system that knows no flushing of folders has nothing to flush.
+    done = done || (descriptor >= 0 && errno == EINVAL);
+    if (!done)
+        setReason(reason, lastError());
+    if (descriptor >= 0)
+        ::close(descriptor);
+    return done;
+}
+
+bool isPlainFile(const QString &path)
+{
+    struct stat status;
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+void tieToThisProgram(QProcess &process, bool lowPriority)
 {
     const pid_t program = ::getpid();
-    process.setChildProcessModifier([program] {
+    process.setChildProcessModifier([program, lowPriority] {
+        if (lowPriority) {
+            constexpr int ofProcess = 1;
+            constexpr int idle = 3 << 13;
+            ::setpriority(PRIO_PROCESS, 0, 19);
+            ::syscall(SYS_ioprio_set, ofProcess, 0, idle);
+        }
         ::setpgid(0, 0);
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
         // The program may have ended before the call above.

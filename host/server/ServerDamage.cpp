@@ -127,5 +127,5 @@ QString ServerDamage::sentence(const DataFolder &folder) const
 QString ServerDamage::message(const DataFolder &folder) const
 {
     const QString advice = part == Part::SystemLog ? adviceOnSystemLog() + u'\n' : QString();
-    return sentence(folder) + u'\n' + advice + WayBack(folder).withNewDatabase();
+    return sentence(folder) + u'\n' + advice + WayBack(folder).sentences();
 }

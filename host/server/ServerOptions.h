@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include "suite/db/KConnectionSettings.h"
 #include "host/server/ServerPrograms.h"
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -19,7 +22,11 @@ struct ServerOptions
     int freeMiBToStart = 32;
     // Every change is kept in a log also where the folder's settings do not ask for it, see BinaryLog.
     bool keepBinaryLog = false;
-    // For tests only: nothing is forced to the disk, a power failure may lose everything.
+    bool lowPriority = false; // gives way to everything else on the computer
+    // Takes a backup of the database of these settings before another version of the server changes the files; calls pulse now and then.
+    // What it throws stops the upgrade. Without it a folder that another version has used is not opened.
+    std::function<void(const KConnectionSettings &settings, const std::function<void()> &pulse)> takeBackup = {};
+    // For tests, and for what can be loaded again: nothing is forced to the disk, a power failure may lose everything.
     bool unsafeButFast = false;
 
     // Name of the database and of the account in client.cnf.

@@ -17,16 +17,42 @@ namespace {
 constexpr int toolPulseMilliseconds = 50;
 constexpr qint64 chunkBytes = 1024LL * 1024;
 
-// Passes on what the tool can take, and waits a moment for it or for its end.
-void feed(QProcess &process, QIODevice &source)
+// What a tool reads, piece by piece.
+class ToolInput
 {
-    if (!source.atEnd() && process.bytesToWrite() < chunkBytes) {
-        process.write(source.read(chunkBytes));
-        if (source.atEnd())
+public:
+    explicit ToolInput(std::function<QByteArray()> next)
+        : m_next(std::move(next))
+        , m_chunk(m_next()) { }
+
+    bool isEmpty() const { return m_chunk.isEmpty(); }
+    qint64 passedOn() const { return m_passedOn; }
+
+    // Passes on what the tool can take.
+    void feed(QProcess &process)
+    {
+        if (m_chunk.isEmpty() || process.bytesToWrite() >= chunkBytes)
+            return;
+        process.write(m_chunk);
+        m_passedOn += m_chunk.size();
+        m_chunk = m_next();
+        if (m_chunk.isEmpty())
             process.closeWriteChannel();
     }
+
+private:
+    std::function<QByteArray()> m_next;
+    QByteArray m_chunk;
+    qint64 m_passedOn = 0;
+};
+
+// Waits a moment for what the tool takes or says, or for its end.
+void waitFor(QProcess &process, bool forOutput)
+{
     if (process.bytesToWrite() > 0)
         process.waitForBytesWritten(toolPulseMilliseconds);
+    else if (forOutput)
+        process.waitForReadyRead(toolPulseMilliseconds);
     else
         process.waitForFinished(toolPulseMilliseconds);
 }
@@ -81,20 +107,23 @@ int ToolProcess::run(const Pulse &pulse) const
     QFile file(inputFile);
     QBuffer buffer;
     buffer.setData(input);
-    QIODevice &source = inputFile.isEmpty() ? static_cast<QIODevice &>(buffer) : file;
-    if (!source.open(QIODevice::ReadOnly))
+    QIODevice &device = inputFile.isEmpty() ? static_cast<QIODevice &>(buffer) : file;
+    if (!device.open(QIODevice::ReadOnly))
         throw ServerError(
             ServerError::Kind::DumpFailed,
             u"پرونده %1 خوانده نشد؛ پرونده دیگری انتخاب نمایید."_s.arg(ServerError::shownPath(inputFile)),
-            inputFile + u": "_s + source.errorString());
+            inputFile + u": "_s + device.errorString());
+
+    ToolInput fed(source ? source : [&device] { return device.read(chunkBytes); });
 
     platform::ignoreBrokenPipes();
     QProcess process;
-    platform::tieToThisProgram(process);
+    platform::tieToThisProgram(process, lowPriority);
     process.setProcessEnvironment(environment());
-    process.setStandardOutputFile(outputFile.isEmpty() ? QProcess::nullDevice() : outputFile);
+    if (!sink)
+        process.setStandardOutputFile(outputFile.isEmpty() ? QProcess::nullDevice() : outputFile);
     process.setStandardErrorFile(errorFile.isEmpty() ? QProcess::nullDevice() : errorFile, QIODevice::Append);
-    if (source.atEnd())
+    if (fed.isEmpty())
         process.setStandardInputFile(QProcess::nullDevice());
     process.start(program, arguments);
     const Ended ended(process);
@@ -106,9 +135,12 @@ int ToolProcess::run(const Pulse &pulse) const
     total.start();
     sincePulse.start();
     while (process.state() != QProcess::NotRunning) {
-        feed(process, source);
+        fed.feed(process);
+        waitFor(process, static_cast<bool>(sink));
+        if (sink && process.bytesAvailable() > 0)
+            sink(process.readAllStandardOutput());
         if (pulse && sincePulse.elapsed() >= toolPulseMilliseconds) {
-            pulse(source.pos() - process.bytesToWrite());
+            pulse(fed.passedOn() - process.bytesToWrite());
             sincePulse.restart();
         }
         if (limitMilliseconds > 0 && total.elapsed() > limitMilliseconds)
@@ -117,5 +149,7 @@ int ToolProcess::run(const Pulse &pulse) const
                                   .arg(ServerError::shownPath(program)),
                               u"%1 did not end within %2 ms"_s.arg(program).arg(limitMilliseconds));
     }
+    if (sink && process.bytesAvailable() > 0)
+        sink(process.readAllStandardOutput());
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }

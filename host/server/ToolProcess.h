@@ -19,13 +19,18 @@ struct ToolProcess
     // The first one names our own options file, so that none of the user's is read.
     QStringList arguments;
     QByteArray input;
-    QString inputFile;         // read instead of input when set
-    QString outputFile;        // replaced; empty: thrown away
+    QString inputFile; // read instead of input when set
+    // Called for the input instead, as far as the tool takes it; empty: the end.
+    std::function<QByteArray()> source = {};
+    QString outputFile; // replaced; empty: thrown away
+    // Called with the output as it comes, instead.
+    std::function<void(const QByteArray &)> sink = {};
     QString errorFile;         // appended to; empty: thrown away
     int limitMilliseconds = 0; // 0: none
+    bool lowPriority = false;  // gives way to everything else on the computer
 
-    // Called about twenty times a second with the bytes of input that the tool has taken. Its exceptions pass
-    // through, after the tool has been ended.
+    // Called about twenty times a second with the bytes of input that the tool has taken. Its exceptions, and those of source and
+    // sink, pass through, after the tool has been ended.
     using Pulse = std::function<void(qint64 inputDone)>;
 
     // Returns the exit code, -1 for a tool that was killed. Throws ServerError ProgramMissing when it cannot be started

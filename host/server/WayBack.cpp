@@ -48,8 +48,7 @@ WayBack::WayBack(const DataFolder &folder)
 
 QString WayBack::command() const
 {
-    return m_dumps.isEmpty() ? QString()
-                             : u"mariadb %1 < %2"_s.arg(word(u"--defaults-file="_s + m_folder.clientConfigPath()), word(m_dumps.constFirst()));
+    return m_dumps.isEmpty() ? QString() : u"tzhost --data-dir %1 --restore %2"_s.arg(word(m_folder.path()), word(m_dumps.constFirst()));
 }
 
 QString WayBack::dumps() const
@@ -60,25 +59,12 @@ QString WayBack::dumps() const
     return text + u'\n';
 }
 
-QString WayBack::whileServerRuns() const
+QString WayBack::sentences() const
 {
-    if (m_dumps.isEmpty())
-        return u"در پوشه %1 نسخه پشتیبانی نیست. از پوشه %2 رونوشت بگیرید و آن را برای پشتیبانی بفرستید."_s
-            .arg(ServerError::shownPath(m_folder.backupsPath()), ServerError::shownPath(m_folder.path()));
-    return dumps() + u"برای بازگشت به تازه‌ترین آنها، تا این پیام باز است این فرمان را در پایانه اجرا و سپس برنامه را دوباره باز کنید:\n"_s
-        + leftToRight(command());
-}
-
-QString WayBack::withNewDatabase() const
-{
-    const QString aside = m_folder.databasePath() + u"-damaged"_s;
     if (m_dumps.isEmpty())
         return u"در پوشه %1 نسخه پشتیبانی نیست. برنامه را ببندید، از پوشه %2 رونوشت بگیرید و آن را برای پشتیبانی بفرستید؛ چیزی را در آن پاک نکنید."_s
-            .arg(ServerError::shownPath(m_folder.backupsPath()), ServerError::shownPath(m_folder.databasePath()));
-    return dumps()
-        + u"برای بازگشت به تازه‌ترین آنها: برنامه را ببندید و پوشه %1 را به %2 تغییر نام دهید. برنامه را باز کنید تا پایگاه داده تازه‌ای بسازد، "
-          "در نخستین پنجره بمانید، این فرمان را در پایانه اجرا و سپس برنامه را دوباره باز کنید:\n"_s
-              .arg(ServerError::shownPath(m_folder.databasePath()), ServerError::shownPath(aside))
+            .arg(ServerError::shownPath(m_folder.backupsPath()), ServerError::shownPath(m_folder.path()));
+    return dumps() + u"برای بازگشت به تازه‌ترین آنها برنامه را ببندید و این فرمان را در پایانه اجرا نمایید؛ پایگاه داده کنونی کنار گذاشته می‌شود و می‌ماند:\n"_s
         + leftToRight(command());
 }
 

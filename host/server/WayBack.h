@@ -12,14 +12,12 @@ class WayBack
 public:
     explicit WayBack(const DataFolder &folder);
 
-    // The program has started its server: the dump is loaded while the message is open.
-    QString whileServerRuns() const;
-    // The files of the database are damaged: its folder is put aside first, and a new one made.
-    QString withNewDatabase() const;
+    // Whatever is damaged: the command puts the database aside and makes a new one where it cannot be opened any more.
+    QString sentences() const;
     // The backups are the server's own.
     static QString ofOfficeServer();
 
-    // The command that loads the newest dump, as typed into a terminal; empty when there is no dump.
+    // The command that restores the newest dump, as typed into a terminal; empty when there is no dump.
     QString command() const;
 
 private:

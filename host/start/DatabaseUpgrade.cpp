@@ -9,7 +9,7 @@
 #include "suite/db/KLongWork.h"
 #include "suite/db/KTableSchema.h"
 #include "host/frame/StartupClock.h"
-#include "host/server/DatabaseDump.h"
+#include "host/backup/BackupTaking.h"
 #include "host/start/SchemaGuard.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/SuiteSchema.h"
@@ -259,9 +259,11 @@ void DatabaseUpgrade::takeDump()
 {
     const QString waitingFor = u"پشتیبان‌گیری پیش از ارتقای پایگاه داده"_s;
     m_progress(waitingFor);
-    m_dump = DatabaseDump(KConnection::settings(0), m_backupsFolder).take([&](qint64, qint64) {
-        m_progress(waitingFor);
-        return true;
-    });
+    const BackupTaking::Request request{m_backupsFolder, {}, BackupManifest::Reason::BeforeUpgrade};
+    m_dump = BackupTaking(KConnection::settings(0)).take(request, [&](qint64, qint64) {
+                                                       m_progress(waitingFor);
+                                                       return true;
+                                                   })
+                 .path();
     qCInfo(lcHost) << "dump before the upgrade:" << m_dump;
 }

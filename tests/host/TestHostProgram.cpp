@@ -405,7 +405,7 @@ void TestHostProgram::damagedFileIsNamedAtTheStart()
     QCOMPARE(shown.size(), 1);
     QVERIFY2(shown.first().contains(named), qPrintable(shown.first()));
     QVERIFY2(shown.first().contains(u"tzauto-20260321-080000.sql\u2069 (1405/01/01 08:00)"_s), qPrintable(shown.first()));
-    QVERIFY(shown.first().contains(u"mariadb --defaults-file="_s));
+    QVERIFY(shown.first().contains(u"tzhost --data-dir "_s));
 }
 
 static const RegisteredTest<TestHostProgram, QApplication> registeredHostProgram;

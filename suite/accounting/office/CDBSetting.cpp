@@ -63,6 +63,8 @@ bool CDBSetting::Login(int userID)
     KConnection::setIdentity(u"کاربر «\u2068%1\u2069» روی رایانه «\u2068%2\u2069»"_s.arg(m_userName, QSysInfo::machineHostName()));
     setDefaultMoneyDecimals(MoneyDecimals());
     KTransaction::removeOldTokens();
+    // From now on others see that somebody is at work here.
+    (void)OfficeSession::key();
     return true;
 }
 

@@ -50,6 +50,12 @@ QString OfficeSession::key(int database)
     return held.key;
 }
 
+QString OfficeSession::leaseOf(int database)
+{
+    const auto held = sessions().find(database);
+    return held != sessions().end() && held->second.lease ? leaseName(held->second.key) : QString();
+}
+
 bool OfficeSession::isAlive(const QString &key, int database)
 {
     return KLease::isAlive(leaseName(key), database);

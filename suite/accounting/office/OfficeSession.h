@@ -15,6 +15,8 @@ namespace OfficeSession {
 // The key of this program's session on the database, 36 characters. The session begins with the first call, and anew when others
 // have come to take it for dead. Not within a transaction. Throws CMySQLException.
 TZACCOUNTINGDATA_EXPORT QString key(int database = 0);
+// The name of the lease by which others see this program's session; empty: it has none on that database.
+TZACCOUNTINGDATA_EXPORT QString leaseOf(int database = 0);
 // Whether the program of that session still runs.
 TZACCOUNTINGDATA_EXPORT bool isAlive(const QString &key, int database = 0);
 // Ends the sessions on all databases: at the end of the program, or when its user logs out.

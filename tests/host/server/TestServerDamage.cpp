@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/server/DatabaseDump.h"
+#include "host/backup/BackupFiles.h"
+#include "host/backup/BackupRestoring.h"
+#include "host/backup/BackupTaking.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerDamage.h"
 #include "host/server/ServerLog.h"
@@ -76,7 +78,7 @@ class TestServerDamage : public QObject
         QFile::remove(folder().serverLogPath());
     }
 
-    QString dump() const { return QDir(folder().backupsPath()).entryList({u"*.sql"_s}).constLast(); }
+    QString dump() const { return QDir(folder().backupsPath()).entryList({u"*.sql.zst"_s}).constLast(); }
 
     // What the files under the database hold, by their names.
     QMap<QString, QByteArray> contents() const
@@ -146,27 +148,20 @@ class TestServerDamage : public QObject
     void saysTheWay(const QString &message)
     {
         QVERIFY2(message.contains(dump()), qPrintable(message));
-        QVERIFY2(message.contains(u"mariadb --defaults-file="_s), qPrintable(message));
+        QVERIFY2(message.contains(u"tzhost --data-dir "_s), qPrintable(message));
         QVERIFY2(message.contains(folder().path()), qPrintable(message));
     }
 
-    // As the message says: the folder put aside, a new start, the command.
+    // As the command of the message does.
     void goesBack()
     {
-        QVERIFY(QDir().rename(folder().databasePath(), folder().databasePath() + u"-damaged"_s));
+        const BackupFile newest = BackupFiles::in(folder().backupsPath(), ServerOptions::databaseName()).constFirst();
+        const QString damaged = BackupRestoring::intoNewFolder(folder(), newest, {}, {}, PrivateTestServer::options());
+        QVERIFY(QFileInfo(damaged).isDir());
         EmbeddedServer server(folder(), PrivateTestServer::options());
         server.start();
-        loadDump();
         QCOMPARE(valueFrom(server, "SELECT COUNT(*) FROM Persons"), u"5000"_s);
         QCOMPARE(valueFrom(server, "SELECT SUM(dAmount) FROM Receipts"), u"6"_s);
-    }
-
-    void loadDump()
-    {
-        QProcess terminal;
-        terminal.start(u"sh"_s, {u"-c"_s, WayBack(folder()).command()});
-        QVERIFY(terminal.waitForFinished(60000));
-        QVERIFY2(terminal.exitCode() == 0, terminal.readAllStandardError().constData());
     }
 
 private Q_SLOTS:
@@ -177,7 +172,7 @@ private Q_SLOTS:
             EmbeddedServer server(DataFolder((*original)->filePath(u"office"_s)), PrivateTestServer::options());
             server.start();
             fill(server);
-            static_cast<void>(DatabaseDump(server.connectionSettings(), server.folder().backupsPath()).take());
+            static_cast<void>(BackupTaking(server.connectionSettings()).take({server.folder().backupsPath()}));
             const qint64 process = server.processId();
             if (original == &m_crashed) {
                 platform::forceStop(process);
@@ -315,7 +310,7 @@ private Q_SLOTS:
         }
         QCOMPARE(valueFrom(server, "SELECT SUM(dAmount) FROM Receipts"), u"6"_s);
         try {
-            static_cast<void>(DatabaseDump(server.connectionSettings(), folder().backupsPath()).take());
+            static_cast<void>(BackupTaking(server.connectionSettings()).take({folder().backupsPath()}));
             QFAIL("a damaged table was dumped");
         } catch (const ServerError &error) {
             QCOMPARE(error.kind(), ServerError::Kind::Damaged);
@@ -377,9 +372,9 @@ private Q_SLOTS:
     {
         use(*m_whole);
         QVERIFY(QDir(folder().backupsPath()).removeRecursively());
-        for (const QString &message : {WayBack(folder()).whileServerRuns(), ServerDamage::ofTable(u"Persons"_s).message(folder())}) {
+        for (const QString &message : {WayBack(folder()).sentences(), ServerDamage::ofTable(u"Persons"_s).message(folder())}) {
             QVERIFY(message.contains(u"نسخه پشتیبانی نیست"_s));
-            QVERIFY(!message.contains(u"mariadb --"_s));
+            QVERIFY(!message.contains(u"tzhost --"_s));
         }
     }
 
@@ -391,7 +386,7 @@ private Q_SLOTS:
             QFile dump(folder().backupsPath() + u"/tzauto-%1.sql"_s.arg(stamp));
             QVERIFY(dump.open(QIODevice::WriteOnly));
         }
-        const QString text = WayBack(folder()).whileServerRuns();
+        const QString text = WayBack(folder()).sentences();
         QVERIFY2(text.contains(u"1477/10/12 00:00"_s), qPrintable(text));
         QVERIFY(text.indexOf(u"tzauto-20990101-000000.sql"_s) < text.indexOf(taken));
         QVERIFY(text.contains(u"1403/01/01 23:59"_s));
@@ -403,15 +398,15 @@ private Q_SLOTS:
     {
         m_temporary = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate());
         const DataFolder strange(m_temporary->filePath(u"دفتر it's $HOME"_s));
-        EmbeddedServer server(strange, PrivateTestServer::options());
-        server.start();
-        fill(server);
-        static_cast<void>(DatabaseDump(server.connectionSettings(), strange.backupsPath()).take());
-        KConnection(server.connectionSettings()).run(QByteArrayLiteral("DROP TABLE Persons"));
+        strange.create();
+        const QString dump = strange.backupsPath() + u"/tzauto-20260321-080000.sql.zst"_s;
+        QFile file(dump);
+        QVERIFY(file.open(QIODevice::WriteOnly));
         QProcess terminal;
-        terminal.start(u"sh"_s, {u"-c"_s, WayBack(strange).command()});
+        terminal.start(u"sh"_s, {u"-c"_s, u"tzhost() { for each in \"$@\"; do echo \"$each\"; done; }\n"_s + WayBack(strange).command()});
         QVERIFY(terminal.waitForFinished(60000));
-        QCOMPARE(valueFrom(server, "SELECT COUNT(*) FROM Persons"), u"5000"_s);
+        QCOMPARE(QString::fromUtf8(terminal.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts),
+                 (QStringList{u"--data-dir"_s, strange.path(), u"--restore"_s, dump}));
     }
 };
 

@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/server/DatabaseDump.h"
+#include "host/backup/BackupTaking.h"
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerState.h"
+#include "tests/support/BackupText.h"
 #include "tests/support/PrivateTestServer.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -81,23 +82,43 @@ class TestServerUpgrade : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_temporary = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate()); }
+    void init();
     void anotherVersionDumpsAndUpgradesAndKeepsTheData_data();
     void anotherVersionDumpsAndUpgradesAndKeepsTheData();
     void theSameVersionDumpsNothing();
     void anOlderServerIsRefused();
     void anOlderPatchOfTheSameSeriesIsTaken();
     void aFailedUpgradeIsTriedAgainAtTheNextStart();
+    void withoutAWayToABackupNothingIsUpgraded();
     void thePasswordIsNeitherInTheProcessListNorInTheLogs();
 
 private:
     void makeOfficeOfVersion(const QVersionNumber &version, bool endedCleanly);
-    QStringList dumps() const { return QDir(folder().backupsPath()).entryList(QDir::Files); }
+    QStringList dumps() const { return QDir(folder().backupsPath()).entryList({u"*.sql.zst"_s}, QDir::Files); }
     DataFolder folder() const { return DataFolder(m_temporary->filePath(u"office"_s)); }
 
     std::unique_ptr<QTemporaryDir> m_temporary;
     EmbeddedServer::Options m_options = PrivateTestServer::options();
 };
+
+void TestServerUpgrade::init()
+{
+    m_temporary = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate());
+    m_options.takeBackup = BackupTaking::beforeServerUpgrade(folder());
+}
+
+void TestServerUpgrade::withoutAWayToABackupNothingIsUpgraded()
+{
+    makeOfficeOfVersion(QVersionNumber(10, 6, 1), true);
+    EmbeddedServer server(folder(), PrivateTestServer::options());
+    try {
+        server.start();
+        QFAIL("the files were upgraded without a backup");
+    } catch (const ServerError &error) {
+        QCOMPARE(error.kind(), ServerError::Kind::UpgradeFailed);
+    }
+    QCOMPARE(ServerState::load(folder()).version, QVersionNumber(10, 6, 1));
+}
 
 // A folder with one row, whose state says that such a server used it last.
 void TestServerUpgrade::makeOfficeOfVersion(const QVersionNumber &version, bool endedCleanly)
@@ -139,7 +160,7 @@ void TestServerUpgrade::anotherVersionDumpsAndUpgradesAndKeepsTheData()
     QCOMPARE(bytesOf(folder().serverLogPath()).count("ready for connections"), starts);
     QCOMPARE(ServerState::load(folder()).version, ServerState::versionIn(server.version()));
     QCOMPARE(dumps().size(), 1);
-    QVERIFY(bytesOf(folder().backupsPath() + QLatin1Char('/') + dumps().constFirst()).contains("INSERT INTO `kept` VALUES\n(7)"));
+    QVERIFY(textOfBackup(folder().backupsPath() + QLatin1Char('/') + dumps().constFirst()).contains("INSERT INTO `kept` VALUES\n(7)"));
     QVERIFY(bytesOf(folder().logsPath() + u"/server-upgrade.log"_s).contains("OK"));
 
     KConnection connection(server.connectionSettings());

@@ -4,11 +4,12 @@
 #include "host/start/DatabaseUpgrade.h"
 
 #include "auto/CAutoDBSetting.h"
-#include "host/server/DatabaseDump.h"
+#include "host/server/ServerError.h"
 #include "suite/db/KLease.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/SuiteSchema.h"
+#include "tests/support/BackupText.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"
 
@@ -115,7 +116,7 @@ void TestDatabaseUpgrade::makeOlder()
 
 QStringList TestDatabaseUpgrade::dumps() const
 {
-    return QDir(m_backups->path()).entryList({u"*.sql"_s}, QDir::Files);
+    return QDir(m_backups->path()).entryList({u"*.sql.zst"_s}, QDir::Files);
 }
 
 void TestDatabaseUpgrade::freshDatabaseIsBroughtUpWithoutADump()
@@ -147,7 +148,8 @@ void TestDatabaseUpgrade::olderDatabaseWithRowsIsDumpedFirst()
     DatabaseUpgrade upgrade(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
     run(upgrade);
     QCOMPARE(dumps().size(), 1);
-    QVERIFY(DatabaseDump::isWhole(upgrade.dumpTaken()));
+    QVERIFY(textOfBackup(upgrade.dumpTaken()).contains("CREATE TABLE"));
+    QVERIFY(BackupFile(upgrade.dumpTaken()).manifest()->reason == BackupManifest::Reason::BeforeUpgrade);
     QCOMPARE(SuiteSchema::moduleVersion(), 6.211);
     QCOMPARE(m_database.value(u"SELECT iCode FROM AutomobilContracts"_s), u"7"_s);
     QVERIFY(!m_waitedFor.isEmpty());
@@ -159,9 +161,7 @@ void TestDatabaseUpgrade::dumpHoldsTheDatabaseAsItWas()
     m_database.run(u"INSERT INTO AutomobilDemands(iCode) VALUES(9)"_s);
     DatabaseUpgrade upgrade(m_backups->path(), [](const QString &) {});
     run(upgrade);
-    QFile dump(upgrade.dumpTaken());
-    QVERIFY(dump.open(QIODevice::ReadOnly));
-    const QByteArray text = dump.readAll();
+    const QByteArray text = textOfBackup(upgrade.dumpTaken());
     QVERIFY(text.contains("INSERT INTO `AutomobilDemands`"));
     QVERIFY(!text.contains("iAlarmID"));
 }

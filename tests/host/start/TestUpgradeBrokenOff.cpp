@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/CAutoDBSetting.h"
-#include "host/server/DatabaseDump.h"
 #include "host/start/DatabaseUpgrade.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CTblProperties.h"
@@ -252,7 +251,7 @@ private Q_SLOTS:
         const auto after = m_office.rows();
         for (auto table = before.begin(); table != before.end(); ++table)
             QCOMPARE(after.value(table.key()), table.value());
-        QCOMPARE(QDir(m_dumps.path()).entryList({u"*.sql"_s}).size(), version < 0 ? 0 : 1);
+        QCOMPARE(QDir(m_dumps.path()).entryList({u"*.sql.zst"_s}).size(), version < 0 ? 0 : 1);
     }
 
     void killedProgramIsFollowedByTheOneThatWaits_data()

@@ -1,0 +1,335 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/backup/BackupRestoring.h"
+
+#include "host/backup/BackupManifest.h"
+#include "host/backup/BackupSql.h"
+#include "host/backup/BackupState.h"
+#include "host/backup/BackupTaking.h"
+#include "host/backup/BackupTools.h"
+#include "host/server/EmbeddedServer.h"
+#include "host/server/Platform.h"
+#include "host/server/ServerState.h"
+#include "suite/db/KChangeLog.h"
+#include "suite/db/KLease.h"
+#include "suite/db/KLongWork.h"
+#include "suite/db/KTableSchema.h"
+#include "suite/accounting/office/OfficeSession.h"
+#include "suite/accounting/office/SuiteSchema.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QSysInfo>
+#include <QVersionNumber>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcRestoring, "tz.backup")
+
+ServerError newerBackup(const BackupFile &file)
+{
+    return {ServerError::Kind::NewerBackup,
+            u"پشتیبان %1 با نسخه تازه‌تری از برنامه گرفته شده است؛ نخست برنامه را به روز نمایید."_s.arg(ServerError::shownPath(file.path())),
+            u"the backup's schema is newer than this program's"_s};
+}
+
+void requireNotNewer(const BackupFile &file)
+{
+    if (file.manifest() && file.manifest()->suiteVersion > SuiteSchema::currentVersion())
+        throw newerBackup(file);
+}
+
+// What the loaded tables say of themselves, also where there is no manifest. present: the versions of the database that they replace.
+void requireUsable(const BackupFile &file, KConnection &connection, const QString &database, double presentModule)
+{
+    BackupManifest loaded;
+    loaded.database = database;
+    BackupState::readVersions(connection, loaded);
+    if (BackupSql::tablesOf(connection, database).isEmpty())
+        throw ServerError(ServerError::Kind::DumpFailed,
+                          u"پرونده %1 جدولی ندارد و بازگردانده نشد؛ پرونده دیگری انتخاب نمایید."_s.arg(ServerError::shownPath(file.path())),
+                          u"no tables"_s);
+    const bool isOfNewerProgram = file.manifest()
+        && QVersionNumber::fromString(file.manifest()->program) > QVersionNumber::fromString(u"" TZ_VERSION ""_s);
+    if (loaded.suiteVersion > SuiteSchema::currentVersion()
+        || (isOfNewerProgram && presentModule > 0 && loaded.moduleVersion > presentModule))
+        throw newerBackup(file);
+}
+
+// In the restored tables: that they were restored, and that what programs held when they were dumped is over.
+void markRestored(const BackupFile &file, KConnection &connection, const QString &database)
+{
+    if (BackupSql::hasTable(connection, database, u"Leases"_s))
+        connection.run("DELETE FROM " + BackupSql::name(database, u"Leases"_s));
+    if (!BackupSql::hasTable(connection, database, u"Changes"_s))
+        return;
+    const bool keepsValues = !BackupSql::value(connection,
+                                               "SELECT 1 FROM information_schema.COLUMNS WHERE TABLE_NAME='Changes' AND COLUMN_NAME='sValues' AND TABLE_SCHEMA="
+                                                   + BackupSql::text(database))
+                                  .isNull();
+    const QByteArray values = KChangedValues::toJson({{u"dateBackup"_s, QVariant(), file.taken()}});
+    connection.run("INSERT INTO " + BackupSql::name(database, u"Changes"_s) + "(sTable,iRecordID,iKind,iUserID,sComputer,date"
+                   + (keepsValues ? ",sValues" : "") + ") VALUES('Backup',0," + QByteArray::number(static_cast<int>(KChange::Kind::Restored)) + ','
+                   + QByteArray::number(KChangeLog::author()) + ',' + BackupSql::text(QSysInfo::machineHostName().left(100)) + ",NOW()"
+                   + (keepsValues ? ',' + BackupSql::text(QString::fromUtf8(values)) : QByteArray()) + ')');
+}
+
+// The two databases beside the office's, for as long as a restoring takes, and the order in which they come and go.
+class Exchange
+{
+public:
+    Exchange(KConnection &connection, const QString &database)
+        : m_connection(connection)
+        , m_database(database)
+        , m_aside(database + u"_restoring"_s)
+        , m_replaced(database + u"_replaced"_s) { }
+
+    QString aside() const { return m_aside; }
+
+    // Ends with the connection, also when the program is killed.
+    bool lock()
+    {
+        return BackupSql::value(m_connection, "SELECT GET_LOCK(" + BackupSql::text(u"tzauto restoring "_s + m_database.left(40)) + ",0)") == "1";
+    }
+
+    void beginAside()
+    {
+        drop(m_aside);
+        m_connection.run("CREATE DATABASE " + BackupSql::name(m_aside));
+    }
+
+    void dropAside() { drop(m_aside); }
+
+    // One RENAME moves the old tables out and the new ones in, so that nobody ever sees none or only half of them.
+    void run()
+    {
+        m_connection.run("CREATE DATABASE IF NOT EXISTS " + BackupSql::name(m_replaced));
+        QByteArrayList moves;
+        move(BackupSql::tablesOf(m_connection, m_database), m_database, m_replaced, moves);
+        move(BackupSql::tablesOf(m_connection, m_aside), m_aside, m_database, moves);
+        m_connection.run("RENAME TABLE " + moves.join(", "));
+    }
+
+    void finish()
+    {
+        drop(m_replaced);
+        drop(m_aside);
+    }
+
+    // After a kill: the exchange has happened, or it has not, and which can be seen from where the tables are.
+    void clean()
+    {
+        const QStringList waiting = BackupSql::tablesOf(m_connection, m_aside);
+        const QStringList replaced = BackupSql::tablesOf(m_connection, m_replaced);
+        const QStringList present = BackupSql::tablesOf(m_connection, m_database);
+        if (!replaced.isEmpty() && (present.isEmpty() || !waiting.isEmpty())) {
+            // Tables that stand nowhere else go back; with others of their names in their place, nobody can tell which are meant.
+            QByteArrayList moves;
+            QStringList home;
+            for (const QString &table : replaced) {
+                if (!present.contains(table, Qt::CaseInsensitive))
+                    home << table;
+            }
+            move(home, m_replaced, m_database, moves);
+            if (!moves.isEmpty())
+                m_connection.run("RENAME TABLE " + moves.join(", "));
+            qCWarning(lcRestoring).noquote() << "a restoring was cut off; tables put back:" << home.join(u' ');
+            if (home.size() < replaced.size())
+                return;
+        }
+        if (BackupSql::hasDatabase(m_connection, m_replaced))
+            drop(m_replaced);
+        if (BackupSql::hasDatabase(m_connection, m_aside))
+            drop(m_aside);
+    }
+
+private:
+    void drop(const QString &database) { m_connection.run("DROP DATABASE IF EXISTS " + BackupSql::name(database)); }
+
+    static void move(const QStringList &tables, const QString &from, const QString &to, QByteArrayList &moves)
+    {
+        for (const QString &table : tables)
+            moves << BackupSql::name(from, table) + " TO " + BackupSql::name(to, table);
+    }
+
+    KConnection &m_connection;
+    QString m_database;
+    QString m_aside;
+    QString m_replaced;
+};
+
+KConnectionSettings serverOf(KConnectionSettings settings)
+{
+    settings.database.clear();
+    return settings;
+}
+
+bool isCurrent(const KConnectionSettings &settings)
+{
+    if (!KConnection::isConfigured(0))
+        return false;
+    const KConnectionSettings current = KConnection::settings(0);
+    return current.database == settings.database && current.socketPath == settings.socketPath && current.host.isEmpty() == settings.host.isEmpty();
+}
+
+QString failedToRestore(const BackupFile &file)
+{
+    return u"پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید."_s.arg(ServerError::shownPath(file.path()));
+}
+
+ServerError busy()
+{
+    return {ServerError::Kind::InUse, u"بازگرداندن دیگری در همین پایگاه داده در جریان است؛ پایان آن را منتظر بمانید."_s,
+            u"another restoring holds the lock"_s};
+}
+
+}
+
+BackupRestoring::BackupRestoring(const KConnectionSettings &settings, const ServerPrograms &programs)
+    : m_settings(settings)
+    , m_programs(programs)
+{
+}
+
+BackupFile BackupRestoring::restore(const Request &request, const BackupLoading::Progress &progress) const
+{
+    requireNotNewer(request.file);
+    const KLongWork work;
+    try {
+        const QStringList others = request.despiteOthers ? QStringList() : othersAtWork();
+        if (!others.isEmpty())
+            throw ServerError(ServerError::Kind::InUse,
+                              u"تا دیگران با همین پایگاه داده کار می‌کنند پشتیبان بازگردانده نمی‌شود: %1"_s.arg(others.join(u"، "_s)),
+                              u"others are at work: "_s + others.join(u' '));
+        KConnection connection(serverOf(m_settings));
+        Exchange exchange(connection, m_settings.database);
+        if (!exchange.lock())
+            throw busy();
+        exchange.clean();
+        BackupFile copy;
+        if (request.copiesFirst)
+            copy = BackupTaking(m_settings, m_programs).take({request.backupsFolder, {}, BackupManifest::Reason::BeforeRestore, request.copyPassphrase}, [&](qint64, qint64) { return !progress || progress(0, request.file.size()); });
+        BackupManifest present;
+        present.database = m_settings.database;
+        BackupState::readVersions(connection, present);
+        exchange.beginAside();
+        try {
+            BackupLoading(m_settings, m_programs).load(request.file, exchange.aside(), request.passphrase, progress);
+            requireUsable(request.file, connection, exchange.aside(), present.moduleVersion);
+            if (request.beforeExchange)
+                request.beforeExchange(exchange.aside());
+            markRestored(request.file, connection, exchange.aside());
+            exchange.run();
+        } catch (...) {
+            exchange.dropAside();
+            throw;
+        }
+        exchange.finish();
+        KTableSchema::forgetAll();
+        return copy;
+    } catch (const CMySQLException &error) {
+        throw BackupTools::failure(failedToRestore(request.file), request.backupsFolder, error.GetErrorMessage());
+    }
+}
+
+QStringList BackupRestoring::othersAtWork() const
+{
+    QStringList others;
+    KConnection connection(m_settings);
+    if (isCurrent(m_settings) && BackupSql::hasTable(connection, m_settings.database, u"Leases"_s)) {
+        const QString own = OfficeSession::leaseOf(0);
+        const QList<QByteArrayList> sessions = BackupSql::rows(connection, "SELECT sName,sText FROM Leases WHERE sName LIKE 'Session %'");
+        for (const QByteArrayList &session : sessions) {
+            const QString lease = QString::fromUtf8(session[0]);
+            if (lease != own && KLease::isAlive(lease))
+                others << QString::fromUtf8(session[1]);
+        }
+    }
+    // The programs of other computers, whatever they are; of this one the server cannot tell this program's connections from another's.
+    const auto computer = [](const QByteArray &host) { return host.left(host.lastIndexOf(':')); };
+    const QByteArray here = computer(BackupSql::value(connection, "SELECT HOST FROM information_schema.PROCESSLIST WHERE ID=CONNECTION_ID()"));
+    const QList<QByteArrayList> connections = BackupSql::rows(connection, "SELECT HOST,USER FROM information_schema.PROCESSLIST WHERE DB=" + BackupSql::text(m_settings.database));
+    for (const QByteArrayList &row : connections) {
+        const QString text = QString::fromUtf8(row[1] + '@' + computer(row[0]));
+        if (row[0].contains(':') && computer(row[0]) != here && !others.contains(text))
+            others << text;
+    }
+    return others;
+}
+
+void BackupRestoring::cleanLeft() const
+{
+    try {
+        KConnection connection(serverOf(m_settings));
+        Exchange exchange(connection, m_settings.database);
+        if (exchange.lock())
+            exchange.clean();
+    } catch (const CMySQLException &error) {
+        // An account of an office server may not see other databases, and then has never restored anything.
+        qCWarning(lcRestoring).noquote() << "cannot clean after a restoring:" << error.GetErrorMessage();
+    }
+}
+
+QString BackupRestoring::intoNewFolder(const DataFolder &folder, const BackupFile &file, const QString &passphrase, const BackupLoading::Progress &progress,
+                                       const ServerOptions &options, const std::function<void(const KConnectionSettings &)> &beforeExchange)
+{
+    requireNotNewer(file);
+    folder.create();
+    platform::FileLock lock(folder.path() + u"/server.lock"_s);
+    if (lock.tryLock() != platform::FileLock::Result::Taken)
+        throw ServerError(ServerError::Kind::InUse,
+                          u"پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره تلاش کنید."_s.arg(ServerError::shownPath(folder.path())),
+                          u"server.lock is held"_s);
+    const DataFolder made(folder.restoringPath());
+    QDir(made.path()).removeRecursively();
+    QDir(folder.restoredDatabasePath()).removeRecursively();
+    try {
+        made.create();
+        // The account stays as it is.
+        QFile::copy(folder.clientConfigPath(), made.clientConfigPath());
+        {
+            EmbeddedServer server(made, options);
+            server.start([&](const QString &) {
+                if (progress && !progress(0, file.size()))
+                    throw BackupTools::cancelled();
+            });
+            const KLongWork work;
+            BackupLoading(server.connectionSettings(), options.programs).load(file, server.connectionSettings().database, passphrase, progress);
+            if (beforeExchange)
+                beforeExchange(server.connectionSettings());
+            KConnection connection(server.connectionSettings());
+            requireUsable(file, connection, server.connectionSettings().database, 0);
+            markRestored(file, connection, server.connectionSettings().database);
+            connection.close();
+            server.stop();
+        }
+        const auto rename = [](const QString &from, const QString &to) {
+            if (!QDir().rename(from, to))
+                throw ServerError(ServerError::Kind::FolderNotWritable, u"پوشه %1 جابه‌جا نشد؛ اجازه نوشتن در آن را بگیرید."_s.arg(ServerError::shownPath(from)),
+                                  u"cannot rename "_s + from);
+            platform::flushToDisk(QFileInfo(to).path());
+        };
+        rename(made.databasePath(), folder.restoredDatabasePath());
+        QString damaged;
+        if (QFileInfo::exists(folder.databasePath())) {
+            damaged = folder.databasePath() + u"-damaged-"_s + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
+            rename(folder.databasePath(), damaged);
+        }
+        // A program that is killed here has its work finished by the next one (DatabaseBootstrap).
+        rename(folder.restoredDatabasePath(), folder.databasePath());
+        ServerState::load(made).save(folder);
+        QDir(made.path()).removeRecursively();
+        return damaged;
+    } catch (const CMySQLException &error) {
+        QDir(made.path()).removeRecursively();
+        throw BackupTools::failure(failedToRestore(file), folder.path(), error.GetErrorMessage());
+    } catch (...) {
+        QDir(made.path()).removeRecursively();
+        throw;
+    }
+}

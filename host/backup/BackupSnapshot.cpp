@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/backup/BackupSnapshot.h"
+
+#include "host/backup/BackupSql.h"
+
+#include <QLoggingCategory>
+#include <QThread>
+
+#include <mysqld_error.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcSnapshot, "tz.backup")
+
+constexpr int longestHoldMilliseconds = 700;
+constexpr int triesToHold = 5;
+constexpr int pauseMilliseconds = 200;
+
+}
+
+BackupSnapshot::BackupSnapshot(const KConnectionSettings &settings)
+    : m_settings(KConnection::atNodeInUse(settings))
+{
+    // Nobody waits longer for this to get its turn either.
+    m_settings.lockWaitSeconds = 1;
+}
+
+BackupSnapshot::~BackupSnapshot() = default;
+
+bool BackupSnapshot::tryToHold()
+{
+    auto holder = std::make_unique<KConnection>(m_settings);
+    if (BackupSql::rows(*holder, "SHOW VARIABLES LIKE 'wsrep_on'").value(0).value(1) == "ON")
+        return false;
+    for (int attempt = 1;; ++attempt) {
+        try {
+            m_held.start();
+            holder->run(QByteArrayLiteral("FLUSH TABLES WITH READ LOCK"));
+            break;
+        } catch (const CMySQLException &error) {
+            if (error.serverCode() != ER_LOCK_WAIT_TIMEOUT || attempt == triesToHold) {
+                qCInfo(lcSnapshot).noquote() << "the backup is not of one moment:" << error.GetErrorMessage();
+                return false;
+            }
+            QThread::msleep(pauseMilliseconds);
+        }
+    }
+    m_holder = std::move(holder);
+    return true;
+}
+
+bool BackupSnapshot::hold()
+{
+    letGo();
+    m_reader = std::make_unique<KConnection>(m_settings);
+    m_reader->run(QByteArrayLiteral("SET SESSION TRANSACTION ISOLATION LEVEL REPEATABLE READ"));
+    const bool held = tryToHold();
+    m_reader->run(QByteArrayLiteral("START TRANSACTION WITH CONSISTENT SNAPSHOT"));
+    if (!held)
+        return false;
+    const QList<QByteArrayList> log = BackupSql::rows(*m_holder, "SHOW MASTER STATUS");
+    if (!log.isEmpty()) {
+        m_logFile = QString::fromUtf8(log.constFirst().value(0));
+        m_logPosition = log.constFirst().value(1).toLongLong();
+    }
+    return true;
+}
+
+void BackupSnapshot::letGo()
+{
+    // With its connection the lock ends.
+    m_holder.reset();
+}
+
+bool BackupSnapshot::isTimeOver() const
+{
+    return m_holder && m_held.elapsed() > longestHoldMilliseconds;
+}

@@ -1,0 +1,268 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/backup/BackupFiles.h"
+#include "host/backup/BackupRestoring.h"
+#include "host/backup/BackupWriter.h"
+#include "suite/db/KLease.h"
+#include "tests/host/backup/BackupOffice.h"
+#include "tests/support/BackupText.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QCoreApplication>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString carsChecksum = u"SELECT MD5(GROUP_CONCAT(CONCAT_WS('|', iID, sName, sEmoji, HEX(oData), IFNULL(date, 'null'), dPrice) ORDER BY iID)) FROM Cars"_s;
+
+}
+
+class TestBackupRestoring : public QObject
+{
+    Q_OBJECT
+
+    BackupOffice m_office;
+
+    BackupRestoring restoring() const { return BackupRestoring(const_cast<BackupOffice &>(m_office).database().settings()); }
+    BackupRestoring::Request requestFor(const BackupFile &file, const QString &passphrase = {}) const
+    {
+        BackupRestoring::Request request;
+        request.file = file;
+        request.passphrase = passphrase;
+        request.backupsFolder = m_office.backups();
+        return request;
+    }
+    QString cars() { return m_office.value(u"SELECT COUNT(*) FROM Cars"_s); }
+    QString tables() { return m_office.value(u"SELECT GROUP_CONCAT(table_name ORDER BY table_name) FROM information_schema.tables WHERE table_schema = DATABASE()"_s); }
+
+    // A backup whose statements are these.
+    BackupFile made(const QByteArray &statements)
+    {
+        const QString path = BackupFiles::freePath(m_office.office().path(), m_office.database().name(), BackupFile::Format::Compressed, QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5), Qt::UTC));
+        QDir().mkpath(m_office.office().path());
+        BackupWriter writer(path);
+        writer.write(statements + "\n-- Dump completed\n");
+        writer.close();
+        writer.finish(std::nullopt);
+        return BackupFile(path);
+    }
+
+private Q_SLOTS:
+    void init() { m_office.renew(); }
+
+    void restoringBringsEverythingBack_data()
+    {
+        QTest::addColumn<QString>("passphrase");
+        QTest::newRow("compressed") << QString();
+        QTest::newRow("encrypted") << u"گذرواژه"_s;
+    }
+
+    void restoringBringsEverythingBack()
+    {
+        QFETCH(QString, passphrase);
+        m_office.fill(3);
+        const QString before = m_office.value(carsChecksum);
+        QVERIFY(!before.isEmpty());
+        const BackupFile backup = m_office.take(passphrase);
+        m_office.database().run(u"UPDATE Cars SET sName = 'later'"_s);
+        m_office.database().run(u"ALTER TABLE Cars DROP COLUMN sEmoji"_s);
+        m_office.database().run(u"CREATE TABLE Later (i INT)"_s);
+        m_office.database().run(u"DROP TABLE Docs"_s);
+        const BackupFile copy = restoring().restore(requestFor(backup, passphrase));
+        QCOMPARE(m_office.value(carsChecksum), before);
+        QCOMPARE(tables(), u"Cars,Docs,Documents"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+        // The state before is in the copy, and from there comes back too.
+        QVERIFY(copy.exists() && copy.manifest()->reason == BackupManifest::Reason::BeforeRestore);
+        static_cast<void>(restoring().restore(requestFor(copy)));
+        QCOMPARE(m_office.value(u"SELECT COUNT(*) FROM Cars WHERE sName='later'"_s), u"4"_s);
+        QCOMPARE(tables(), u"Cars,Documents,Later"_s);
+    }
+
+    void olderPlainDumpIsRestored()
+    {
+        m_office.fill(3);
+        const QString before = m_office.value(carsChecksum);
+        const QByteArray text = textOfBackup(m_office.take().path());
+        const QString path = m_office.backups() + u'/' + m_office.database().name() + u"-20200102-030405.sql"_s;
+        QFile plain(path);
+        QVERIFY(plain.open(QIODevice::WriteOnly));
+        plain.write(text);
+        plain.close();
+        m_office.database().run(u"DELETE FROM Cars"_s);
+        static_cast<void>(restoring().restore(requestFor(BackupFile(path))));
+        QCOMPARE(m_office.value(carsChecksum), before);
+    }
+
+    void restoringIsNotedAndEndsWhatProgramsHeld()
+    {
+        m_office.fill(1);
+        m_office.database().run(u"CREATE TABLE Changes (iID INT NOT NULL AUTO_INCREMENT PRIMARY KEY, sTable VARCHAR(100), iRecordID INT, iKind INT, iUserID INT, sComputer VARCHAR(100), date DATETIME, sValues MEDIUMTEXT) ENGINE=InnoDB"_s);
+        KLease::createTable();
+        m_office.database().run(u"INSERT INTO Leases(sName,sHolder,sText,dateTaken,dateSeen) VALUES('upgrade','x','x',NOW(),NOW())"_s);
+        const BackupFile backup = m_office.take();
+        static_cast<void>(restoring().restore(requestFor(backup)));
+        QCOMPARE(m_office.value(u"SELECT CONCAT_WS('|',sTable,iRecordID,iKind) FROM Changes"_s), u"Backup|0|5"_s);
+        QVERIFY(m_office.value(u"SELECT sValues FROM Changes"_s).contains(backup.taken().toString(u"yyyy-MM-dd"_s)));
+        QCOMPARE(m_office.value(u"SELECT COUNT(*) FROM Leases"_s), u"0"_s);
+    }
+
+    void cancelledRestoringChangesNothing()
+    {
+        m_office.fill(60'000);
+        const BackupFile backup = m_office.take();
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 5"_s);
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup), [](qint64 done, qint64) { return done == 0; })); });
+        QCOMPARE(error.kind(), ServerError::Kind::Cancelled);
+        QCOMPARE(cars(), u"5"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+
+    void whatCannotBeRestoredChangesNothing_data()
+    {
+        QTest::addColumn<int>("harm");
+        QTest::addColumn<ServerError::Kind>("kind");
+        QTest::newRow("cut off") << 0 << ServerError::Kind::BackupDamaged;
+        QTest::newRow("altered") << 1 << ServerError::Kind::BackupDamaged;
+        QTest::newRow("bad statement") << 2 << ServerError::Kind::DumpFailed;
+        QTest::newRow("no tables") << 3 << ServerError::Kind::DumpFailed;
+        QTest::newRow("wrong passphrase") << 4 << ServerError::Kind::WrongPassphrase;
+        QTest::newRow("schema of a newer program, by its manifest") << 5 << ServerError::Kind::NewerBackup;
+        QTest::newRow("schema of a newer program, by its tables") << 6 << ServerError::Kind::NewerBackup;
+        QTest::newRow("a hook that fails") << 7 << ServerError::Kind::DidNotStart;
+        QTest::newRow("no such file") << 8 << ServerError::Kind::DumpFailed;
+    }
+
+    void whatCannotBeRestoredChangesNothing()
+    {
+        QFETCH(int, harm);
+        QFETCH(ServerError::Kind, kind);
+        m_office.fill(2000);
+        BackupFile backup = m_office.take(harm == 4 ? u"right"_s : QString());
+        BackupRestoring::Request request = requestFor(backup, u"wrong"_s);
+        if (harm == 0) {
+            QVERIFY(QFile::resize(backup.path(), backup.size() / 2));
+        } else if (harm == 1) {
+            QFile file(backup.path());
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            file.seek(backup.size() / 2);
+            file.write("altered");
+        } else if (harm == 2) {
+            request.file = made("CREATE TABLE a (i INT);\nINSERT ONTO a VALUES(1);");
+        } else if (harm == 3) {
+            request.file = made("SELECT 1;");
+        } else if (harm == 5) {
+            BackupManifest manifest = *backup.manifest();
+            manifest.suiteVersion = 9999;
+            backup.setManifest(manifest);
+            request.file = BackupFile(backup.path());
+        } else if (harm == 6) {
+            request.file = made("CREATE TABLE Properties (sSection VARCHAR(50), sKey VARCHAR(50), sValue VARCHAR(50));\n"
+                                "INSERT INTO Properties VALUES('Schema','Suite','9999');");
+        } else if (harm == 7) {
+            request.beforeExchange = [](const QString &) { throw ServerError(ServerError::Kind::DidNotStart, u"نشد"_s); };
+        } else if (harm == 8) {
+            request.file = BackupFile(u"/nonexistent.sql.zst"_s);
+        }
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 5"_s);
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(request)); });
+        QVERIFY2(error.kind() == kind, error.what());
+        QVERIFY(!error.userMessage().isEmpty());
+        QCOMPARE(cars(), u"5"_s);
+        QCOMPARE(tables(), u"Cars,Docs,Documents"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+
+    // Commands of the client that would run programs.
+    void statementsCannotRunPrograms()
+    {
+        const QString trace = m_office.office().path() + u"/trace"_s;
+        m_office.fill(1);
+        const BackupFile backup = made("\\! touch " + trace.toUtf8() + "\nsystem touch " + trace.toUtf8() + "\nCREATE TABLE a (i INT);");
+        static_cast<void>(BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup))); }));
+        QVERIFY(!QFile::exists(trace));
+    }
+
+    void othersAtWorkAreNamedAndMayBeOverruled()
+    {
+        m_office.fill(1);
+        const BackupFile backup = m_office.take();
+        KLease::createTable();
+        QCOMPARE(restoring().othersAtWork(), QStringList());
+        const std::unique_ptr<KLease> other = KLease::tryTake(u"Session of-another-program"_s, u"رایانه دفتر دوم"_s);
+        QVERIFY(other != nullptr);
+        QCOMPARE(restoring().othersAtWork(), QStringList{u"رایانه دفتر دوم"_s});
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup))); });
+        QCOMPARE(error.kind(), ServerError::Kind::InUse);
+        QVERIFY(error.userMessage().contains(u"رایانه دفتر دوم"_s));
+        BackupRestoring::Request insisting = requestFor(backup);
+        insisting.despiteOthers = true;
+        static_cast<void>(restoring().restore(insisting));
+        QCOMPARE(tables(), u"Cars,Docs,Documents"_s);
+    }
+
+    void leftDatabases_data()
+    {
+        QTest::addColumn<QString>("present");
+        QTest::addColumn<QString>("restoring");
+        QTest::addColumn<QString>("replaced");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<int>("beside");
+        QTest::newRow("nothing is left") << u"a,b"_s << u"-"_s << u"-"_s << u"a,b"_s << 0;
+        QTest::newRow("killed while loading") << u"a,b"_s << u"a"_s << u"-"_s << u"a,b"_s << 0;
+        QTest::newRow("killed before the exchange") << u"a,b"_s << u"a,b"_s << u""_s << u"a,b"_s << 0;
+        QTest::newRow("killed after the exchange") << u"a,b"_s << u""_s << u"a,b,c"_s << u"a,b"_s << 0;
+        QTest::newRow("killed while the replaced ones go") << u"a,b"_s << u""_s << u"c"_s << u"a,b"_s << 0;
+        QTest::newRow("nothing but the replaced ones") << u""_s << u""_s << u"a,b"_s << u"a,b"_s << 0;
+        QTest::newRow("cut in the middle of the exchange") << u"b"_s << u"a,b"_s << u"a"_s << u"a,b"_s << 0;
+        QTest::newRow("nobody can tell which are meant") << u"a,b"_s << u"b"_s << u"a"_s << u"a,b"_s << 2;
+    }
+
+    void leftDatabases()
+    {
+        QFETCH(QString, present);
+        QFETCH(QString, restoring);
+        QFETCH(QString, replaced);
+        QFETCH(QString, after);
+        QFETCH(int, beside);
+        const QString name = m_office.database().name();
+        const auto make = [&](const QString &database, const QString &tables) {
+            if (tables == u"-"_s)
+                return;
+            m_office.database().run(u"CREATE DATABASE IF NOT EXISTS `%1`"_s.arg(database));
+            for (const QString &table : tables.split(u',', Qt::SkipEmptyParts))
+                m_office.database().run(u"CREATE TABLE `%1`.`%2` (i INT) ENGINE=InnoDB"_s.arg(database, table));
+        };
+        make(name, present);
+        make(name + u"_restoring"_s, restoring);
+        make(name + u"_replaced"_s, replaced);
+        this->restoring().cleanLeft();
+        QCOMPARE(tables(), after);
+        QCOMPARE(m_office.databasesBeside().size(), beside);
+        for (const QString &each : m_office.databasesBeside())
+            m_office.database().run(u"DROP DATABASE `%1`"_s.arg(each));
+    }
+
+    // Another program restores at this moment.
+    void restoringUnderWayIsLeftAlone()
+    {
+        m_office.fill(1);
+        const BackupFile backup = m_office.take();
+        BackupRestoring::Request request = requestFor(backup);
+        bool looked = false;
+        request.beforeExchange = [&](const QString &database) {
+            restoring().cleanLeft();
+            looked = m_office.databasesBeside().contains(database);
+            QCOMPARE(BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup))); }).kind(), ServerError::Kind::InUse);
+        };
+        static_cast<void>(restoring().restore(request));
+        QVERIFY(looked);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+};
+
+static const RegisteredTest<TestBackupRestoring, QCoreApplication> registeredBackupRestoring;
+#include "TestBackupRestoring.moc"
