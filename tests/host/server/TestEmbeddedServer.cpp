@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "host/backup/BackupTaking.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerState.h"
@@ -449,6 +450,7 @@ void TestEmbeddedServer::aFullDiskIsSaidBeforeTheServerBreaksOff()
 
 void TestEmbeddedServer::damagedOptionsAreWrittenAnew()
 {
+    m_options.takeBackup = BackupTaking::beforeServerUpgrade(folder());
     EmbeddedServer server(folder(), m_options);
     server.start();
     keepOneRow(server);
