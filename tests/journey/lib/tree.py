@@ -364,20 +364,17 @@ class FocusWatch:
 
     def __init__(self):
         self.node = None
-        self.moves = 0
         self._listener = Atspi.EventListener.new(self._heard)
         self._listener.register("object:state-changed:focused")
 
     def _heard(self, event):
         if event.detail1:
             self.node = Node(event.source)
-            self.moves += 1
 
     def listen(self):
-        """Processes what has been announced so far; returns how often the focus has moved."""
+        """Processes what has been announced so far."""
         while GLib.MainContext.default().iteration(False):
             pass
-        return self.moves
 
 
 def _used(node):
