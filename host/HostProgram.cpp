@@ -5,6 +5,7 @@
 
 #include "host/backup/BackupRestoring.h"
 #include "host/backup/BackupTaking.h"
+#include "host/start/BackupCommands.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/start/DatabaseUpgrade.h"
@@ -89,6 +90,12 @@ int HostProgram::start(int argc, char **argv)
     if (options.help || options.version) {
         std::fputs(qUtf8Printable(options.help ? HostOptions::helpText(persian) : HostOptions::versionText(persian)), stdout);
         return 0;
+    }
+
+    if (options.isBackupCommand()) {
+        const QCoreApplication application(argc, argv);
+        QCoreApplication::setApplicationName(u"tzhost"_s);
+        return BackupCommands::run(options, chooseFolder(options), persian);
     }
 
     HostLog::collect();

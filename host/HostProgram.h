@@ -24,7 +24,8 @@ class HostProgram final : public QObject
     Q_OBJECT
 
 public:
-    // The whole program; its exit code: 0 well, 1 it could not work, 2 a wrong command line.
+    // The whole program; its exit code: 0 well, 1 it could not work, 2 a wrong command line; of a command for backups, that of
+    // BackupCommands.
     static int start(int argc, char **argv);
 
     HostProgram(const HostOptions &options, StartupClock &clock);

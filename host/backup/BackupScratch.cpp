@@ -51,7 +51,9 @@ QStringList parents(const DataFolder &office)
 QString roomyParent(const DataFolder &office, const BackupFile &file)
 {
     const qint64 needed = neededBytes(file);
-    platform::makePrivateFolder(office.temporaryPath());
+    // A folder that only might become an office stays as it is.
+    if (QFileInfo(office.path()).isDir())
+        platform::makePrivateFolder(office.temporaryPath());
     for (const QString &parent : parents(office)) {
         const qint64 room = freeBytes(parent);
         if (QFileInfo(parent).isDir() && (room < 0 || room >= needed))

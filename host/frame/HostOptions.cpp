@@ -42,6 +42,17 @@ const QList<Option> &shownOptions()
          u"شمار قراردادهای دفتر نمونه تازه (300)"_s},
         {"module-dir", "DIR", u"folder of the dealership module"_s,
          u"پوشه افزونه گالری اتومبیل"_s},
+        {"backup", "FILE", u"take a backup into this file, or under a name of its own into this folder, and end"_s,
+         u"گرفتن پشتیبان در این پرونده، یا با نامی از خود در این پوشه، و پایان"_s},
+        {"verify", "FILE", u"prove that a backup can be restored, and end"_s, u"آزمودن اینکه پشتیبان بازگردانده می‌شود، و پایان"_s},
+        {"restore", "FILE", u"put a backup in the place of the office's present state, which is backed up before, and end"_s,
+         u"نشاندن پشتیبان به جای وضع کنونی دفتر، که پیش از آن از آن پشتیبان گرفته می‌شود، و پایان"_s},
+        {"list-backups", nullptr, u"list the backups of the data folder, and end"_s, u"فهرست پشتیبان‌های پوشه اطلاعات، و پایان"_s},
+        {"decrypt", "FILE", u"decrypt a backup into the file of --output, for zstd -d, and end"_s,
+         u"رمزگشایی پشتیبان در پرونده --output، برای zstd -d، و پایان"_s},
+        {"output", "FILE", u"file that --decrypt writes"_s, u"پرونده‌ای که --decrypt می‌نویسد"_s},
+        {"passphrase-file", "FILE", u"file whose first line encrypts or opens the backup; - for the standard input"_s,
+         u"پرونده‌ای که سطر نخست آن پشتیبان را رمز یا باز می‌کند؛ - یعنی ورودی استاندارد"_s},
         {"help", nullptr, u"show this text"_s, u"نمایش همین متن"_s},
         {"version", nullptr, u"show the version"_s, u"نمایش نسخه برنامه"_s},
     };
@@ -96,6 +107,37 @@ struct Problem
     QString in(bool wantsPersian) const { return wantsPersian ? persian : english; }
 };
 
+QStringList namesOf(const QCommandLineParser &parser, std::initializer_list<const char *> options)
+{
+    QStringList set;
+    for (const char *name : options) {
+        if (parser.isSet(QString::fromLatin1(name)))
+            set << QString::fromLatin1(name);
+    }
+    return set;
+}
+
+Problem contradictionOfBackups(const QCommandLineParser &parser, const HostOptions &options)
+{
+    const QStringList commands = namesOf(parser, {"backup", "verify", "restore", "list-backups", "decrypt"});
+    if (commands.size() > 1)
+        return {u"--%1 and --%2 cannot be used together."_s.arg(commands[0], commands[1]), u"--%1 و --%2 با هم به کار نمی‌روند."_s.arg(commands[0], commands[1])};
+    const QStringList details = namesOf(parser, {"output", "passphrase-file"});
+    if (commands.isEmpty())
+        return details.isEmpty() ? Problem() : Problem{u"--%1 needs a command for backups, such as --backup."_s.arg(details[0]), u"--%1 همراه یکی از فرمان‌های پشتیبان، مانند --backup، معنا دارد."_s.arg(details[0])};
+    if (!options.isBackupCommand())
+        return {u"--%1 needs the name of a file."_s.arg(commands[0]), u"--%1 به نام پرونده نیاز دارد."_s.arg(commands[0])};
+    if (options.decryptFile.isEmpty() != options.outputFile.isEmpty())
+        return {u"--decrypt and --output need each other."_s, u"--decrypt و --output همراه هم معنا دارند."_s};
+    if (!options.decryptFile.isEmpty() && options.passphraseFile.isEmpty())
+        return {u"--decrypt needs --passphrase-file."_s, u"--decrypt به --passphrase-file نیاز دارد."_s};
+    if (options.demo)
+        return {u"--demo cannot be used with --%1; name its folder by --data-dir."_s.arg(commands[0]), u"--demo همراه --%1 به کار نمی‌رود؛ پوشه آن را با --data-dir نام ببرید."_s.arg(commands[0])};
+    if (options.connect && options.passwordFile.isEmpty() && !(options.backupFile.isEmpty() && options.restoreFile.isEmpty()))
+        return {u"--%1 with --connect needs --password-file."_s.arg(commands[0]), u"--%1 همراه --connect به --password-file نیاز دارد."_s.arg(commands[0])};
+    return {};
+}
+
 Problem contradiction(const QCommandLineParser &parser, const HostOptions &options)
 {
     if (options.connect && options.demo)
@@ -111,7 +153,7 @@ Problem contradiction(const QCommandLineParser &parser, const HostOptions &optio
         return {u"--ca needs --tls."_s, u"--ca همراه --tls معنا دارد."_s};
     if (!options.demo && parser.isSet(u"demo-size"_s))
         return {u"--demo-size needs --demo."_s, u"--demo-size همراه --demo معنا دارد."_s};
-    return {};
+    return contradictionOfBackups(parser, options);
 }
 
 void readValues(const QCommandLineParser &parser, HostOptions &options)
@@ -124,6 +166,13 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.tls = parser.isSet(u"tls"_s);
     options.caFile = parser.value(u"ca"_s);
     options.demo = parser.isSet(u"demo"_s);
+    options.backupFile = parser.value(u"backup"_s);
+    options.verifyFile = parser.value(u"verify"_s);
+    options.restoreFile = parser.value(u"restore"_s);
+    options.listBackups = parser.isSet(u"list-backups"_s);
+    options.decryptFile = parser.value(u"decrypt"_s);
+    options.outputFile = parser.value(u"output"_s);
+    options.passphraseFile = parser.value(u"passphrase-file"_s);
     options.help = parser.isSet(u"help"_s);
     options.version = parser.isSet(u"version"_s);
     options.quitAfterLoginShown = parser.isSet(u"quit-after-login-shown"_s);
@@ -168,6 +217,11 @@ HostOptions HostOptions::parse(const QStringList &arguments, bool persian)
     return options;
 }
 
+bool HostOptions::isBackupCommand() const
+{
+    return listBackups || !(backupFile.isEmpty() && verifyFile.isEmpty() && restoreFile.isEmpty() && decryptFile.isEmpty());
+}
+
 QString HostOptions::helpText(bool persian)
 {
     QString text = persian ? u"حسابداری نمایشگاه اتومبیل\n\nکاربرد: tzhost [گزینه‌ها]\n\n"_s
@@ -178,6 +232,10 @@ QString HostOptions::helpText(bool persian)
             form += u' ' + QString::fromLatin1(option.value);
         text += form + u"\n        "_s + (persian ? option.persian : option.english) + u'\n';
     }
+    text += persian ? u"\nفرمان‌های پشتیبان با این عددها پایان می‌یابند: 0 انجام شد، 1 انجام نشد، 2 گزینه نادرست، 3 پشتیبان ایراد دارد، "
+                      "4 پوشه یا پایگاه داده در دست دیگری است، 5 گذرواژه نادرست\n"_s
+                    : u"\nThe commands for backups end with: 0 done, 1 failed, 2 wrong options, 3 the backup is faulty, "
+                      "4 the folder or database is in use, 5 wrong passphrase\n"_s;
     return text;
 }
 

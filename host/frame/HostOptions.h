@@ -29,6 +29,15 @@ struct HostOptions
     bool demo = false;
     int demoSize = 300; // contracts
 
+    // What is done with backups instead of opening the office. One of these is set at most.
+    QString backupFile; // a file that is to be, or the folder for one
+    QString verifyFile;
+    QString restoreFile;
+    bool listBackups = false;
+    QString decryptFile;
+    QString outputFile;     // of decryptFile
+    QString passphraseFile; // "-": standard input
+
     bool help = false;
     bool version = false;
     bool quitAfterLoginShown = false; // for measuring the start
@@ -37,6 +46,9 @@ struct HostOptions
     QString error;
 
     static constexpr int largestDemo = 1000000;
+
+    // Whether a backup is all that is asked for: no window is opened then.
+    bool isBackupCommand() const;
 
     // arguments without the program's own name. Only error is meaningful when it is not empty.
     static HostOptions parse(const QStringList &arguments, bool persian);

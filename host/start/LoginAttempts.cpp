@@ -24,7 +24,7 @@ const QString attemptsSection = u"LoginAttempts"_s;
 
 struct Attempts
 {
-    QDateTime now;  // by the server's clock
+    QDateTime now; // by the server's clock
     int wrong = 0;
     QDateTime last; // of the wrong ones
 };

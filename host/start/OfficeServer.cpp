@@ -5,29 +5,15 @@
 
 #include "suite/db/KConnection.h"
 #include "host/start/CDlgServerPassword.h"
+#include "host/start/OfficeAccount.h"
 #include "host/frame/HostOptions.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/ServerError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 
-#include <QFile>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-KConnectionSettings settingsOf(const HostOptions &options)
-{
-    KConnectionSettings settings;
-    settings.host = options.host;
-    settings.port = options.port;
-    settings.furtherNodes = options.furtherNodes;
-    settings.user = options.user;
-    settings.database = options.database;
-    settings.useTls = options.tls;
-    settings.caFile = options.caFile;
-    return settings;
-}
 
 // Error numbers of the server and the client library for which the user can be told what to do.
 enum ConnectError : unsigned int {
@@ -84,30 +70,13 @@ bool open(const KConnectionSettings &settings, QWidget *parent, bool *wrongPassw
 
 namespace OfficeServer {
 
-std::optional<QString> readPassword(const QString &path, QString *error)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = u"پرونده کلمه عبور خوانده نشد: %1"_s.arg(ServerError::shownPath(path));
-        return std::nullopt;
-    }
-    if (file.permissions() & (QFile::ReadGroup | QFile::ReadOther)) {
-        *error = u"پرونده کلمه عبور را دیگران هم می‌توانند بخوانند: %1"_s.arg(ServerError::shownPath(path));
-        return std::nullopt;
-    }
-    QByteArray line = file.readLine();
-    while (line.endsWith('\n') || line.endsWith('\r'))
-        line.chop(1);
-    return QString::fromUtf8(line);
-}
-
 bool connect(const HostOptions &options, QWidget *parent)
 {
-    KConnectionSettings settings = settingsOf(options);
+    KConnectionSettings settings = OfficeAccount::settingsOf(options);
     bool wrongPassword = false;
     if (!options.passwordFile.isEmpty()) {
         QString problem;
-        const std::optional<QString> password = readPassword(options.passwordFile, &problem);
+        const std::optional<QString> password = OfficeAccount::readPassword(options.passwordFile, &problem);
         if (!password) {
             g_pDlgWarning->Show(problem, parent);
             return false;

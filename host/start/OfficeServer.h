@@ -3,10 +3,6 @@
 
 #pragma once
 
-#include <QString>
-
-#include <optional>
-
 class QWidget;
 struct HostOptions;
 
@@ -16,8 +12,5 @@ namespace OfficeServer {
 // Configures database 0 and opens a first connection. The password comes from the file of the options, or from a dialog,
 // which is shown again after a refusal. False: the user gave up or was told why there is no connection.
 [[nodiscard]] bool connect(const HostOptions &options, QWidget *parent);
-
-// The first line of the file. Empty optional: it cannot be read, or others may read it; error says which.
-std::optional<QString> readPassword(const QString &file, QString *error);
 
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "host/start/OfficeAccount.h"
 #include "host/start/OfficeServer.h"
 
 #include "suite/db/CTblTemp.h"
@@ -260,7 +261,7 @@ void TestOfficeServer::passwordIsTheFirstLine()
     const QTemporaryDir folder;
     QString error;
     const auto password =
-        OfficeServer::readPassword(writeFile(folder, text, QFile::ReadOwner | QFile::WriteOwner), &error);
+        OfficeAccount::readPassword(writeFile(folder, text, QFile::ReadOwner | QFile::WriteOwner), &error);
     QVERIFY2(password, qPrintable(error));
     QTEST(*password, "password");
 }
@@ -270,7 +271,7 @@ void TestOfficeServer::aFileThatOthersReadIsRefused()
     const QTemporaryDir folder;
     for (const QFile::Permission other : {QFile::ReadGroup, QFile::ReadOther}) {
         QString error;
-        QVERIFY(!OfficeServer::readPassword(writeFile(folder, "word", QFile::ReadOwner | QFile::WriteOwner | other), &error));
+        QVERIFY(!OfficeAccount::readPassword(writeFile(folder, "word", QFile::ReadOwner | QFile::WriteOwner | other), &error));
         QVERIFY(error.contains(folder.path()));
     }
 }
@@ -278,7 +279,7 @@ void TestOfficeServer::aFileThatOthersReadIsRefused()
 void TestOfficeServer::aFileThatIsNotThereIsTold()
 {
     QString error;
-    QVERIFY(!OfficeServer::readPassword(u"/nowhere/word"_s, &error));
+    QVERIFY(!OfficeAccount::readPassword(u"/nowhere/word"_s, &error));
     QVERIFY(error.contains(u"/nowhere/word"_s));
 }
 

@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/backup/BackupFiles.h"
+#include "host/backup/BackupRestoring.h"
+#include "host/backup/BackupScratch.h"
+#include "host/backup/BackupSql.h"
+#include "host/backup/BackupVerification.h"
+#include "host/server/Platform.h"
+#include "tests/host/backup/BackupOffice.h"
+#include "tests/support/BackupText.h"
+#include "tests/support/PrivateTestServer.h"
+#include "tests/support/RegisteredTest.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString cellOf(const KConnectionSettings &settings, const char *statement)
+{
+    KConnection connection(settings);
+    return QString::fromUtf8(BackupSql::value(connection, statement));
+}
+
+}
+
+// Programs that are killed at work, and what the next one finds.
+class TestBackupKilled : public QObject
+{
+    Q_OBJECT
+
+    BackupOffice m_office;
+
+    void kill(const QString &work, const QString &point, const KConnectionSettings &settings, const DataFolder &folder, const BackupFile &file = {})
+    {
+        QProcess victim;
+        victim.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        victim.start(QFileInfo(QCoreApplication::applicationFilePath()).path() + u"/tzbackupvictim"_s, {work, point});
+        for (const QString &line : {settings.socketPath, settings.user, settings.password, settings.database, folder.path(), file.path()})
+            victim.write(line.toUtf8() + '\n');
+        QVERIFY(victim.waitForFinished(120'000));
+        QVERIFY2(victim.exitStatus() == QProcess::CrashExit, "it came to its end");
+    }
+
+    QString cars() { return m_office.value(u"SELECT COUNT(*) FROM Cars"_s); }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_office.renew();
+        m_office.office().create();
+    }
+
+    void whileABackupIsTaken()
+    {
+        m_office.fill(60'000);
+        kill(u"take"_s, u"midway"_s, m_office.database().settings(), m_office.office());
+        QVERIFY(BackupFiles::in(m_office.backups(), m_office.database().name()).isEmpty());
+        QCOMPARE(m_office.files().filter(u".part"_s).size(), 1);
+        // Nobody is held up any more, and the next backup cleans.
+        m_office.database().run(u"DELETE FROM Cars WHERE iID=1"_s);
+        const BackupFile backup = m_office.take();
+        QCOMPARE(m_office.files().size(), 2);
+        QVERIFY(textOfBackup(backup.path()).contains("-- Dump completed"));
+    }
+
+    void whileABackupIsVerified()
+    {
+        m_office.fill(20'000);
+        BackupFile backup = m_office.take();
+        kill(u"verify"_s, u"midway"_s, m_office.database().settings(), m_office.office(), backup);
+        const auto scratches = [this] { return QDir(m_office.office().temporaryPath()).entryList({u"scratch-*"_s}, QDir::Dirs); };
+        QCOMPARE(scratches().size(), 1);
+        QVERIFY(BackupFile(backup.path()).verification().state == BackupManifest::Verification::State::None);
+        BackupScratch::removeLeft(m_office.office());
+        QCOMPARE(scratches(), QStringList());
+        QVERIFY(BackupVerification(m_office.office()).run(backup).verification.state == BackupManifest::Verification::State::Passed);
+    }
+
+    void whileABackupIsRestored_data()
+    {
+        QTest::addColumn<QString>("point");
+        QTest::newRow("while it is loaded") << u"midway"_s;
+        QTest::newRow("right before the exchange") << u"exchange"_s;
+    }
+
+    void whileABackupIsRestored()
+    {
+        QFETCH(QString, point);
+        m_office.fill(20'000);
+        const BackupFile backup = m_office.take();
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 5"_s);
+        kill(u"restore"_s, point, m_office.database().settings(), m_office.office(), backup);
+        QCOMPARE(cars(), u"5"_s);
+        QVERIFY(!m_office.databasesBeside().isEmpty());
+        // What the killed program's client still has on its way ends by itself.
+        const BackupRestoring restoring(m_office.database().settings());
+        QTRY_VERIFY((restoring.cleanLeft(), m_office.databasesBeside().isEmpty()));
+        QCOMPARE(cars(), u"5"_s);
+        // The copy of the state before is whole, and the restoring succeeds now.
+        QCOMPARE(BackupFiles::in(m_office.backups(), m_office.database().name()).size(), 2);
+        static_cast<void>(restoring.restore({backup, {}, m_office.backups()}));
+        QCOMPARE(cars(), u"20001"_s);
+    }
+
+    void whileADamagedFolderIsReplaced_data()
+    {
+        QTest::addColumn<QString>("point");
+        QTest::newRow("while it is loaded") << u"midway"_s;
+        QTest::newRow("right before the folders change places") << u"exchange"_s;
+    }
+
+    void whileADamagedFolderIsReplaced()
+    {
+        QFETCH(QString, point);
+        m_office.fill(20'000);
+        const BackupFile backup = m_office.take();
+        const QTemporaryDir place(PrivateTestServer::folderTemplate());
+        const DataFolder folder(place.filePath(u"office"_s));
+        {
+            EmbeddedServer server(folder, PrivateTestServer::options());
+            server.start();
+            KConnection(server.connectionSettings()).run(QByteArrayLiteral("CREATE TABLE Old (i INT) ENGINE=InnoDB"));
+        }
+        kill(u"newfolder"_s, point, {}, folder, backup);
+        {
+            EmbeddedServer server(folder, PrivateTestServer::options());
+            server.start();
+            QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Old"), u"0"_s);
+            QVERIFY(!QFileInfo::exists(folder.restoringPath()));
+        }
+        const QString damaged = BackupRestoring::intoNewFolder(folder, backup, {}, {}, PrivateTestServer::options());
+        QVERIFY(QFileInfo(damaged + u"/ibdata1"_s).isFile());
+        EmbeddedServer server(folder, PrivateTestServer::options());
+        server.start();
+        QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Cars"), u"20001"_s);
+    }
+
+    // Between the two renames: the damaged database is aside, the restored one has not its name yet.
+    void whileTheFoldersChangePlaces()
+    {
+        const QTemporaryDir place(PrivateTestServer::folderTemplate());
+        const DataFolder folder(place.filePath(u"office"_s));
+        {
+            EmbeddedServer server(folder, PrivateTestServer::options());
+            server.start();
+            KConnection(server.connectionSettings()).run(QByteArrayLiteral("CREATE TABLE Restored (i INT) ENGINE=InnoDB"));
+        }
+        QVERIFY(QDir().rename(folder.databasePath(), folder.restoredDatabasePath()));
+        EmbeddedServer server(folder, PrivateTestServer::options());
+        server.start();
+        QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Restored"), u"0"_s);
+        QVERIFY(!QFileInfo::exists(folder.restoredDatabasePath()));
+    }
+};
+
+static const RegisteredTest<TestBackupKilled, QCoreApplication> registeredBackupKilled;
+#include "TestBackupKilled.moc"
