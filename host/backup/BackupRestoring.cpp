@@ -8,6 +8,7 @@
 #include "host/backup/BackupState.h"
 #include "host/backup/BackupTaking.h"
 #include "host/backup/BackupTools.h"
+#include "host/server/BinaryLog.h"
 #include "host/server/EmbeddedServer.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerState.h"
@@ -224,6 +225,8 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
             if (request.beforeExchange)
                 request.beforeExchange(exchange.aside());
             markRestored(request.file, connection, exchange.aside());
+            // Before the exchange: a kill in between leaves a log that ends too early, never one that leads from one state into another.
+            BinaryLog::beginAnew(connection);
             exchange.run();
         } catch (...) {
             exchange.dropAside();
@@ -315,6 +318,7 @@ QString BackupRestoring::intoNewFolder(const DataFolder &folder, const BackupFil
             platform::flushToDisk(QFileInfo(to).path());
         };
         rename(made.databasePath(), folder.restoredDatabasePath());
+        BinaryLog(folder).putAside();
         QString damaged;
         if (QFileInfo::exists(folder.databasePath())) {
             damaged = folder.databasePath() + u"-damaged-"_s + QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s);
