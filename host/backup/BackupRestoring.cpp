@@ -62,6 +62,17 @@ void requireUsable(const BackupFile &file, KConnection &connection, const QStrin
         throw newerBackup(file);
 }
 
+// A table with a trigger cannot change places, and the program's own have none.
+void requireNoTriggers(KConnection &connection, const QString &database)
+{
+    const QString trigger = QString::fromUtf8(BackupSql::value(
+        connection, "SELECT CONCAT(EVENT_OBJECT_TABLE,'.',TRIGGER_NAME) FROM information_schema.TRIGGERS WHERE EVENT_OBJECT_SCHEMA=" + BackupSql::text(database)));
+    if (!trigger.isEmpty())
+        throw ServerError(ServerError::Kind::DumpFailed,
+                          u"پشتیبان بازگردانده نشد، چون جدولی از پایگاه داده تریگر «\u2068%1\u2069» دارد؛ حذف آن را از مسئول سرور بخواهید."_s.arg(trigger),
+                          u"a trigger: "_s + trigger);
+}
+
 // In the restored tables: that they were restored, and that what programs held when they were dumped is over.
 void markRestored(const BackupFile &file, KConnection &connection, const QString &database)
 {
@@ -212,6 +223,7 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
         if (!exchange.lock())
             throw busy();
         exchange.clean();
+        requireNoTriggers(connection, m_settings.database);
         BackupFile copy;
         if (request.copiesFirst)
             copy = BackupTaking(m_settings, m_programs).take({request.backupsFolder, {}, BackupManifest::Reason::BeforeRestore, request.copyPassphrase}, [&](qint64, qint64) { return !progress || progress(0, request.file.size()); });

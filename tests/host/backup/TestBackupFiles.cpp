@@ -16,6 +16,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -262,6 +265,33 @@ private Q_SLOTS:
         QVERIFY(full.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         QCOMPARE(full.write("x", 1), -1);
         QCOMPARE(full.error(), QFile::ResourceError);
+    }
+
+    // As on a disk whose file system takes no larger files.
+    void writeThatFailsMidwayLeavesNothing()
+    {
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit small{1000, before.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        QByteArray text(2'000'000, Qt::Uninitialized);
+        quint32 random = 1;
+        for (char &byte : text)
+            byte = static_cast<char>((random = random * 1664525 + 1013904223) >> 24);
+        QString message;
+        const auto kind = kindOfFailure([&] {
+            BackupWriter writer(path(u"office-20260102-030405.sql.zst"_s));
+            writer.write(text);
+            writer.close();
+            writer.finish(std::nullopt);
+        },
+                                        &message);
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, ignored);
+        QCOMPARE(kind, ServerError::Kind::FolderNotWritable);
+        QVERIFY(message.contains(m_folder->path()));
+        QCOMPARE(files(), QStringList());
     }
 
     void folderWithoutWritePermissionIsNamed()

@@ -176,6 +176,29 @@ private Q_SLOTS:
         QCOMPARE(m_office.databasesBeside(), QStringList());
     }
 
+    void tableWithATriggerIsNamed()
+    {
+        m_office.fill(1);
+        const BackupFile backup = m_office.take();
+        m_office.database().run(u"CREATE TRIGGER watch BEFORE INSERT ON Cars FOR EACH ROW SET NEW.dPrice = 1"_s);
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup))); });
+        QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+        QVERIFY(error.userMessage().contains(u"Cars.watch"_s));
+        QCOMPARE(m_office.files().size(), 2);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+
+    void viewsStay()
+    {
+        m_office.fill(1);
+        m_office.database().run(u"CREATE VIEW Dear AS SELECT * FROM Cars WHERE dPrice > 1000"_s);
+        const BackupFile backup = m_office.take();
+        m_office.database().run(u"DELETE FROM Cars"_s);
+        static_cast<void>(restoring().restore(requestFor(backup)));
+        QCOMPARE(m_office.value(u"SELECT COUNT(*) FROM Dear"_s), u"1"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+
     // Commands of the client that would run programs.
     void statementsCannotRunPrograms()
     {
