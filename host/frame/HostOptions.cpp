@@ -47,6 +47,8 @@ const QList<Option> &shownOptions()
         {"verify", "FILE", u"prove that a backup can be restored, and end"_s, u"آزمودن اینکه پشتیبان بازگردانده می‌شود، و پایان"_s},
         {"restore", "FILE", u"put a backup in the place of the office's present state, which is backed up before, and end"_s,
          u"نشاندن پشتیبان به جای وضع کنونی دفتر، که پیش از آن از آن پشتیبان گرفته می‌شود، و پایان"_s},
+        {"to", "TIME", u"bring what --restore puts back forward by the binary log, to \"now\", \"1405/09/01 14:20\" or \"2026-11-22T14:20\""_s,
+         u"آنچه --restore بازمی‌گرداند با ثبت تغییرات تا «now»، «1405/09/01 14:20» یا «2026-11-22T14:20» پیش برده می‌شود"_s},
         {"list-backups", nullptr, u"list the backups of the data folder, and end"_s, u"فهرست پشتیبان‌های پوشه اطلاعات، و پایان"_s},
         {"decrypt", "FILE", u"decrypt a backup into the file of --output, for zstd -d, and end"_s,
          u"رمزگشایی پشتیبان در پرونده --output، برای zstd -d، و پایان"_s},
@@ -122,11 +124,13 @@ Problem contradictionOfBackups(const QCommandLineParser &parser, const HostOptio
     const QStringList commands = namesOf(parser, {"backup", "verify", "restore", "list-backups", "decrypt"});
     if (commands.size() > 1)
         return {u"--%1 and --%2 cannot be used together."_s.arg(commands[0], commands[1]), u"--%1 و --%2 با هم به کار نمی‌روند."_s.arg(commands[0], commands[1])};
-    const QStringList details = namesOf(parser, {"output", "passphrase-file"});
+    const QStringList details = namesOf(parser, {"output", "passphrase-file", "to"});
     if (commands.isEmpty())
         return details.isEmpty() ? Problem() : Problem{u"--%1 needs a command for backups, such as --backup."_s.arg(details[0]), u"--%1 همراه یکی از فرمان‌های پشتیبان، مانند --backup، معنا دارد."_s.arg(details[0])};
     if (!options.isBackupCommand())
         return {u"--%1 needs the name of a file."_s.arg(commands[0]), u"--%1 به نام پرونده نیاز دارد."_s.arg(commands[0])};
+    if (parser.isSet(u"to"_s) && (options.restoreFile.isEmpty() || options.connect))
+        return {u"--to needs --restore and the program's own server."_s, u"--to همراه --restore و با سرور خود برنامه معنا دارد."_s};
     if (options.decryptFile.isEmpty() != options.outputFile.isEmpty())
         return {u"--decrypt and --output need each other."_s, u"--decrypt و --output همراه هم معنا دارند."_s};
     if (!options.decryptFile.isEmpty() && options.passphraseFile.isEmpty())
@@ -169,6 +173,7 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.backupFile = parser.value(u"backup"_s);
     options.verifyFile = parser.value(u"verify"_s);
     options.restoreFile = parser.value(u"restore"_s);
+    options.restoreTo = parser.value(u"to"_s);
     options.listBackups = parser.isSet(u"list-backups"_s);
     options.decryptFile = parser.value(u"decrypt"_s);
     options.outputFile = parser.value(u"output"_s);

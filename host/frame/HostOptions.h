@@ -33,6 +33,7 @@ struct HostOptions
     QString backupFile; // a file that is to be, or the folder for one
     QString verifyFile;
     QString restoreFile;
+    QString restoreTo; // the moment to which, see BackupMoment; empty: that of the backup
     bool listBackups = false;
     QString decryptFile;
     QString outputFile;     // of decryptFile

@@ -4,6 +4,7 @@
 #include "host/start/BackupCommands.h"
 
 #include "host/backup/BackupFiles.h"
+#include "host/backup/BackupPointInTime.h"
 #include "host/backup/BackupReader.h"
 #include "host/backup/BackupRestoring.h"
 #include "host/backup/BackupTaking.h"
@@ -141,6 +142,13 @@ private:
 
     int restore()
     {
+        if (!m_options.restoreTo.isEmpty()) {
+            m_moment = BackupMoment::fromText(m_options.restoreTo);
+            if (!m_moment) {
+                complain(text(u"--to: %1 is no time"_s, u"--to: %1 زمان نیست."_s).arg(m_options.restoreTo));
+                return BackupCommands::WrongOptions;
+            }
+        }
         const BackupFile file(m_options.restoreFile);
         if (!m_options.connect)
             return restoreFolder(file);
@@ -154,7 +162,10 @@ private:
     {
         const BackupRestoring restoring(office.settings());
         restoring.cleanLeft();
-        const BackupFile copy = restoring.restore({file, m_passphrase, m_folder.backupsPath(), file.isEncrypted() ? m_passphrase : QString()}, ProgressLines());
+        BackupRestoring::Request request{file, m_passphrase, m_folder.backupsPath(), file.isEncrypted() ? m_passphrase : QString()};
+        if (m_moment)
+            request.beforeExchange = BackupPointInTime(m_folder).onto(office.settings(), file, *m_moment);
+        const BackupFile copy = restoring.restore(request, ProgressLines());
         say(text(u"restored; the state before: %1"_s, u"بازگردانده شد؛ وضع پیش از آن: %1"_s).arg(copy.path()));
     }
 
@@ -176,7 +187,9 @@ private:
             }
             office.close();
         }
-        const QString damaged = BackupRestoring::intoNewFolder(m_folder, file, m_passphrase, ProgressLines());
+        const QString damaged = BackupRestoring::intoNewFolder(
+            m_folder, file, m_passphrase, ProgressLines(), {},
+            m_moment ? BackupPointInTime(m_folder).ontoNew(file, *m_moment) : std::function<void(const KConnectionSettings &)>());
         say(damaged.isEmpty() ? text(u"restored"_s, u"بازگردانده شد"_s) : text(u"restored; the damaged database: %1"_s, u"بازگردانده شد؛ پایگاه داده آسیب‌دیده: %1"_s).arg(damaged));
         return BackupCommands::Done;
     }
@@ -244,6 +257,7 @@ private:
     const DataFolder &m_folder;
     bool m_persian;
     QString m_passphrase;
+    std::optional<BackupMoment> m_moment; // to which is restored; nothing: that of the backup
 };
 
 int exitOf(ServerError::Kind kind)

@@ -3,9 +3,11 @@
 
 #include "host/backup/BackupFiles.h"
 #include "host/backup/BackupSql.h"
+#include "host/server/BinaryLog.h"
 #include "host/server/InstanceLock.h"
 #include "host/server/Platform.h"
 #include "host/start/BackupCommands.h"
+#include "suite/utility/values/ShamsiDate.h"
 #include "tests/support/BackupText.h"
 #include "tests/support/PrivateTestServer.h"
 #include "tests/support/RegisteredTest.h"
@@ -71,6 +73,19 @@ class TestBackupCommands : public QObject
         server.start();
         KConnection connection(server.connectionSettings());
         return QString::fromUtf8(BackupSql::value(connection, "SELECT COUNT(*) FROM Persons"));
+    }
+
+    // A row more, and tomorrow noon a hundred less; returns when that was.
+    QDateTime addOneAndDelete()
+    {
+        const QDateTime deleted(QDate::currentDate().addDays(1), QTime(12, 0, 30));
+        EmbeddedServer server(folder(), PrivateTestServer::options());
+        server.start();
+        KConnection connection(server.connectionSettings());
+        connection.run(QByteArrayLiteral("INSERT INTO Persons(sName) VALUES('later')"));
+        connection.run("SET TIMESTAMP=" + QByteArray::number(deleted.toSecsSinceEpoch()));
+        connection.run(QByteArrayLiteral("DELETE FROM Persons WHERE iID<=100"));
+        return deleted;
     }
 
 private Q_SLOTS:
@@ -205,6 +220,38 @@ private Q_SLOTS:
         QCOMPARE(persons(), u"500"_s);
     }
 
+    void restoringGoesOnToTheLastMinuteOrToAMoment()
+    {
+        BinaryLog(folder()).setWanted(true);
+        const QString path = file(u"mine.sql.zst"_s);
+        QCOMPARE(run({u"--backup"_s, path}).code, int(BackupCommands::Done));
+        const QDateTime deleted = addOneAndDelete();
+        const auto moment = [](const QDateTime &time) { return u"%1 %2"_s.arg(shamsiText(time.date()), time.time().toString(u"HH:mm:ss"_s)); };
+        // What a log does not know it does not make up.
+        const Answer early = run({u"--restore"_s, path, u"--to"_s, moment(deleted.addYears(-1))});
+        QCOMPARE(early.code, int(BackupCommands::Failed));
+        QVERIFY2(early.words.contains(u"پیش از این پشتیبان"_s), qPrintable(early.words));
+        QCOMPARE(persons(), u"401"_s);
+        const Answer last = run({u"--restore"_s, path, u"--to"_s, u"now"_s});
+        QVERIFY2(last.code == BackupCommands::Done, qPrintable(last.words));
+        QCOMPARE(persons(), u"401"_s);
+        const Answer before = run({u"--restore"_s, path, u"--to"_s, moment(deleted)});
+        QVERIFY2(before.code == BackupCommands::Failed, qPrintable(before.words));
+        QVERIFY2(before.words.contains(u"ساعت"_s), qPrintable(before.words));
+        QCOMPARE(persons(), u"401"_s);
+    }
+
+    void aMomentBeforeADeletionIsReached()
+    {
+        BinaryLog(folder()).setWanted(true);
+        const QString path = file(u"mine.sql.zst"_s);
+        QCOMPARE(run({u"--backup"_s, path}).code, int(BackupCommands::Done));
+        const QDateTime deleted = addOneAndDelete();
+        const Answer answer = run({u"--restore"_s, path, u"--to"_s, deleted.toString(u"yyyy-MM-dd'T'HH:mm:ss"_s)});
+        QVERIFY2(answer.code == BackupCommands::Done, qPrintable(answer.words));
+        QCOMPARE(persons(), u"501"_s);
+    }
+
     void folderThatIsNoOfficeStaysSo()
     {
         QVERIFY(QDir(folder().path()).removeRecursively());
@@ -221,6 +268,10 @@ private Q_SLOTS:
         QTest::newRow("decrypting without a passphrase") << u"--decrypt a --output b"_s;
         QTest::newRow("output alone") << u"--output a"_s;
         QTest::newRow("passphrase alone") << u"--passphrase-file a"_s;
+        QTest::newRow("moment alone") << u"--to now"_s;
+        QTest::newRow("moment of a backup") << u"--backup a --to now"_s;
+        QTest::newRow("no moment") << u"--restore a --to yesterday"_s;
+        QTest::newRow("moment on an office server") << u"--connect h/d --user u --password-file p --restore a --to now"_s;
         QTest::newRow("demo office") << u"--demo --list-backups"_s;
         QTest::newRow("office server without a password") << u"--connect h/d --user u --backup a"_s;
     }
