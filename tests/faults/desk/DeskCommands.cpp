@@ -22,6 +22,7 @@
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/MatterPageFilled.h"
+#include "tests/faults/desk/DeskBin.h"
 #include "tests/faults/desk/DeskContention.h"
 #include "tests/faults/desk/DeskMoney.h"
 #include "tests/support/Hand.h"
@@ -349,6 +350,7 @@ QHash<QString, Desk::Command> DeskCommands::all()
         {u"void"_s, DeskMoney::makeVoid},
         {u"cheque"_s, DeskMoney::sendOn},
         {u"back"_s, DeskMoney::takeBack},
+        {u"bin"_s, DeskBin::takeBack},
         {u"report"_s, report},
         {u"asking"_s, asking},
         {u"notices"_s, notices},

@@ -22,6 +22,7 @@
 //   delete KEY, archive KEY           the list's commands on that contract
 //   receive PERSON AMOUNT TEXT        a receipt; value: the document's number
 //   instalments CONTRACT PERSON       opens the window of the plan
+//   bin TABLE KEY                     as DeskBin.h says
 //   report                            value: total income in credit, by the comprehensive report
 //   add, merge, hold, let go          as DeskContention.h says
 //   window                            the modal window on top

@@ -18,6 +18,7 @@ from lib.sound_books import check as check_books
 from . import CLERK
 from .cluster import Cluster
 from .desk import Desk, options
+from .folder import OfficeFolder
 from .server import OFFICE, Server
 from .wire import Wire
 
@@ -112,6 +113,24 @@ class Rig:
         """The real program on a database of its own; the process."""
         return self._processes.start([self._arguments.tzhost, "--data-dir", folder, *further],
                                      log=os.path.join(self._folder, "embedded.log"), environment=self._environment())
+
+    def embedded_tool(self, folder, *words):
+        """The real program with a command for its own database, which ends by itself; what it prints goes to the caller."""
+        return self._processes.start([self._arguments.tzhost, "--data-dir", folder, *words],
+                                     log=os.path.join(self._folder, "tool.log"), environment=self._environment(), talks=True)
+
+    def office_folder(self, name):
+        """A data folder, with nothing in it yet."""
+        return OfficeFolder(self, self._processes, self.folder(name))
+
+    def desk_at(self, options, user=CLERK):
+        """A desk that connects by such options, logged in unless user is None."""
+        self._count += 1
+        desk = Desk(self._processes, self._arguments.tzdesk, ["--data-dir", self._place(), *options], self._log("desk"),
+                    self._environment())
+        if user is not None:
+            desk.do("login", user)
+        return desk
 
     def server_on(self, folder):
         """A database server on the files of a program that is gone; the process."""

@@ -30,7 +30,7 @@ class Server:
         self._folder = folder
         self._data = os.path.join(folder, "data")
         self._socket = os.path.join(folder, "db.sock")
-        self.port = _free_port()
+        self.port = free_port()
         self.process = None
         os.makedirs(os.path.join(folder, "tmp"), exist_ok=True)
 
@@ -106,7 +106,7 @@ class Server:
         self.database.rows(f"DROP DATABASE {OFFICE}; CREATE DATABASE {OFFICE}")
 
 
-def _free_port():
+def free_port():
     with socket.socket() as probe:
         probe.bind(("127.0.0.1", 0))
         return probe.getsockname()[1]
