@@ -291,6 +291,7 @@ void HostProgram::work()
         QTimer shown;
         shown.setSingleShot(true);
         connect(&shown, &QTimer::timeout, &window, &MainWindow::tellDueReminders);
+        connect(&shown, &QTimer::timeout, &window, &MainWindow::emptyBin);
         window.show();
         shown.start(0);
         loop.exec();

@@ -4,13 +4,17 @@
 #include "auto/bin/CarRecordParts.h"
 
 #include "auto/catalog/CatalogEntries.h"
+#include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblAutomobilPayments.h"
 #include "suite/accounting/bin/RecordParts.h"
+#include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/NamedLock.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/treasury/followups/CTblFollowUps.h"
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +46,28 @@ KSql ownDocument(const KWholeRow &contract, int database, const KSql &numberColu
     return KSql::formatted("%1=%2 AND iFiscalYear=%3", numberColumn, num, year);
 }
 
+// An instalment that was received when the backup was taken may be open since. One without any receipt was marked by hand, and stays so.
+void countInstalments(qint32 contractID, int database)
+{
+    CTblTemp receipts(database);
+    QList<qint32> instalments;
+    for (receipts.FormatAndExecuteQuery("SELECT DISTINCT iPaymentID FROM Receipts WHERE iTable=%d AND iRecordID=%d AND iPaymentID>0",
+                                        int(CTblAutomobilContracts::recordKind), contractID);
+         receipts.HasResultRow(); receipts.MoveNextResult())
+        instalments.append(receipts.GetLongFieldValue(0));
+    for (const qint32 instalment : std::as_const(instalments))
+        StoredInstalments::recount(contractID, instalment);
+}
+
 RecordParts contractParts()
 {
     const QString table = u"AutomobilContracts"_s;
     constexpr int kind = CTblAutomobilContracts::recordKind;
     RecordPart calls = RecordParts::byKind(u"FollowUps"_s, u"پیگیری"_s, kind);
     calls.references = {{u"iPaymentID"_s, u"AutomobilPayments"_s}};
+    calls.make = &RecordPart::of<CTblFollowUps>;
+    RecordPart instalments = RecordParts::byColumn(u"AutomobilPayments"_s, u"قسط"_s, u"iAutomobilContractID"_s, table);
+    instalments.make = &RecordPart::of<CTblAutomobilPayments>;
     return {.table = table,
             .form = table,
             .references = {person(u"iPersonFirstID"_s), person(u"iPersonSecondID"_s), user()},
@@ -57,12 +77,14 @@ RecordParts contractParts()
                       {.table = u"Docs"_s,
                        .word = {},
                        .rows = [](const KWholeRow &contract, int database) { return ownDocument(contract, database, "iDocNum"); },
-                       .references = {person(u"iPersonID"_s)}},
-                      RecordParts::byColumn(u"AutomobilPayments"_s, u"قسط"_s, u"iAutomobilContractID"_s, table),
+                       .references = {person(u"iPersonID"_s)},
+                       .make = &RecordPart::of<CTblDocs>},
+                      instalments,
                       RecordParts::files(kind),
                       RecordParts::customValues(kind),
                       calls},
-            .code = u"iCode"_s};
+            .code = u"iCode"_s,
+            .recount = &countInstalments};
 }
 
 RecordParts carParts()

@@ -65,6 +65,7 @@ QVector<KeyList::Entry> KeyList::everywhere()
         {inWindow, u"Ctrl+Shift+Tab"_s, u"صفحه باز قبلی"_s},
         {inWindow, u"Ctrl+W"_s, u"بستن صفحه"_s},
         {inWindow, u"Alt+Home"_s, u"صفحه شروع"_s},
+        {inWindow, u"Ctrl+Z"_s, u"بازگردانی آخرین حذف"_s},
         {inLists, u"Ctrl+F"_s, u"رفتن به فیلتر جستجو"_s},
         {inLists, u"Ctrl+Shift+F"_s, u"باز و بسته کردن فيلتر"_s},
         {inLists, u"F5"_s, u"خواندن دوباره فهرست"_s},

@@ -18,12 +18,18 @@
 #include "host/desk/StartPage.h"
 #include "host/desk/StatusLine.h"
 #include "host/desk/TopBar.h"
+#include "host/desk/UndoOffer.h"
 #include "host/frame/StartupClock.h"
 #include "host/desk/WorkArea.h"
 #include "host/books/CDlgChartOfAccounts.h"
 #include "host/books/CDlgFactors.h"
 #include "host/books/CDlgServices.h"
+#include "suite/accounting/bin/BinRestoring.h"
+#include "suite/accounting/bin/RowDeleting.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/lists/KListPage.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/recovery/CDlgBin.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -85,6 +91,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     , m_module(module)
     , m_bar(new TopBar(this))
     , m_status(new StatusLine(this))
+    , m_undo(new UndoOffer(this))
     , m_reminders(m_bar->reminders())
 {
     // Once it holds the menus, whose room it asks for.
@@ -95,6 +102,9 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     m_workArea = new WorkArea(m_startPage, this);
     setCentralWidget(m_workArea);
     setStatusBar(m_status);
+    m_status->addPermanentWidget(m_undo);
+    connect(m_undo, &UndoOffer::chosen, this, &MainWindow::undoDeletion);
+    RowDeleting::setListener([this](const Bin::Entry &entry) { m_undo->offer(entry); });
     startClock();
     showRights();
     GetDBSetting()->SetTabHost(m_workArea);
@@ -105,6 +115,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
 
 MainWindow::~MainWindow()
 {
+    RowDeleting::setListener({});
     m_workArea->closeAll();
     if (GetDBSetting()->TabHost() == m_workArea)
         GetDBSetting()->SetTabHost(nullptr);
@@ -225,6 +236,7 @@ void MainWindow::buildManagementMenu()
                 {u"&پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); }, control(Qt::Key_B),
                  Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
                 {u"پ&وشه پشتیبان‌ها"_s, u"database"_s, showBackups},
+                {u"&سطل بازیافت"_s, u"delete"_s, &showPage<CDlgBin>, {}, Command::StartsGroup | Command::OpensPage},
             });
 }
 
@@ -257,6 +269,10 @@ void MainWindow::startClock()
     m_clock.setInterval(60 * 1000);
     connect(&m_clock, &QTimer::timeout, this, &MainWindow::showDate);
     connect(&m_clock, &QTimer::timeout, m_reminders, &ReminderBadge::tick);
+    connect(&m_clock, &QTimer::timeout, this, [this] {
+        if (m_binEmptied.isValid() && m_binEmptied != QDate::currentDate())
+            emptyBin();
+    });
     m_clock.start();
 }
 
@@ -283,6 +299,29 @@ void MainWindow::showNote(const QString &text)
 {
     constexpr int shownMilliseconds = 15000;
     m_status->showMessage(text, shownMilliseconds);
+}
+
+void MainWindow::undoDeletion(const Bin::Entry &entry)
+{
+    KErrorBoundary::guarded(this, [&] {
+        const BinRestoring::Restored restored = BinRestoring::run(entry);
+        showNote(restored.message.section(u'\n', 0, 0));
+        if (auto *list = qobject_cast<KListPage *>(m_workArea->currentPage()))
+            list->showRecord(restored.table, restored.key);
+        // What is not as it was is not to be overlooked.
+        if (restored.message.contains(u'\n'))
+            g_pDlgMessage->Show(restored.message, this);
+    });
+}
+
+void MainWindow::emptyBin()
+{
+    m_binEmptied = QDate::currentDate();
+    try {
+        Bin::removeExpired();
+    } catch (const CMySQLException &) {
+        qCWarning(lcHost).noquote() << "bin:" << KErrorText::logText(std::current_exception());
+    }
 }
 
 void MainWindow::tellDueReminders()

@@ -4,7 +4,9 @@
 #pragma once
 
 #include "host/server/DataFolder.h"
+#include "suite/accounting/bin/Bin.h"
 
+#include <QDate>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -16,6 +18,7 @@ class ReminderBadge;
 class StartPage;
 class StatusLine;
 class TopBar;
+class UndoOffer;
 class WorkArea;
 class QMenuBar;
 
@@ -39,6 +42,8 @@ public:
     void refresh();
     // A short note in the status line.
     void showNote(const QString &text);
+    // Removes from the bin what is over, as far as no other desk does so; once after a login, and each day. An error is logged only.
+    void emptyBin();
     // Shows the user's due reminders, if there are any; once after a login. A database that does not answer is logged only:
     // the user's next action reports it.
     void tellDueReminders();
@@ -94,6 +99,7 @@ private:
     void editSettings();
     void takeBackup();
     void switchUser();
+    void undoDeletion(const Bin::Entry &entry);
     void openReminders();
     void showReminders();
     void showKeys();
@@ -108,7 +114,9 @@ private:
     WorkArea *m_workArea = nullptr;
     TopBar *m_bar;
     StatusLine *m_status;
+    UndoOffer *m_undo;
     ReminderBadge *m_reminders;
     QTimer m_clock{this};
+    QDate m_binEmptied;
     bool m_switchingUser = false;
 };

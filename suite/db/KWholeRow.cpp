@@ -65,14 +65,18 @@ const KWholeRow::Cell *KWholeRow::cell(QStringView column) const
 
 qint32 KWholeRow::number(QStringView column) const
 {
-    const Cell *found = cell(column);
-    return found ? found->bytes.toInt() : 0;
+    return bytes(column).toInt();
 }
 
 QString KWholeRow::text(QStringView column) const
 {
+    return QString::fromUtf8(bytes(column));
+}
+
+QByteArray KWholeRow::bytes(QStringView column) const
+{
     const Cell *found = cell(column);
-    return found ? QString::fromUtf8(found->bytes) : QString();
+    return found ? found->bytes : QByteArray();
 }
 
 void KWholeRow::put(QStringView column, const QByteArray &bytes)

@@ -46,6 +46,7 @@ public:
     // 0 and empty for NULL and for a column that the row has not.
     qint32 number(QStringView column) const;
     QString text(QStringView column) const;
+    QByteArray bytes(QStringView column) const;
     // Of a column that the row has; nothing happens for another.
     void set(QStringView column, qint32 number);
     void set(QStringView column, const QString &text);

@@ -29,6 +29,7 @@ FLOORS = [
     ["suite/accounting/attachments", "suite/accounting/books", "suite/accounting/invoices", "suite/accounting/taxfile"],
     ["suite/accounting/bin"],
     ["suite/accounting/lists"],
+    ["suite/accounting/recovery"],
     ["suite/accounting/history"],
     ["suite/crm", "suite/image"],
     ["suite/treasury"],

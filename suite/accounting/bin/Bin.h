@@ -30,7 +30,7 @@ struct Entry
     QDateTime date;
 
     // Kind and title, as "قرارداد 102".
-    QString name() const;
+    TZACCOUNTINGDATA_EXPORT QString name() const;
 };
 
 // The setting, brought to the nearest bound.

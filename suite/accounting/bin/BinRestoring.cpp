@@ -78,7 +78,6 @@ public:
 
     QStringList notes;
 
-private:
     std::optional<qint32> bringAlong(const QString &table, qint32 key)
     {
         const std::optional<Bin::Entry> entry = entryWith(table, key, m_database);
@@ -96,6 +95,7 @@ private:
         return entry->table == table && entry->key == key ? now : key;
     }
 
+private:
     int m_database;
 };
 
@@ -108,6 +108,13 @@ bool BinRestoring::mayRestore(const Bin::Entry &entry, int database)
     const RecordParts *parts = BinnedRecords::of(entry.table);
     KSecurity::forgetRights();
     return parts && entry.userID == GetDBSetting()->GetUserID() && KSecurity::IsGranted(parts->form, KSecurity::Delete);
+}
+
+std::optional<BinRestoring::Along> BinRestoring::bringAlong(const QString &table, qint32 key, int database)
+{
+    Unit unit(database);
+    const std::optional<qint32> now = unit.bringAlong(table, key);
+    return now ? std::optional(Along{*now, unit.notes}) : std::nullopt;
 }
 
 BinRestoring::Restored BinRestoring::run(const Bin::Entry &shown, int database)

@@ -7,6 +7,9 @@
 #include "suite/accounting/bin/Bin.h"
 
 #include <QString>
+#include <QStringList>
+
+#include <optional>
 
 // Takes a deletion back.
 namespace BinRestoring {
@@ -20,6 +23,17 @@ struct Restored
 
 // Who deleted the record takes it back as long as he may delete such ones, an administrator takes back all. As the rights stand now.
 TZACCOUNTINGDATA_EXPORT bool mayRestore(const Bin::Entry &entry, int database = 0);
+
+// A record that came back because another refers to it.
+struct Along
+{
+    qint32 key = 0; // of the row that is referred to, now
+    QStringList notes;
+};
+
+// Brings the record back whose row is in the bin, as its own or among what went along, within a unit of work that brings back another.
+// Nothing: it is not there, or not to be taken back by the current user.
+TZACCOUNTINGDATA_EXPORT std::optional<Along> bringAlong(const QString &table, qint32 key, int database = 0);
 
 // All of the entry comes back, and it leaves the bin; with it come the records that it refers to, where those are in the bin too. One unit
 // of work. Throws KAccountingError, with nothing changed: without the right, in a closed database, when another desk was first, and for

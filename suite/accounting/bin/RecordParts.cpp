@@ -3,6 +3,9 @@
 
 #include "suite/accounting/bin/RecordParts.h"
 
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
+
 #include <algorithm>
 #include <memory>
 #include <vector>
@@ -29,13 +32,16 @@ RecordPart RecordParts::byKind(const QString &table, const QString &word, int ki
 
 RecordPart RecordParts::files(int kind)
 {
-    return byKind(u"FileDocs"_s, u"پرونده"_s, kind);
+    RecordPart part = byKind(u"FileDocs"_s, u"پرونده"_s, kind);
+    part.make = &RecordPart::of<CTblFileDocs>;
+    return part;
 }
 
 RecordPart RecordParts::customValues(int kind)
 {
     RecordPart part = byKind(u"CustomFieldRecords"_s, u"فیلد سفارشی"_s, kind);
     part.references = {{u"iFieldID"_s, u"CustomFields"_s, u"فیلد سفارشی"_s, RecordReference::Gone::LeftOut}};
+    part.make = &RecordPart::of<CTblCustomFieldRecords>;
     return part;
 }
 

@@ -11,6 +11,9 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
+
+class KMySQL;
 
 // A column that holds the key of a row of another table.
 struct RecordReference
@@ -39,6 +42,14 @@ struct RecordPart
     // The condition of the rows; empty: there are none. record: the record's own row.
     std::function<KSql(const KWholeRow &record, int database)> rows;
     QList<RecordReference> references = {};
+    // An empty record of the table, by which its columns are named. Empty: what RecordSubjects knows of the table.
+    std::function<std::unique_ptr<KMySQL>(int database)> make = {};
+
+    template <class Record>
+    static std::unique_ptr<KMySQL> of(int database)
+    {
+        return std::make_unique<Record>(database);
+    }
 };
 
 // What belongs to a record of one table: what its deletion takes along.
@@ -56,6 +67,8 @@ struct RecordParts
     // Run before the record comes back, alone with what is being entered in its table: makes its row fit to those that are there, and says
     // in notes what it changed. What it throws (KAccountingError) keeps the record from coming back.
     std::function<void(KWholeRow &row, int database, QStringList &notes)> settle = {};
+    // Run once a record came back out of a backup: brings what follows from other rows, such as from receipts, to what those say now.
+    std::function<void(qint32 key, int database)> recount = {};
 
     // --- The usual parts ---
     // Rows that name the record by its kind (RecordKinds.h) and key, in iTable and iRecordID.

@@ -35,11 +35,12 @@ bool isPresent(const QString &table, qint32 key, int database)
 
 }
 
-RecordReturn::RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch)
+RecordReturn::RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch, Document document)
     : m_package(package)
     , m_deleted(deleted)
     , m_database(database)
     , m_fetch(std::move(fetch))
+    , m_whichDocument(document)
     , m_parts(BinnedRecords::of(package.table()))
 {
 }
@@ -155,6 +156,12 @@ void RecordReturn::drawDocument(KWholeRow &own)
     const QList<qint32> keys = m_package.keysOf(documentTable);
     if (keys.isEmpty())
         return;
+    if (m_whichDocument == Document::LeftOut) {
+        own.set(u"iDocNum", 0);
+        own.set(u"iFiscalYear", 0);
+        m_notes.append(u"سند آن بازنگشت تا مبلغی دو بار حساب نشود؛ پس از بررسی آن را تایید کنید."_s);
+        return;
+    }
     KWholeRow document = m_package.row({documentTable, keys.constFirst()});
     const qint32 before = document.number(u"iNum");
     const qint32 yearBefore = document.number(u"iFiscalYear");
@@ -193,6 +200,8 @@ void RecordReturn::insert(const KWholeRow &row)
 void RecordReturn::insertParts()
 {
     for (const RecordPackage::Ref &ref : m_package.rows().mid(1)) {
+        if (m_whichDocument == Document::LeftOut && (ref.table == documentTable || ref.table == documentRowTable))
+            continue;
         KWholeRow row = m_document && ref.table == documentTable ? *m_document : m_package.row(ref);
         if (m_document && ref.table == documentRowTable) {
             row.set(u"iDocNum", m_document->number(u"iNum"));

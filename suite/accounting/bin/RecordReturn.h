@@ -25,8 +25,13 @@ public:
     // where it is not there either.
     using Fetch = std::function<std::optional<qint32>(const QString &table, qint32 key)>;
 
+    enum class Document {
+        Own,    // comes back too
+        LeftOut // of a record that is there twice then: money counts once
+    };
+
     // deleted: when the record went; invalid: that is not known.
-    RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch);
+    RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch, Document document = Document::Own);
 
     // Returns the key of the record now. Throws KAccountingError, with a sentence on what stands in the way, and CMySQLException; the
     // transaction is not to be committed then.
@@ -53,6 +58,7 @@ private:
     QDateTime m_deleted;
     int m_database;
     Fetch m_fetch;
+    Document m_whichDocument;
     const RecordParts *m_parts;
     QHash<QString, QList<qint32>> m_taken;
     QHash<std::pair<QString, qint32>, qint32> m_keys; // of the rows that are back

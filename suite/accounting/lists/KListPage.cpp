@@ -407,6 +407,15 @@ void KListPage::selectListed(int key)
         m_list->selectKey(key);
 }
 
+void KListPage::showRecord(const QString &table, int key)
+{
+    if (!m_opened || makeRecord()->GetTableName() != table)
+        return;
+    refresh();
+    selectListed(key);
+    m_list->setFocus(Qt::OtherFocusReason);
+}
+
 void KListPage::emptyList()
 {
     m_list->setRows({});

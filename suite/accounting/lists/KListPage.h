@@ -64,6 +64,8 @@ public:
     // Reads anew what the list shows, with the filter that it was filled with, and whether the database is closed. The selected
     // record and the rows in sight stay so. What is thrown is reported.
     void refresh() override;
+    // Reads anew and selects the record, for one that has come back; nothing where the list shows records of another table.
+    void showRecord(const QString &table, int key);
     // Resets the filter to that of a new page, except for what its table keeps.
     virtual void resetFilter() { filters().reset(); }
     // Runs the command with that id as its button would, if it may run now. False when it may not.

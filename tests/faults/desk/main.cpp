@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/bin/CarRecordParts.h"
+#include "auto/subjects/AutoSubjects.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/DataFolder.h"
@@ -34,6 +35,7 @@ int main(int argc, char **argv)
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     ContractReceiptOwner::enter();
     CarRecordParts::enter();
+    AutoSubjects::enter();
     const KWaitNotice waits;
     g_pDlgWarning->answerAll(true);
     if (!OfficeServer::connect(options, nullptr)) {
