@@ -4,6 +4,10 @@
 #include "tests/look/LookOffice.h"
 
 #include "auto/bin/CarRecordParts.h"
+#include "auto/subjects/AutoSubjects.h"
+#include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/crm/persons/PersonParts.h"
+#include "suite/crm/subjects/CrmSubjects.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/CAutoDBSetting.h"
 #include "auto/db/CTblAutomobilContracts.h"
@@ -92,6 +96,10 @@ void LookOffice::fillCheques()
 {
     ContractReceiptOwner::enter();
     CarRecordParts::enter();
+    AutoSubjects::enter();
+    OfficeSubjects::enter();
+    CrmSubjects::enter();
+    PersonParts::enter();
     const int contract = number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
     const int buyer = number(u"SELECT MAX(iID) FROM Persons"_s);
     const QDateTime today = GetDBSetting()->GetDBServerDate();

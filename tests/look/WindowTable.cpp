@@ -14,6 +14,7 @@
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/contracts/instalments/CDlgPlanChoice.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
+#include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
@@ -39,6 +40,9 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/recovery/CDlgBinEntry.h"
+#include "suite/accounting/recovery/CDlgRecordDifferences.h"
+#include "suite/accounting/recovery/CDlgRestoreRecords.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgPersons.h"
@@ -352,6 +356,39 @@ void addAdministration(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"server-password", window<CDlgServerPassword>(options)});
 }
 
+// With a document, a plan and a file.
+Bin::Entry deletedContract(LookOffice &office)
+{
+    const int like = office.number(u"SELECT MAX(iID) FROM AutomobilContracts WHERE iPersonFirstID>0"_s);
+    CTblAutomobilContracts model;
+    model.IsRecordExist(u"iID"_s, like);
+    CTblAutomobilContracts contract;
+    contract.AddNew();
+    contract.setRowValues(model.rowValues());
+    contract.m_iCode = CTblAutomobilContracts::nextCode();
+    contract.m_iDocNum = 0;
+    contract.Update(true);
+    const int key = contract.m_iID;
+    KConnection::forThread().run(KSql::formatted("INSERT INTO AutomobilPayments(iAutomobilContractID,iNum,date,dAmount) VALUES(%1,1,NOW(),987654321000),(%1,2,NOW(),1250000)", key));
+    KConnection::forThread().run(KSql::formatted("INSERT INTO FileDocs(iTable,iRecordID,sName,oData,dateCreate) VALUES(69,%1,'قرارداد امضا شده.pdf',REPEAT('a',90000),NOW())", key));
+    CTblAutomobilContracts asked;
+    asked.IsRecordExist(u"iID"_s, key);
+    ContractDeleting::run(asked);
+    return Bin::entryOf(u"AutomobilContracts"_s, key).value_or(Bin::Entry());
+}
+
+void addBin(LookOffice &office, std::vector<Entry> &entries)
+{
+    const Bin::Entry entry = deletedContract(office);
+    KConnection::forThread().run(KSql::formatted("UPDATE Bin SET date=date-INTERVAL 86 DAY WHERE iID=%1", entry.id));
+    deletedContract(office);
+    entries.push_back({"bin", page(office, u"سطل بازیافت"_s)});
+    entries.push_back({"bin-entry", window<CDlgBinEntry>(entry)});
+    entries.push_back({"restore-records", window<CDlgRestoreRecords>(0)});
+    const QList<BackupRecords::Difference> differences{{u"مبلغ"_s, u"987,654,321,000"_s, u"1,250,000,000"_s}, {u"نام طرف اول"_s, u"سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری"_s, {}}, {u"به همراه"_s, u"سند، 12 قسط، 3 پرونده"_s, u"سند"_s}};
+    entries.push_back({"record-differences", window<CDlgRecordDifferences>(u"قرارداد 102"_s, differences)});
+}
+
 void addMessages(std::vector<Entry> &entries)
 {
     const QString question = u"آنچه وارد کرده‌اید ذخیره نشده است. پنجره بدون ذخیره بسته شود؟"_s;
@@ -377,6 +414,7 @@ std::vector<Entry> WindowTable::all(LookOffice &office)
     addCars(office, entries);
     addPersonsAndBooks(office, entries);
     addAdministration(office, entries);
+    addBin(office, entries);
     addMessages(entries);
     return entries;
 }
