@@ -65,8 +65,9 @@ QList<KListColumn> CDlgBin::columnTable() const
     constexpr auto right = Qt::AlignRight;
     const auto left = [this](const QVariant &date) {
         const int days = daysLeft(date.toDateTime());
-        return KListColumn::Cell{QString::number(days), days, days <= fewDays};
+        return KListColumn::Cell{QString::number(days), days};
     };
+    const auto isShort = [this](KMySQL &record) { return daysLeft(static_cast<const CTblBin &>(record).m_date) <= fewDays; };
     return {
         KListColumn::rowNumber(),
         {.key = u"date"_s, .title = u"تاریخ حذف"_s, .width = 50, .sortKey = u"date"_s, .column = u"date"_s},
@@ -75,7 +76,7 @@ QList<KListColumn> CDlgBin::columnTable() const
         {.key = u"kind"_s, .title = u"نوع"_s, .width = 60, .alignment = right, .sortKey = u"sTable"_s, .column = u"sTable"_s, .show = kindCell},
         {.key = u"title"_s, .title = u"عنوان"_s, .width = 150, .alignment = right, .sortKey = u"sTitle"_s, .column = u"sTitle"_s, .emptyText = u"-"_s},
         {.key = u"contents"_s, .title = u"به همراه"_s, .width = 150, .alignment = right},
-        {.key = u"left"_s, .title = u"روز مانده"_s, .width = 40, .sortKey = u"date"_s, .column = u"date"_s, .show = left},
+        {.key = u"left"_s, .title = u"روز مانده"_s, .width = 40, .sortKey = u"date"_s, .column = u"date"_s, .show = left, .warns = isShort},
     };
 }
 
