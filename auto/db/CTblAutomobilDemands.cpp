@@ -4,6 +4,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/office/Placeholders.h"
@@ -59,18 +60,36 @@ void CTblAutomobilDemands::unarchive(qint32 code, int database)
 
 int CTblAutomobilDemands::archiveOlderThan(int days, qint32 userID, int database)
 {
-    CTblTemp statement(database);
-    statement.Open(false, false, true);
-    return statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=%d, dateArchive=NOW() "
-                                           "WHERE iStatus=0 AND iArchiveUserID=0 AND DATEDIFF(NOW(), dateCreate)>%d AND %s",
-                                           userID, days, Placeholders::none(u"AutomobilDemands"_s));
+    int archived = 0;
+    KTransaction::runReplayable(
+        [&] {
+            const QString table = u"AutomobilDemands"_s;
+            const KSql none = Placeholders::none(table);
+            CTblTemp old(database);
+            old.Open(false, false, true);
+            old.FormatAndExecuteQuery("SELECT iID FROM AutomobilDemands "
+                                      "WHERE iStatus=0 AND iArchiveUserID=0 AND DATEDIFF(NOW(), dateCreate)>%d AND %s FOR UPDATE",
+                                      days, none);
+            CTblTemp statement(database);
+            archived = statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iArchiveUserID=%d, dateArchive=NOW() "
+                                                       "WHERE iStatus=0 AND iArchiveUserID=0 AND DATEDIFF(NOW(), dateCreate)>%d AND %s",
+                                                       userID, days, none);
+            for (; old.HasResultRow(); old.MoveNextResult())
+                KChangeLog::note(table, old.GetLongFieldValue(0), KChange::Kind::Archived, database);
+        },
+        database);
+    return archived;
 }
 
 void CTblAutomobilDemands::setAlarm(qint32 id, qint32 alarmID, int database)
 {
+    KTransaction transaction(database);
     CTblTemp statement(database);
     statement.Open(false, false, true);
     statement.FormatAndExecuteQuery("UPDATE AutomobilDemands SET iAlarmID=%d WHERE iID=%d", alarmID, id);
+    if (!Placeholders::contains({u"AutomobilDemands"_s, id}, database))
+        KChangeLog::note(u"AutomobilDemands"_s, id, KChange::Kind::Changed, database, {{u"iAlarmID"_s, alarmID > 0 ? 0 : 1, alarmID}});
+    transaction.commit();
 }
 
 qint32 CTblAutomobilDemands::alarmOf(qint32 id, int database)

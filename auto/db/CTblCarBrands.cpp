@@ -3,6 +3,9 @@
 
 #include "auto/db/CTblCarBrands.h"
 
+#include "auto/db/CTblCarClasses.h"
+#include "auto/db/CTblCarModels.h"
+#include "auto/db/DeletedRows.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 
@@ -24,6 +27,10 @@ bool CTblCarBrands::Delete()
 {
     requireRow("Delete");
     KTransaction transaction(database());
+    // A model without classes is none of the statement's rows.
+    const KSql ofBrand = KSql::formatted(" FROM CarModels cm JOIN CarClasses cc ON cc.iBrandID=cm.iID WHERE cm.iClassID=%1", m_iID);
+    DeletedRows::note<CTblCarModels>("SELECT cm.iID" + ofBrand, database());
+    DeletedRows::note<CTblCarClasses>("SELECT cc.iID" + ofBrand, database());
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE cm, cb, cc FROM CarModels cm INNER JOIN CarBrands cb INNER JOIN CarClasses cc "

@@ -3,6 +3,8 @@
 
 #include "auto/db/CTblCarModels.h"
 
+#include "auto/db/CTblCarClasses.h"
+#include "auto/db/DeletedRows.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/db/KTransaction.h"
 
@@ -24,6 +26,7 @@ bool CTblCarModels::Delete()
 {
     requireRow("Delete");
     KTransaction transaction(database());
+    DeletedRows::note<CTblCarClasses>(KSql::formatted("SELECT iID FROM CarClasses WHERE iBrandID=%1", m_iID), database());
     CTblTemp statement(database());
     statement.Open(true, false, true);
     statement.FormatAndExecuteQuery("DELETE cm, cc FROM CarModels cm INNER JOIN CarClasses cc\tWHERE cc.iBrandID=cm.iID "

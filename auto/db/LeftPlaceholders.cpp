@@ -43,6 +43,7 @@ bool removeOne(const Placeholders::Row &row, int database)
             removed = Placeholders::lockLeft(row, database);
             if (!removed)
                 return;
+            record->setNoting(KMySQL::Noting::Nothing);
             if (record->lockRecord(row.key))
                 record->Delete();
             Placeholders::confirm(row.table, row.key, database);

@@ -87,8 +87,12 @@ void save(const Decision<Record> &decision, const Parts<Record> &parts = {})
             record.m_iUserID = GetDBSetting()->GetUserID();
         if (record.m_iCode != codeBefore)
             RecordCodes::requireFree(record.GetTableName(), record.m_iCode, record.m_iID, record.database());
+        const bool isFirst = Placeholders::contains({record.GetTableName(), record.m_iID}, record.database());
+        if (isFirst)
+            record.setNoting(KMySQL::Noting::AsAdded);
         writeWith(record, decision, parts, further);
-        Placeholders::confirm(record.GetTableName(), record.m_iID, record.database());
+        if (isFirst)
+            Placeholders::confirm(record.GetTableName(), record.m_iID, record.database());
     });
 }
 

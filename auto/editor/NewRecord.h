@@ -7,6 +7,7 @@
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/db/KConnection.h"
+#include "suite/db/KMySQL.h"
 #include "suite/db/KTransaction.h"
 
 #include <QString>
@@ -28,7 +29,12 @@ int add(const std::function<void(Record &)> &fill, int database = 0)
     int key = 0;
     KTransaction::runReplayable(
         [&] {
-            key = RecordCodes::add<Record>(fill, database);
+            // The first save notes that the record was added.
+            const auto unnoted = [&fill](Record &record) {
+                record.setNoting(KMySQL::Noting::Nothing);
+                fill(record);
+            };
+            key = RecordCodes::add<Record>(unnoted, database);
             Placeholders::add({Record(database).GetTableName(), key}, session, database);
         },
         database);
@@ -46,6 +52,7 @@ void discard(int key, int database = 0)
             const bool isThere = record.lockRecord(key);
             if (!Placeholders::contains(row, database))
                 return;
+            record.setNoting(KMySQL::Noting::Nothing);
             if (isThere)
                 record.Delete();
             Placeholders::confirm(row.table, key, database);

@@ -4,6 +4,7 @@
 #include "auto/subjects/AutoSubjects.h"
 
 #include "auto/catalog/parameters/InputParameters.h"
+#include "auto/db/PlanTrace.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
@@ -102,12 +103,13 @@ void enterContracts()
                                                {u"iPersonContract2"_s, partyKinds}}),
                            .derived = {},
                            .parts = &partsOfContract});
-    RecordSubjects::enter({.table = u"InstalmentPlan"_s,
+    RecordSubjects::enter({.table = PlanTrace::name(),
                            .kind = u"اقساط قرارداد"_s,
                            .form = form,
                            .make = RecordSubject::maker<CTblAutomobilContracts>(),
                            .title = &contractTitle,
-                           .caption = captions({{u"rows"_s, u"اقساط"_s}, {u"paid"_s, u"پرداخت"_s}, {u"iPersonID"_s, u"پرداخت کننده"_s}})});
+                           .caption = &PlanTrace::captionOf,
+                           .word = &PlanTrace::wordsOf});
 }
 
 void enterCars()

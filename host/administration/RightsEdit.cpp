@@ -5,7 +5,6 @@
 
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/db/KChangeLog.h"
 
 #include <array>
 
@@ -111,14 +110,10 @@ void RightsEdit::lockRow()
 
 void RightsEdit::storeRow()
 {
-    bool changed = false;
     const QHash<QString, int> wanted = rights();
     for (auto form = wanted.cbegin(); form != wanted.cend(); ++form) {
         if (m_stored.value(form.key()) == form.value())
             continue;
         KSecurity::setRights(m_userID, form.key(), form.value());
-        changed = true;
     }
-    if (changed)
-        KChangeLog::note(logKind(), m_userID, KChange::Kind::Changed);
 }

@@ -122,6 +122,7 @@ void KMySQL::CancelUpdate()
     m_hasValues = m_hadValues;
     m_mode = Mode::Browse;
     m_before.clear();
+    m_further.clear();
 }
 
 bool KMySQL::Delete()
@@ -130,12 +131,17 @@ bool KMySQL::Delete()
     requireRow("Delete");
     inTransaction([this] {
         connection().run("DELETE FROM " + GetTableName().toUtf8() + " WHERE iID=" + QByteArray::number(m_columns.key()) + " LIMIT 1");
-        if (isLogged())
-            KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Deleted, m_database, heldValues(KChange::Kind::Deleted));
+        noteDeleted();
     });
     m_hasValues = false;
     m_mode = Mode::Browse;
     return true;
+}
+
+void KMySQL::noteDeleted()
+{
+    if (isNoted())
+        noteRow(KChange::Kind::Deleted, m_columns.key(), heldValues(KChange::Kind::Deleted));
 }
 
 bool KMySQL::Requery()
@@ -332,8 +338,8 @@ void KMySQL::insertRow()
     connection().run("INSERT INTO " + GetTableName().toUtf8() + '(' + names + ") VALUES(" + values + ')');
     m_lastInsertedId = connection().lastInsertedId();
     m_columns.setKey(static_cast<qint32>(m_lastInsertedId));
-    if (isLogged())
-        KChangeLog::note(GetTableName(), m_columns.key(), KChange::Kind::Added, m_database, heldValues(KChange::Kind::Added));
+    if (isNoted())
+        noteRow(KChange::Kind::Added, m_columns.key(), heldValues(KChange::Kind::Added));
 }
 
 void KMySQL::updateRow()
@@ -347,12 +353,20 @@ void KMySQL::updateRow()
             key = m_before[i].toInt();
         else if (!column.isStill(m_before[i])) {
             assignments += column.name.toUtf8() + '=' + literal(column) + ',';
-            if (isLogged())
+            if (isNoted())
                 changes.append({column.name, m_before[i], column.value(), isSecret(column.name)});
         }
     }
-    if (assignments.isEmpty())
+    const bool isFirst = m_noting == Noting::AsAdded;
+    const auto note = [&] {
+        if (isNoted())
+            noteRow(isFirst ? KChange::Kind::Added : KChange::Kind::Changed, key, isFirst ? heldValues(KChange::Kind::Added) : changes);
+    };
+    if (assignments.isEmpty()) {
+        if (isFirst || !m_further.isEmpty())
+            inTransaction(note);
         return;
+    }
     assignments.chop(1);
     inTransaction([&] {
         connection().run("UPDATE " + GetTableName().toUtf8() + " SET " + assignments + " WHERE iID=" + QByteArray::number(key)
@@ -360,9 +374,17 @@ void KMySQL::updateRow()
         if (connection().affectedRows() == 0)
             throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
                                   GetTableName() + QLatin1String(": the row to update is gone"));
-        if (isLogged())
-            KChangeLog::note(GetTableName(), key, KChange::Kind::Changed, m_database, changes);
+        note();
     });
+}
+
+void KMySQL::noteRow(KChange::Kind kind, qint32 key, QList<KChangedValue> values)
+{
+    values.append(m_further);
+    KChangeLog::note(GetTableName(), key, kind, m_database, values);
+    m_further.clear();
+    if (m_noting == Noting::AsAdded)
+        m_noting = Noting::AsWritten;
 }
 
 QList<KChangedValue> KMySQL::heldValues(KChange::Kind kind) const

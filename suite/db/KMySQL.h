@@ -171,6 +171,20 @@ public:
     bool isBasicPlaneOnly(QStringView column);
     // Throws what Update would throw about the text in the column's member (BadCharacter, ValueTooLong); writes nothing.
     void requireFits(QStringView column);
+
+    // What the log of changes makes of the rows that the object writes, where the class is logged.
+    enum class Noting {
+        AsWritten,
+        Nothing, // rows that nobody has saved yet
+        AsAdded  // the first save of such a row: with all that it holds, also where this save changes nothing
+    };
+    void setNoting(Noting noting) { m_noting = noting; }
+    // A value that belongs to the row and stands elsewhere: noted with the next write of the row, which is then noted also where no column
+    // changes.
+    void noteFurther(const KChangedValue &value) { m_further.append(value); }
+    // Notes that the current row is deleted, for a row that goes by the statement of another record.
+    void noteDeleted();
+
     int database() const { return m_database; }
     bool isEditing() const { return m_mode != Mode::Browse; }
 
@@ -193,6 +207,9 @@ private:
     void updateRow();
     // The columns that hold something, as the log notes a row that is added or deleted.
     QList<KChangedValue> heldValues(KChange::Kind kind) const;
+    bool isNoted() const { return isLogged() && m_noting != Noting::Nothing; }
+    // With the further values, which are then forgotten.
+    void noteRow(KChange::Kind kind, qint32 key, QList<KChangedValue> values);
     void inTransaction(const std::function<void()> &work);
     int keepResult(KConnection::Result result);
     [[noreturn]] void raiseNoRow(const char *operation) const;
@@ -209,5 +226,7 @@ private:
     bool m_hadValues = false;       // m_hasValues at that time
     qint64 m_limit = 0;
     quint64 m_lastInsertedId = 0;
+    Noting m_noting = Noting::AsWritten;
+    QList<KChangedValue> m_further;
     KStatementResult m_result; // of the last free statement
 };

@@ -5,12 +5,12 @@
 
 #include "auto/contracts/document/ContractPosting.h"
 #include "auto/contracts/instalments/PlanSpread.h"
+#include "auto/db/PlanTrace.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/ContractLock.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/changes/OfficeClosing.h"
-#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -129,10 +129,8 @@ std::vector<StoredInstalments::Row> rowsOf(int contractID, StoredInstalments::Sc
     return rows;
 }
 
-// A plan has no row of its own, so that who changed it is noted for the contract under this name.
-const QString planName = u"InstalmentPlan"_s;
-
-void requireReplaceable(CTblAutomobilContracts &contract, int contractID, const QList<int> &seen)
+// Returns what is stored.
+std::vector<StoredInstalments::Row> requireReplaceable(CTblAutomobilContracts &contract, int contractID, const QList<int> &seen)
 {
     ContractLock::take(contract, contractID);
     const std::vector<StoredInstalments::Row> rows = StoredInstalments::loadLocked(contractID);
@@ -144,6 +142,16 @@ void requireReplaceable(CTblAutomobilContracts &contract, int contractID, const 
     if (stored != seen)
         throw StoredInstalments::Changed(u"%1 برنامه اقساط این قرارداد را در این میان تغییر داده است. چیزی ذخیره نشد."_s.arg(StoredInstalments::lastChange(contractID)),
                                          stored);
+    return rows;
+}
+
+// For the history.
+QList<PlanTrace::Line> linesOf(const std::vector<StoredInstalments::Row> &rows)
+{
+    QList<PlanTrace::Line> lines;
+    for (const StoredInstalments::Row &row : rows)
+        lines.append({row.number, row.date.date(), row.amount, row.interest});
+    return lines;
 }
 
 void deletePlan(int contractID)
@@ -197,7 +205,7 @@ std::vector<StoredInstalments::Row> StoredInstalments::loadLocked(int contractID
 
 QString StoredInstalments::lastChange(int contractID)
 {
-    return RowChanged::lastChange(planName, contractID);
+    return RowChanged::lastChange(PlanTrace::name(), contractID);
 }
 
 PlanFigures StoredInstalments::figuresOf(const std::vector<Row> &rows, double principal)
@@ -236,7 +244,7 @@ void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const I
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen();
         CTblAutomobilContracts contract;
-        requireReplaceable(contract, owner.contractID, seen);
+        const std::vector<Row> before = requireReplaceable(contract, owner.contractID, seen);
         deletePlan(owner.contractID);
         CTblAutomobilPayments payment;
         int number = 0;
@@ -246,7 +254,7 @@ void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const I
             payment.m_dExtra = plan.interest / terms.count;
             addInstalment(payment, owner, terms, instalment);
         }
-        KChangeLog::note(planName, owner.contractID, KChange::Kind::Changed);
+        PlanTrace::noteRows(owner.contractID, before.empty() ? KChange::Kind::Added : KChange::Kind::Changed, linesOf(before), linesOf(load(owner.contractID)));
         ContractPosting::followPlan(contract);
     });
 }
@@ -287,8 +295,9 @@ void StoredInstalments::remove(int contractID, const QList<int> &seen)
 
 void StoredInstalments::removeLocked(int contractID)
 {
+    const std::vector<Row> before = loadLocked(contractID);
     deletePlan(contractID);
-    KChangeLog::note(planName, contractID, KChange::Kind::Deleted);
+    PlanTrace::noteRows(contractID, KChange::Kind::Deleted, linesOf(before), {});
 }
 
 void StoredInstalments::spread(const CTblAutomobilContracts &contract, const std::vector<Row> &rows, double principal)
@@ -312,7 +321,7 @@ void StoredInstalments::spread(const CTblAutomobilContracts &contract, const std
         if (paid != rows[i].paid)
             setPaid(rows[i].id, paid);
     }
-    KChangeLog::note(planName, contract.m_iID, KChange::Kind::Changed);
+    PlanTrace::noteRows(contract.m_iID, KChange::Kind::Changed, linesOf(rows), linesOf(loadLocked(contract.m_iID)));
 }
 
 QString StoredInstalments::receiptText(int number, int contractCode)
@@ -341,7 +350,9 @@ void StoredInstalments::recount(int contractID, int paymentID)
 {
     for (const Row &row : loadLocked(contractID, Scope::AllDepartments)) {
         const bool whole = InstalmentState::of(row.due, row.received, false).kind == InstalmentState::Paid;
-        if (row.id == paymentID && whole != row.paid)
+        if (row.id == paymentID && whole != row.paid) {
             setPaid(paymentID, whole);
+            PlanTrace::notePaid(contractID, row.number, whole);
+        }
     }
 }

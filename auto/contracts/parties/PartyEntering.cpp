@@ -5,6 +5,7 @@
 
 #include "auto/contracts/document/ContractPosting.h"
 #include "auto/contracts/figures/Commission.h"
+#include "auto/db/PlanTrace.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/db/ContractLock.h"
 #include "suite/accounting/changes/OfficeClosing.h"
@@ -68,7 +69,8 @@ void givePlanTo(int personID, int contractID)
 {
     CTblTemp plan;
     plan.Open(true, false, true);
-    plan.FormatAndExecuteQuery("UPDATE AutomobilPayments SET iPersonID=%d WHERE iAutomobilContractID=%d", personID, contractID);
+    if (plan.FormatAndExecuteQuery("UPDATE AutomobilPayments SET iPersonID=%d WHERE iAutomobilContractID=%d", personID, contractID) > 0)
+        PlanTrace::notePayer(contractID, 0, personID);
 }
 
 }

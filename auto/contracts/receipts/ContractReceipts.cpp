@@ -3,6 +3,7 @@
 
 #include "auto/contracts/receipts/ContractReceipts.h"
 
+#include "auto/db/PlanTrace.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/receipts/ContractDues.h"
@@ -15,7 +16,6 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
@@ -227,7 +227,9 @@ void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QStrin
             throw KAccountingError(u"این قسط دیگر پرداخت شده نیست."_s);
         StoredInstalments::setPaid(entry.paymentID, false);
         keepReason(contractID, entry.paymentID, reason);
-        // A plan has no row of its own.
-        KChangeLog::note(u"InstalmentPlan"_s, contractID, KChange::Kind::Changed);
+        for (const StoredInstalments::Row &row : StoredInstalments::loadLocked(contractID, StoredInstalments::Scope::AllDepartments)) {
+            if (row.id == entry.paymentID)
+                PlanTrace::notePaid(contractID, row.number, false);
+        }
     });
 }

@@ -4,7 +4,9 @@
 #include "suite/accounting/books/CTblDocuments.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
+#include "suite/accounting/changes/ChangedLines.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
@@ -16,6 +18,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcDocuments, "tz.documents")
+
+// In the log of changes.
+const QString notedRows = u"rows"_s;
 
 KSql documentFilter(int num, int fiscalYear)
 {
@@ -112,6 +117,32 @@ void CTblDocuments::EmptyDoc(int num, int fiscalYear, int database)
     temp.FormatAndExecuteQuery("DELETE FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d", num, fiscalYear);
 }
 
+QList<DocumentRow> CTblDocuments::TakeRows(int num, int fiscalYear, int database)
+{
+    QList<DocumentRow> rows;
+    if (num < 1)
+        return rows;
+    CTblTemp taken(database);
+    taken.Open(true, false, true);
+    taken.FormatAndExecuteQuery("DELETE FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d"
+                                " RETURNING IF(iHesabTafsilyCode>0,iHesabTafsilyCode,iHesabMoeenCode),iPersonID,dBed,dBes,sDesc",
+                                num, fiscalYear);
+    for (; taken.HasResultRow(); taken.MoveNextResult())
+        rows.append({taken.GetLongFieldValue(0), taken.GetLongFieldValue(1), taken.GetDoubleFieldValue(2), taken.GetDoubleFieldValue(3), taken.GetTextFieldValue(4)});
+    return rows;
+}
+
+void CTblDocuments::NoteRows(int num, int fiscalYear, const QList<DocumentRow> &before, const QList<DocumentRow> &after, int database)
+{
+    const auto changed = ChangedLines::between(notedRows, documentLines(before), documentLines(after));
+    if (!changed)
+        return;
+    CTblTemp header(database);
+    header.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d", num, fiscalYear);
+    if (header.HasResultRow())
+        KChangeLog::note(CTblDocuments(database).GetTableName(), header.GetLongFieldValue(0), KChange::Kind::Changed, database, {*changed});
+}
+
 void CTblDocuments::DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database)
 {
     if (num < 1)
@@ -122,7 +153,8 @@ void CTblDocuments::DeleteDoc(int num, int fiscalYear, int kind, int userID, con
     set.Open(false, true, true);
     const bool meant = !set.IsEOF() && (kind == 0 || kind == set.m_iKind) && (userID == 0 || userID == set.m_iUserID);
     if (meant) {
-        EmptyDoc(num, fiscalYear, database);
+        if (const auto rows = ChangedLines::between(notedRows, documentLines(TakeRows(num, fiscalYear, database)), {}))
+            set.noteFurther(*rows);
         set.Delete();
         if (!reason.isEmpty())
             qCInfo(lcDocuments).noquote() << "document" << num << "of" << fiscalYear << "deleted:" << reason;
@@ -135,10 +167,17 @@ void CTblDocuments::VoidDoc(int num, int fiscalYear, int database)
     if (num < 1)
         return;
     KTransaction transaction(database);
-    EmptyDoc(num, fiscalYear, database);
-    CTblTemp temp(database);
-    temp.Open(false, false, true);
-    temp.FormatAndExecuteQuery("UPDATE Documents SET iStatus=1 WHERE iNum=%d AND iFiscalYear=%d", num, fiscalYear);
+    const QList<DocumentRow> rows = TakeRows(num, fiscalYear, database);
+    CTblDocuments set(database);
+    set.m_filter = documentFilter(num, fiscalYear);
+    set.Open(false, true, true);
+    if (!set.IsEOF()) {
+        if (const auto changed = ChangedLines::between(notedRows, documentLines(rows), {}))
+            set.noteFurther(*changed);
+        set.Edit();
+        set.m_iStatus = 1;
+        set.Update(true);
+    }
     transaction.commit();
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/books/DocumentRow.h"
 #include "suite/db/KLiveCount.h"
 #include "suite/db/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
@@ -29,6 +30,10 @@ public:
     static bool EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database = 0);
     // Deletes the document's rows and keeps its header.
     static void EmptyDoc(int num, int fiscalYear, int database = 0);
+    // The same, and what was in it.
+    [[nodiscard]] static QList<DocumentRow> TakeRows(int num, int fiscalYear, int database = 0);
+    // Notes what became of a document's rows in the log of changes; nothing where they are the same.
+    static void NoteRows(int num, int fiscalYear, const QList<DocumentRow> &before, const QList<DocumentRow> &after, int database = 0);
     // Deletes the document with its rows. kind and userID, when not 0, must be those of the header, else nothing is
     // deleted; a reason that is not empty is written to the log.
     static void DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database = 0);

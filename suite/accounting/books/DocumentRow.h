@@ -6,7 +6,7 @@
 #include "suite/accounting/books/chart/AccountBalance.h"
 
 #include <QList>
-#include <QString>
+#include <QStringList>
 
 // A row of an accounting document, whatever the document is about, without its place in one. Amounts in the money unit,
 // never negative, and only one of them is above 0.
@@ -23,3 +23,5 @@ struct DocumentRow
 
 // The totals of the two sides of the rows; a document balances when they are equal.
 TZACCOUNTINGDATA_EXPORT AccountBalance documentSum(const QList<DocumentRow> &rows);
+// A line of text per row, its parts by tabs: account, person, debit, credit and description. Amounts come back from it as they were.
+TZACCOUNTINGDATA_EXPORT QStringList documentLines(const QList<DocumentRow> &rows);

@@ -19,21 +19,9 @@ const QString rowsColumn = u"rows"_s;
 // A number may go from a deleted document to a new one: which of them was read.
 const QString headerColumn = u"iHeaderID"_s;
 
-// Brings every double back as it was.
-QString exactly(double value)
-{
-    return QString::number(value, 'g', 17);
-}
-
-// A line of text per row, its parts by tabs: account, person, debit, credit and description.
 QString textOfRows(const QList<DocumentRow> &rows)
 {
-    QStringList texts;
-    for (const DocumentRow &row : rows)
-        texts.append(QStringList{QString::number(row.account), QString::number(row.personID), exactly(row.debit),
-                                 exactly(row.credit), row.description}
-                         .join(u'\t'));
-    return texts.join(u'\n');
+    return documentLines(rows).join(u'\n');
 }
 
 QString shownRows(const QString &text)

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"
+#include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 
@@ -30,6 +31,7 @@ bool DocumentWriter::add(int kind, int fiscalYear)
 {
     m_num = CTblDocuments::AddDoc(kind, m_content.date, m_content.description, fiscalYear, m_database);
     m_fiscalYear = fiscalYear;
+    m_notesRows = kind == Accounts::documentKindManual;
     return m_num != 0;
 }
 
@@ -37,7 +39,8 @@ bool DocumentWriter::rewrite(int num, int fiscalYear)
 {
     if (!CTblDocuments::EditDoc(num, fiscalYear, m_content.date, m_content.description, m_database))
         return false;
-    CTblDocuments::EmptyDoc(num, fiscalYear, m_database);
+    m_before = CTblDocuments::TakeRows(num, fiscalYear, m_database);
+    m_notesRows = true;
     m_num = num;
     m_fiscalYear = fiscalYear;
     return true;
@@ -47,5 +50,7 @@ void DocumentWriter::writeRows() const
 {
     for (const DocumentRow &row : m_content.rows)
         CTblDocs::AddRecord(m_num, m_fiscalYear, row, m_database);
+    if (m_notesRows)
+        CTblDocuments::NoteRows(m_num, m_fiscalYear, m_before, m_content.rows, m_database);
     CTblDocuments::RequireBalanced(m_num, m_fiscalYear, m_database);
 }

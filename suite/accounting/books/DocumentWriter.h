@@ -45,4 +45,7 @@ private:
     int m_database;
     int m_num = 0;
     int m_fiscalYear = 0;
+    QList<DocumentRow> m_before; // what stood in it
+    // The rows of a new document follow from its owner, except for one that was written by hand.
+    bool m_notesRows = false;
 };

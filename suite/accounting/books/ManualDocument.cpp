@@ -4,7 +4,6 @@
 #include "suite/accounting/books/ManualDocument.h"
 
 #include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/AccountChart.h"
@@ -196,8 +195,6 @@ void ManualDocument::change(const OpenedRow *opened, int database)
         throw KAccountingError(u"سند تغییر نکرد."_s);
     requirePersons(rows, database);
     writer.writeRows();
-    // The rows may have changed where the header did not.
-    KChangeLog::note(CTblDocuments(database).GetTableName(), key, KChange::Kind::Changed, database);
 }
 
 ManualDocument ManualDocument::load(int num, int fiscalYear, int database)

@@ -7,7 +7,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/KChangeLog.h"
 
-#include <QSet>
+#include <QMap>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +18,14 @@ constexpr qint32 noKey = -1; // it is one and always there
 QString kindOf(const QString &section)
 {
     return u"Properties:"_s + section;
+}
+
+// Keys say by their first letter what their text stands for.
+QVariant noted(const QString &key, const QString &text)
+{
+    if (text.isEmpty())
+        return {};
+    return key.startsWith(u'b') && key.size() > 1 && key.at(1).isUpper() ? QVariant(text != "0"_L1) : QVariant(text);
 }
 
 QList<CTblValues::Field> fieldsOf(const QList<SettingsEdit::Setting> &settings)
@@ -82,16 +90,17 @@ void SettingsEdit::lockRow()
 
 void SettingsEdit::storeRow()
 {
-    QSet<QString> changed;
+    QMap<QString, QList<KChangedValue>> changed;
     for (const Setting &setting : std::as_const(m_settings)) {
         const QString wanted = text(setting.section, setting.key);
-        if (isSameValue(m_stored.value(nameOf(setting.section, setting.key)), wanted))
+        const QVariant stored = m_stored.value(nameOf(setting.section, setting.key));
+        if (isSameValue(stored, wanted))
             continue;
         CTblProperties::DBWriteSetting(setting.section, setting.key, wanted, m_values->database());
-        changed.insert(setting.section);
+        changed[setting.section].append({setting.caption, noted(setting.key, stored.toString()), noted(setting.key, wanted), setting.isSecret});
     }
     if (!changed.isEmpty())
-        changed.insert(m_settings.constFirst().section);
-    for (const QString &section : std::as_const(changed))
-        KChangeLog::note(kindOf(section), 0, KChange::Kind::Changed, m_values->database());
+        changed.insert(m_settings.constFirst().section, changed.value(m_settings.constFirst().section));
+    for (auto section = changed.cbegin(); section != changed.cend(); ++section)
+        KChangeLog::note(kindOf(section.key()), 0, KChange::Kind::Changed, m_values->database(), section.value());
 }

@@ -11,7 +11,7 @@
 class OfficeSettings;
 
 // Settings of Properties that a window edits together. What others have changed meanwhile stays, and who saved a section
-// last is noted under "Properties:" and its name, and always
+// last is noted under "Properties:" and its name with the values, and always
 // under that of the first.
 class TZACCOUNTINGDATA_EXPORT SettingsEdit final : public RowEdit
 {
@@ -20,7 +20,8 @@ public:
     {
         QString section;
         QString key;
-        QString caption; // as the user knows it
+        QString caption;       // as the user knows it, also in the history
+        bool isSecret = false; // a password, whose values are never noted
     };
 
     // read: as the window read them, with their sections. Settings of one group, by their names, count as one field.

@@ -6,6 +6,7 @@
 #include "suite/accounting/attachments/CTblCustomFields.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
+#include "suite/accounting/books/DocumentValues.h"
 #include "suite/accounting/books/chart/CTblHesabKol.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
 #include "suite/accounting/books/chart/CTblHesabTafsily.h"
@@ -14,6 +15,7 @@
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
+#include "suite/accounting/invoices/InvoiceValues.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -112,7 +114,10 @@ void enterBooks()
                                },
                            .caption = captions({{u"iStatus"_s, statusCaption}, {u"rows"_s, u"ردیف‌ها"_s}}),
                            .word = SubjectWords::anyOf({words(QHash<QString, std::function<QString(int)>>{{u"iKind"_s, &DocumentKinds::name}}),
-                                                        words(QHash<QString, QStringList>{{u"iStatus"_s, {u"معتبر"_s, u"باطل"_s}}})})});
+                                                        words(QHash<QString, QStringList>{{u"iStatus"_s, {u"معتبر"_s, u"باطل"_s}}}),
+                                                        [](const QString &column, const QVariant &value) {
+                                                            return column == "rows"_L1 ? DocumentValues::shown(column, value).value_or(QString()) : QString();
+                                                        }})});
     RecordSubjects::enter(accountSubject<CTblHesabKol>(u"حساب کل"_s));
     RecordSubjects::enter(accountSubject<CTblHesabMoeen>(u"حساب معین"_s));
     RecordSubjects::enter(accountSubject<CTblHesabTafsily>(u"حساب تفصیلی"_s));
@@ -125,10 +130,12 @@ void enterInvoices()
                            .form = u"Factors"_s,
                            .make = RecordSubject::maker<CTblFactors>(),
                            .title = [](KMySQL &record) { return record.value(u"iID").toString(); },
-                           .caption = captions({{u"iStatus"_s, statusCaption}, {u"rows"_s, u"ردیف‌ها"_s}}),
+                           .caption = captions({{u"iStatus"_s, statusCaption}, {u"lines"_s, u"ردیف‌ها"_s}}),
                            .word = [](const QString &column, const QVariant &value) {
                                if (column == "iType"_L1)
                                    return RecordKind::names().at(value.toInt() == CTblFactors::purchase ? RecordKind::PurchaseInvoice : RecordKind::SaleInvoice);
+                               if (column == "lines"_L1)
+                                   return InvoiceValues::shown(column, value).value_or(QString());
                                return column == "iStatus"_L1 ? (value.toInt() == CTblFactors::voided ? u"باطل"_s : u"معتبر"_s) : QString(); }});
     RecordSubjects::enter({.table = u"Services"_s,
                            .kind = u"خدمت"_s,
@@ -156,6 +163,7 @@ void enterLists()
                            .title = [](KMySQL &record) { return static_cast<const CTblReportLayouts &>(record).m_sName; },
                            .caption = captions({{u"sLayout"_s, u"قالب"_s}, {u"sReport"_s, u"گزارش"_s}})});
     // What happens to the data as a whole; there is no row.
+    RecordSubjects::enter({.table = u"Exports"_s, .kind = u"خروجی"_s, .form = {}, .make = RecordSubject::maker<CTblProperties>()});
     RecordSubjects::enter({.table = u"Backup"_s, .kind = u"پشتیبان"_s, .form = {}, .make = RecordSubject::maker<CTblProperties>()});
 }
 

@@ -8,6 +8,7 @@
 #include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/changes/ChangedLines.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -116,11 +117,6 @@ void lockForChange(CTblFactors &record, int num, const Frame &frame)
         throw KAccountingError(refusal);
 }
 
-bool isReturned(int num, const Frame &frame)
-{
-    return InvoicePosting::load(num, frame.database).returned;
-}
-
 // What the user edited, onto the invoice as it is now.
 Invoice mergedOnto(const OpenedRow &opened, const Invoice &edited, const Frame &frame)
 {
@@ -207,13 +203,15 @@ InvoicePosting::Saved write(const Invoice &edited, const OpenedRow *opened, cons
     OfficeClosing::requireOpen(frame.database);
     CTblFactors record(frame.database);
     Invoice invoice = edited;
+    Invoice stored;
     // The lock comes before any other reading: what is read first fixes what this transaction sees.
     if (edited.num != 0) {
         lockForChange(record, edited.num, frame);
         if (opened)
             invoice = mergedOnto(*opened, edited, frame);
         requireSavable(invoice, frame);
-        if (invoice.personID != record.m_iPersonID || invoice.returned != isReturned(edited.num, frame))
+        stored = InvoicePosting::load(edited.num, frame.database);
+        if (invoice.personID != record.m_iPersonID || invoice.returned != stored.returned)
             requireNoMoney(record);
         requireNotBelowMoney(record, invoice, frame);
         record.Edit();
@@ -229,11 +227,10 @@ InvoicePosting::Saved write(const Invoice &edited, const OpenedRow *opened, cons
         throw KAccountingError(u"این شخص دیگر وجود ندارد."_s);
     requireServices(invoice, frame);
     fill(record, invoice, frame);
+    if (const auto lines = ChangedLines::between(u"lines"_s, InvoiceValues::linesOf(stored.lines), InvoiceValues::linesOf(invoice.lines)))
+        record.noteFurther(*lines);
     record.Update(true);
     writeLines(invoice, record, frame);
-    // The lines may have changed where no column of the invoice did.
-    if (edited.num != 0)
-        KChangeLog::note(record.GetTableName(), record.m_iID, KChange::Kind::Changed, frame.database);
     writeDocument(record, documentOf(record, invoice.returned, person), frame);
     return {record.m_iID, record.m_iDocNum, record.m_iFiscalYear};
 }

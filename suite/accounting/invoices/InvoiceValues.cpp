@@ -30,13 +30,9 @@ QString exact(double value)
     return QString::number(value, 'g', 17);
 }
 
-// A line of text per line, its parts by tabs: service, description, count and price.
 QString textOf(const QList<InvoiceLine> &lines)
 {
-    QStringList texts;
-    for (const InvoiceLine &line : lines)
-        texts.append(QStringList{QString::number(line.serviceID), line.desc, exact(line.count), exact(line.price)}.join(u'\t'));
-    return texts.join(u'\n');
+    return InvoiceValues::linesOf(lines).join(u'\n');
 }
 
 QString shownLines(const QString &text)
@@ -67,6 +63,15 @@ InvoiceValues::InvoiceValues(int database)
 }
 
 InvoiceValues::~InvoiceValues() = default;
+
+// The parts of a line by tabs: service, description, count and price.
+QStringList InvoiceValues::linesOf(const QList<InvoiceLine> &lines)
+{
+    QStringList texts;
+    for (const InvoiceLine &line : lines)
+        texts.append(QStringList{QString::number(line.serviceID), line.desc, exact(line.count), exact(line.price)}.join(u'\t'));
+    return texts;
+}
 
 QList<QStringList> InvoiceValues::groups()
 {

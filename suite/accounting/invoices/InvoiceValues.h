@@ -15,6 +15,8 @@ public:
     ~InvoiceValues() override;
 
     // The columns that count as one field.
+    // A line of text per line, as the values hold them.
+    static QStringList linesOf(const QList<InvoiceLine> &lines);
     static QList<QStringList> groups();
     void set(const Invoice &invoice);
     // The invoice that the values say, each of which is that of one of the two.

@@ -24,5 +24,4 @@ public:
 
 protected:
     void DoFieldExchange() override;
-    bool isLogged() const override { return true; }
 };

@@ -4,6 +4,7 @@
 #include "suite/accounting/office/KSecurity.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CTblUserRights.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -34,6 +35,20 @@ const KSecurity::Form *findForm(const QString &name)
     const auto found = std::find_if(forms.cbegin(), forms.cend(),
                                     [&name](const KSecurity::Form &form) { return form.name == name; });
     return found == forms.cend() ? nullptr : &*found;
+}
+
+// The rights of a user are known to the log by the user's key, and a form's bits are one value.
+void noteRights(int userID, const QHash<QString, int> &before, const QHash<QString, int> &after)
+{
+    QList<KChangedValue> values;
+    for (const KSecurity::Form &form : KSecurity::forms()) {
+        const int had = before.value(form.name);
+        const int has = after.value(form.name);
+        if (had != has)
+            values.append({form.name, had, has});
+    }
+    if (!values.isEmpty())
+        KChangeLog::note(u"Rights"_s, userID, KChange::Kind::Changed, 0, values);
 }
 
 KSql userAndForm(int userID, const QString &form)
@@ -173,9 +188,11 @@ QHash<QString, int> KSecurity::storedRights(int userID)
 
 void KSecurity::setRights(int userID, const QString &form, int rights)
 {
+    KTransaction transaction;
     CTblUserRights set;
     set.m_filter = userAndForm(userID, form);
     set.Open(true, true, true);
+    noteRights(userID, {{form, set.IsEOF() ? 0 : set.m_iRights}}, {{form, rights & allRights}});
     if (rights == 0) {
         if (!set.IsEOF())
             set.Delete();
@@ -189,6 +206,7 @@ void KSecurity::setRights(int userID, const QString &form, int rights)
         set.m_iRights = rights & allRights;
         set.Update(true);
     }
+    transaction.commit();
     forgetRights();
 }
 
@@ -197,6 +215,7 @@ void KSecurity::copyRights(int fromUserID, int toUserID)
     if (fromUserID == toUserID)
         return;
     KTransaction transaction;
+    noteRights(toUserID, storedRights(toUserID), storedRights(fromUserID));
     CTblTemp temp;
     temp.Open(false, false, true);
     temp.FormatAndExecuteQuery("DELETE FROM UserRights WHERE iUserID=%d", toUserID);

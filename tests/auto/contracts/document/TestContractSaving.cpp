@@ -98,7 +98,7 @@ private Q_SLOTS:
             tables.append(statement.section(QRegularExpression(u"[ (]"_s), 0, 2));
         QCOMPARE(tables.join(u'|'),
                  u"START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
-                 "INSERT INTO Docs|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
+                 "INSERT INTO Docs|INSERT INTO Changes|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
                  "INSERT INTO CustomFieldRecords|COMMIT"_s);
     }
 
