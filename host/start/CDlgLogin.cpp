@@ -4,6 +4,7 @@
 #include "host/start/CDlgLogin.h"
 
 #include "host/start/LoginAttempts.h"
+#include "suite/accounting/changes/OfficeEvents.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -117,6 +118,7 @@ bool CDlgLogin::OnOK()
         return false;
     }
     LoginAttempts::forget();
+    OfficeEvents::noteSignIn(*user);
     m_userID = *user;
     m_password->clear();
     WriteSetting(section, lastUserKey, m_user->text().trimmed());

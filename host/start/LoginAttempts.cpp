@@ -3,6 +3,7 @@
 
 #include "host/start/LoginAttempts.h"
 
+#include "suite/accounting/changes/OfficeEvents.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/db/CTblTemp.h"
@@ -85,7 +86,9 @@ int LoginAttempts::countWrong(const QString &user)
     store(attempts);
     const int wait = waitAfter(attempts.wrong);
     // A name that nobody has may be a password that was typed into the wrong field.
-    qCWarning(lcLogin).noquote() << "wrong password for" << (CTblUsers::isKnown(user) ? user : u"an unknown user"_s) << "- attempt"
+    const bool isKnown = CTblUsers::isKnown(user);
+    OfficeEvents::noteFailedSignIn(isKnown ? user : QString());
+    qCWarning(lcLogin).noquote() << "wrong password for" << (isKnown ? user : u"an unknown user"_s) << "- attempt"
                                  << attempts.wrong << "in a row on" << QSysInfo::machineHostName() << "- the next one in" << wait << "s";
     return wait;
 }

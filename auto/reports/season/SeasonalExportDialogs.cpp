@@ -3,6 +3,7 @@
 
 #include "auto/reports/season/SeasonalExportDialogs.h"
 
+#include "suite/accounting/changes/OfficeEvents.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/frame/FolderChoice.h"
@@ -58,6 +59,7 @@ bool exportSeasonWithDialogs(QWidget *parent, const SeasonalExport::Report &repo
     }
     if (!isDone(outcome, parent))
         return false;
+    OfficeEvents::noteExport(u"گزارش فصلی"_s, u"فایل مالیات"_s, report.rowCount);
     g_pDlgMessage->Show(u"انجام شد."_s, parent);
     KProcess::Execute(u"Explorer"_s, folder);
     return true;

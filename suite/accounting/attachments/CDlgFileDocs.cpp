@@ -3,6 +3,7 @@
 
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 
+#include "suite/accounting/changes/OfficeEvents.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/attachments/AttachmentCopy.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -178,8 +179,10 @@ bool CDlgFileDocs::saveFileAs(int id, const QString &path)
         return false;
     // Written beside and then put in place, so that a full disk does not cost the file that was there.
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit()) {
+        OfficeEvents::noteExport(name, u"فایل پیوست"_s);
         return true;
+    }
     g_pDlgWarning->Show(u"فایل در این مسیر ذخیره نشد: %1"_s.arg(QDir::toNativeSeparators(path)), this);
     return false;
 }

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 
+#include "suite/accounting/changes/OfficeEvents.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
@@ -28,6 +29,13 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// In the history.
+QString nameOf(const ListReport &report)
+{
+    const QString title = report.shownTitle();
+    return title.isEmpty() ? report.report() : title;
+}
 
 constexpr std::array scales{0.5, 0.75, 1.0, 1.25, 1.5, 2.0};
 constexpr int fitWidthChoice = 0;
@@ -169,19 +177,28 @@ void CDlgReportGenerator::ShowReport()
 bool CDlgReportGenerator::savePdf(const ListReport &report, const QString &path, QWidget *parent)
 {
     ReportProgressWindow progress(u"در حال نوشتن فایل PDF ..."_s, parent);
-    return ReportOutput::writePdf(report, path, progress.callback());
+    if (!ReportOutput::writePdf(report, path, progress.callback()))
+        return false;
+    OfficeEvents::noteExport(nameOf(report), u"PDF"_s, report.rows().size());
+    return true;
 }
 
 bool CDlgReportGenerator::saveSpreadsheet(const ListReport &report, const QString &path, QWidget *parent)
 {
     ReportProgressWindow progress(u"در حال نوشتن صفحه گسترده ..."_s, parent);
-    return ReportOutput::writeSpreadsheet(report, path, progress.callback());
+    if (!ReportOutput::writeSpreadsheet(report, path, progress.callback()))
+        return false;
+    OfficeEvents::noteExport(nameOf(report), u"صفحه گسترده"_s, report.rows().size());
+    return true;
 }
 
 bool CDlgReportGenerator::print(const ListReport &report, QPrinter &printer, QWidget *parent)
 {
     ReportProgressWindow progress(u"در حال چاپ ..."_s, parent);
-    return ReportOutput::print(report, printer, progress.callback());
+    if (!ReportOutput::print(report, printer, progress.callback()))
+        return false;
+    OfficeEvents::noteExport(nameOf(report), u"چاپ"_s, report.rows().size());
+    return true;
 }
 
 void CDlgReportGenerator::askAndSavePdf(const ListReport &report, QWidget *parent)
