@@ -19,6 +19,8 @@
 #include "host/server/TableNames.h"
 #include "host/server/WayBack.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
+#include "suite/accounting/changes/RecordHistory.h"
+#include "suite/accounting/history/CDlgHistory.h"
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
@@ -122,6 +124,7 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     InvoiceReceiptOwner::enter();
     OfficeSubjects::enter();
+    RecordHistory::setWindow(&CDlgHistory::Show);
     CrmSubjects::enter();
     PersonParts::enter();
     TreasurySubjects::enter();

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -53,6 +54,12 @@ void CDlgRecordEditor::buildFrame()
     m_lastCommand = m_active;
     m_unarchive = addCommand(u"برگشت از بايگاني"_s, [this] { unarchive(); });
     m_lastCommand = m_active;
+}
+
+void CDlgRecordEditor::offerHistory()
+{
+    if (m_mode != EditorMode::New)
+        HistoryButton::addTo(this, footer(), m_columns->GetTableName(), m_key);
 }
 
 void CDlgRecordEditor::typedWorkChanged(bool typed)

@@ -142,6 +142,7 @@ protected:
         });
         m_pages = {pages.cbegin(), pages.cend()};
         m_columns = std::make_unique<Record>();
+        offerHistory();
     }
 
     // Saves a record that has no dependent data, over the stored row or as a new one.
@@ -164,6 +165,8 @@ private:
     bool takeAnswer(const RowChanged &conflict);
     bool saveInPlaceOf(const RowChanged &gone);
     void buildFrame();
+    // Of a record that has been saved.
+    void offerHistory();
     bool confirmDoubtsOf(const QList<EditorTabPage *> &pages);
 
     int m_key;

@@ -5,6 +5,7 @@
 
 #include "host/start/CDlgFirstStart.h"
 #include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -43,6 +44,7 @@ CDlgAddUser::CDlgAddUser(int userID, QWidget *parent)
         grid->addCell(check, 4);
     }
     setContent(page, createButtons());
+    HistoryButton::addTo(this, footer(), m_record.GetTableName(), userID);
     m_active->setChecked(true);
     // Only an administrator can create another one.
     m_admin->setEnabled(GetDBSetting()->IsAdmin());

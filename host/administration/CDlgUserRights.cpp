@@ -5,6 +5,7 @@
 
 #include "host/administration/RightsGridModel.h"
 #include "host/administration/RightsRoles.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -70,6 +71,7 @@ CDlgUserRights::CDlgUserRights(int userID, QWidget *parent)
     page->addList(m_view);
     setContent(page, createButtons(), Content::Fills);
     fill(m_edit.rights());
+    HistoryButton::addTo(this, footer(), u"Rights"_s, userID);
     m_edit.remember([this] { m_edit.setRights(m_grid->rights()); });
     resize(LookSizes::scaled(900), LookSizes::scaled(680));
     m_view->setFocus();

@@ -6,6 +6,7 @@
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/books/chart/CTblHesabMoeen.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -107,6 +108,7 @@ void CDlgAddAccount::build(const QString &title, const QString &above)
     addLabelled(grid, u"کد :"_s, m_codeEdit);
     addLabelled(grid, u"نام :"_s, m_name, 4);
     setContent(page, createButtons());
+    HistoryButton::addTo(this, footer(), m_record->GetTableName(), m_edit ? m_edit->key() : 0);
 }
 
 bool CDlgAddAccount::OnOK()

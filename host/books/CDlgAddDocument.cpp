@@ -3,6 +3,7 @@
 
 #include "host/books/CDlgAddDocument.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/db/KLookup.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -99,6 +100,9 @@ void CDlgAddDocument::build()
     page->addList(m_rowsView)->addToFoot(m_totals);
     fillRowCommands(page->addLine());
     setContent(page, createButtons(), Content::Fills);
+    CTblDocuments header;
+    if (m_num != 0 && header.IsRecordExist(u"iNum"_s, m_num, 0, KSql::formatted(" AND iFiscalYear=%1", m_fiscalYear)))
+        HistoryButton::addTo(this, footer(), header.GetTableName(), header.m_iID);
 }
 
 void CDlgAddDocument::placeHead(FormGrid *grid)

@@ -3,6 +3,7 @@
 
 #include "host/books/CDlgAddFactor.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/invoices/CTblFactors.h"
@@ -122,6 +123,7 @@ void CDlgAddFactor::build()
     placeFigures(page->addForm());
     setContent(page, m_showOnly ? createButtons(QString(), u"بازگشت"_s) : createButtons());
     fillFooter();
+    HistoryButton::addTo(this, footer(), CTblFactors().GetTableName(), m_num);
 }
 
 void CDlgAddFactor::placeHead(FormGrid *grid)

@@ -3,6 +3,7 @@
 
 #include "host/books/CDlgAddService.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -32,6 +33,7 @@ CDlgAddService::CDlgAddService(int serviceID, QWidget *parent)
     addLabelled(grid, u"کد :"_s, m_code);
     addLabelled(grid, u"نام :"_s, m_name, 4);
     setContent(page, createButtons());
+    HistoryButton::addTo(this, footer(), m_service.GetTableName(), serviceID);
     m_name->setFocus();
 }
 

@@ -28,6 +28,7 @@
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/lists/KListPage.h"
+#include "suite/accounting/history/CDlgHistory.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/recovery/CDlgBin.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -146,7 +147,7 @@ QAction *MainWindow::makeAction(const Command &command)
         action->setEnabled(false);
         action->setToolTip(hindrance);
         action->setStatusTip(hindrance);
-    } else if (!command.form.isEmpty()) {
+    } else if (!command.form.isEmpty() || (command.options & Command::OfAdministrators)) {
         m_guarded.append({action, command.form, action->toolTip()});
     }
     return action;
@@ -155,8 +156,9 @@ QAction *MainWindow::makeAction(const Command &command)
 void MainWindow::showRights()
 {
     for (const Guarded &entry : std::as_const(m_guarded)) {
-        const bool granted = KSecurity::IsGranted(entry.form, KSecurity::Access);
-        ActionHindrance::set(*entry.action, granted ? QString() : KSecurity::refusalText(entry.form, KSecurity::Access), entry.tip);
+        const bool granted = entry.form.isEmpty() ? GetDBSetting()->IsAdmin() : KSecurity::IsGranted(entry.form, KSecurity::Access);
+        const QString refusal = entry.form.isEmpty() ? u"این دستور تنها برای مدیر است."_s : KSecurity::refusalText(entry.form, KSecurity::Access);
+        ActionHindrance::set(*entry.action, granted ? QString() : refusal, entry.tip);
     }
 }
 
@@ -233,6 +235,7 @@ void MainWindow::buildManagementMenu()
                 {u"&کاربران و دسترسی‌ها"_s, u"user"_s, &showPage<CDlgUsers>, control(Qt::Key_4),
                  Command::OnStartPage | Command::OpensPage, u"Users"_s},
                 {u"&تنظیمات"_s, u"settings"_s, [this] { editSettings(); }, control(Qt::Key_5), Command::OnStartPage, u"Settings"_s},
+                {u"تا&ریخچه"_s, u"history"_s, &showPage<CDlgHistory>, {}, Command::OpensPage | Command::OfAdministrators},
                 {u"&پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); }, control(Qt::Key_B),
                  Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
                 {u"پ&وشه پشتیبان‌ها"_s, u"database"_s, showBackups},

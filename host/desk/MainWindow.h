@@ -65,7 +65,8 @@ private:
             NeedsModule = 2,
             StartsGroup = 4, // a line before it
             OpensPage = 8,   // brings its page to the front where it is open
-            OfUser = 16      // also offered by the user's button
+            OfUser = 16,     // also offered by the user's button
+            OfAdministrators = 32
         };
 
         QString text;              // & before its letter

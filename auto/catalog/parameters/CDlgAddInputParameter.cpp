@@ -5,6 +5,7 @@
 
 #include "auto/catalog/parameters/InputParameterValues.h"
 #include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
@@ -55,6 +56,7 @@ CDlgAddInputParameter::CDlgAddInputParameter(int itemID, int itemType, const QSt
     (new FormGrid(card))->addField(label, new FieldNote(m_name), line, 4);
     (new CardStack(content))->addCard(card);
     setContent(content, createButtons());
+    HistoryButton::addTo(this, footer(), m_item.GetTableName(), itemID);
     resize(LookSizes::scaled(usualWidth), sizeHint().height());
 }
 

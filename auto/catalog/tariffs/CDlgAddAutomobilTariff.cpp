@@ -4,6 +4,7 @@
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 
 #include "auto/catalog/tariffs/TariffTexts.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -81,6 +82,7 @@ void CDlgAddAutomobilTariff::build()
     m_created->setReadOnly(true);
     m_created->hide();
     setContent(content, createButtons());
+    HistoryButton::addTo(this, footer(), m_record.GetTableName(), m_edit.key());
     resize(LookSizes::scaled(usualWidth), sizeHint().height());
 }
 

@@ -6,6 +6,7 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
 #include "suite/accounting/books/DocumentRowsPane.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/CardPage.h"
@@ -48,6 +49,7 @@ CDlgShowDocument::CDlgShowDocument(int num, int fiscalYear, QWidget *parent)
     page->cards()->addCard(head);
     page->cards()->addCard(m_rows, true);
     setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    HistoryButton::addTo(this, footer(), document.GetTableName(), document.m_iID);
     resize(LookSizes::scaled(860), LookSizes::scaled(420));
     m_rows->list()->selectRow(0);
     m_rows->list()->setFocus();

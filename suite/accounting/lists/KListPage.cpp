@@ -3,6 +3,7 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
+#include "suite/accounting/changes/RecordHistory.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -178,11 +179,20 @@ void KListPage::takeDatabaseState()
 
 void KListPage::buildCommands()
 {
-    m_commands = new KListCommands(commands(),
+    std::vector<KListCommand> all = commands();
+    if (RecordHistory::isOffered(records().GetTableName()))
+        all.push_back(historyCommand());
+    m_commands = new KListCommands(std::move(all),
                                    {m_list, m_filterBox->searchRow(), [this](QWidget *parent) { return m_printing.makeMenu(parent, [this] { return !m_closed; }); },
                                     [this](const std::function<void()> &work) { guarded(work); },
                                     FormName()},
                                    this);
+}
+
+KListCommand KListPage::historyCommand()
+{
+    return {u"history"_s, RecordHistory::caption(), KListCommand::NeedsRow | KListCommand::InRowMenu | KListCommand::HiddenInSelect, [this] { RecordHistory::show(records().GetTableName(), m_list->currentKey(), this); },
+            QKeySequence(Qt::CTRL | Qt::Key_H), u":/icons/history.svg"_s};
 }
 
 KListCommand KListPage::printCommand(int options)

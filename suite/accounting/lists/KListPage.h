@@ -173,6 +173,7 @@ private:
     void buildFilterBox();
     QWidget *buildCard();
     void buildCommands();
+    KListCommand historyCommand();
     void withReport(const std::function<void(ListReport &)> &work);
     void search();
     void searchInPlace();

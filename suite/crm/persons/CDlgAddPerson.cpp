@@ -4,6 +4,7 @@
 #include "suite/crm/persons/CDlgAddPerson.h"
 
 #include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -157,6 +158,7 @@ void CDlgAddPerson::build()
     placeTax(page);
     const bool show = m_mode == Mode::Show;
     setContent(page, show ? createButtons({}, u"بستن"_s) : createButtons());
+    HistoryButton::addTo(this, footer(), m_record.GetTableName(), m_mode == Mode::Add ? 0 : m_record.m_iID);
     m_form->setShowMode(show);
     m_tax->setReadOnly(show);
     connect(m_form->comboBox(u"iKind"_s), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);

@@ -3,6 +3,7 @@
 
 #include "suite/treasury/cheques/CDlgShowCheque.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -33,6 +34,7 @@ CDlgShowCheque::CDlgShowCheque(const CTblCheques &cheque, QWidget *parent)
     setContent(page, createButtons(QString(), u"بازگشت"_s));
     QPushButton *history = addButton(footer(), u"گردش چک"_s, u":/icons/document.svg"_s);
     connect(history, &QPushButton::clicked, this, [this, key = cheque.m_iID] { CDlgChequeHistory::Show(key, this); });
+    HistoryButton::addTo(this, footer(), cheque.GetTableName(), cheque.m_iID);
 }
 
 void CDlgShowCheque::Show(int chequeID, QWidget *parent)

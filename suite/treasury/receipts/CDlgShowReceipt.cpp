@@ -4,6 +4,7 @@
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 
 #include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -55,6 +56,7 @@ CDlgShowReceipt::CDlgShowReceipt(const ReceiptDetails &receipt, QWidget *parent)
         addVoiding(*page);
     setContent(page, createButtons(QString(), u"بازگشت"_s));
     addCommands();
+    HistoryButton::addTo(this, footer(), CTblReceipts().GetTableName(), receipt.number);
 }
 
 void CDlgShowReceipt::Show(int receiptID, QWidget *parent)
