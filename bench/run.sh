@@ -18,6 +18,7 @@ for program in \
         ReportOfContracts \
         SaveContract \
         SaveWithBinaryLog \
+        NoteValues \
         MatchDemand \
         CarList \
         ExportSeason \

@@ -9,6 +9,9 @@
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
+#include "suite/accounting/changes/RecordHistory.h"
+#include "suite/accounting/history/CDlgHistory.h"
+#include "suite/treasury/subjects/TreasurySubjects.h"
 #include "auto/CAutoDBSetting.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "host/demo/DemoData.h"
@@ -95,11 +98,13 @@ void LookOffice::fillLong()
 void LookOffice::fillCheques()
 {
     ContractReceiptOwner::enter();
-    CarRecordParts::enter();
-    AutoSubjects::enter();
     OfficeSubjects::enter();
     CrmSubjects::enter();
+    TreasurySubjects::enter();
+    AutoSubjects::enter();
+    CarRecordParts::enter();
     PersonParts::enter();
+    RecordHistory::setWindow(&CDlgHistory::Show);
     const int contract = number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
     const int buyer = number(u"SELECT MAX(iID) FROM Persons"_s);
     const QDateTime today = GetDBSetting()->GetDBServerDate();

@@ -36,6 +36,7 @@
 #include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/history/CDlgHistory.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
@@ -159,6 +160,11 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
                        })});
     entries.push_back({"users", page(office, users)});
     entries.push_back({"reminders", page(office, reminders)});
+    entries.push_back({"history", page(office, u"تاریخچه"_s)});
+    entries.push_back({"history-of-contract", modal([&office] {
+                           CTblAutomobilContracts contract;
+                           CDlgHistory::Show(contract.GetTableName(), office.number(u"SELECT MAX(iID) FROM AutomobilContracts"_s), nullptr);
+                       })});
 }
 
 // Money of both sides, one receipt of it void.

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What it costs to note the values of a change: a contract and a person saved on a database that keeps them, against one that keeps who
+// changed what and no more.
+
+#include "bench/BenchOffice.h"
+#include "bench/RatioReporter.h"
+#include "bench/Trial.h"
+
+#include "auto/contracts/document/ContractSaving.h"
+#include "suite/accounting/frame/KApplication.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/db/CTblTemp.h"
+#include "suite/db/KTableSchema.h"
+
+#include <cstdio>
+
+namespace {
+
+int contractID = 0;
+int personID = 0;
+
+void keepValues(bool on)
+{
+    CTblTemp statement;
+    statement.ExecuteQuery(on ? KSql("ALTER TABLE Changes ADD COLUMN IF NOT EXISTS sValues MEDIUMTEXT DEFAULT NULL")
+                              : KSql("ALTER TABLE Changes DROP COLUMN IF EXISTS sValues"));
+    KTableSchema::forgetAll();
+}
+
+bool saveContract(int turn)
+{
+    ContractSaving::Decision decision;
+    decision.key = contractID;
+    decision.write = [turn](CTblAutomobilContracts &contract) {
+        contract.m_dCommission = turn % 2 == 0 ? 5'000'000 : 6'000'000;
+        contract.m_sExplain = QString::number(turn);
+        contract.m_dAmount += turn % 2 == 0 ? 1'000 : -1'000;
+    };
+    return ContractSaving::save(decision).docNum != 0;
+}
+
+bool savePerson(int turn)
+{
+    CTblPersons person;
+    if (!person.IsRecordExist(QStringLiteral("iID"), personID))
+        return false;
+    person.Edit();
+    person.m_sAddress = QStringLiteral("تهران، خیابان %1").arg(turn);
+    person.m_sMobile = turn % 2 == 0 ? QStringLiteral("09121234567") : QStringLiteral("09127654321");
+    person.m_dPercentDiscount = turn % 50;
+    return person.Update(true);
+}
+
+template <bool (*save)(int)>
+void measure(benchmark::State &state)
+{
+    keepValues(state.range(0) != 0);
+    int turn = 0;
+    for (auto _ : state) {
+        if (!save(++turn))
+            state.SkipWithError("nothing was saved");
+    }
+}
+
+template <class Record>
+int anyOf()
+{
+    Record record;
+    record.m_filter = "iStatus=0";
+    record.SetLimit(1);
+    record.Open(true, true, true);
+    return record.m_iID;
+}
+
+}
+
+BENCHMARK(measure<saveContract>)->Name("contract")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond)->Repetitions(Trial::repetitions(15))->UseRealTime();
+BENCHMARK(measure<savePerson>)->Name("person")->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond)->Repetitions(Trial::repetitions(15))->UseRealTime();
+
+int main(int argc, char **argv)
+{
+    KApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    const BenchOffice office(Trial::size(1'000));
+    contractID = anyOf<CTblAutomobilContracts>();
+    personID = anyOf<CTblPersons>();
+
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    keepValues(true);
+    const bool contracts = reporter.printRatio("a contract saved with its values noted / without", "contract/1/real_time", "contract/0/real_time", 1.1);
+    const bool persons = reporter.printRatio("a person saved with the values noted / without", "person/1/real_time", "person/0/real_time", 1.1);
+    return contracts && persons ? 0 : 1;
+}
