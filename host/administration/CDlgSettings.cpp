@@ -3,6 +3,7 @@
 
 #include "host/administration/CDlgSettings.h"
 
+#include "host/administration/BackupFields.h"
 #include "host/frame/HostLook.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -38,13 +39,15 @@ QList<SettingsEdit::Setting> editedSettings()
     const auto setting = [](const OfficeSettings::Key &key, const QString &caption) {
         return SettingsEdit::Setting{key.section.toString(), key.key.toString(), caption};
     };
-    return {setting(OfficeSettings::moneyUnit, u"نام واحد پول"_s),
-            setting(OfficeSettings::decimals, u"رقم‌های اعشار"_s),
-            setting(OfficeSettings::year, u"سال مالی"_s),
-            setting(OfficeSettings::opening, u"تاریخ افتتاح"_s),
-            setting(OfficeSettings::closing, u"تاریخ پایان"_s),
-            setting(OfficeSettings::catalogLocked, u"قفل فهرست خودروها"_s),
-            setting(OfficeSettings::closed, u"بسته بودن پایگاه داده"_s)};
+    return QList<SettingsEdit::Setting>{
+               setting(OfficeSettings::moneyUnit, u"نام واحد پول"_s),
+               setting(OfficeSettings::decimals, u"رقم‌های اعشار"_s),
+               setting(OfficeSettings::year, u"سال مالی"_s),
+               setting(OfficeSettings::opening, u"تاریخ افتتاح"_s),
+               setting(OfficeSettings::closing, u"تاریخ پایان"_s),
+               setting(OfficeSettings::catalogLocked, u"قفل فهرست خودروها"_s),
+               setting(OfficeSettings::closed, u"بسته بودن پایگاه داده"_s)}
+    + BackupFields::settings();
 }
 
 QString onOrOff(bool on)
@@ -64,13 +67,14 @@ std::optional<QString> shown(const QString &setting, const QVariant &value)
 
 }
 
-CDlgSettings::CDlgSettings(QWidget *parent)
-    : CDlgSettings(OfficeSettings::read(), parent)
+CDlgSettings::CDlgSettings(const DataFolder &folder, QWidget *parent)
+    : CDlgSettings(folder, OfficeSettings::read(BackupFields::sections()), parent)
 {
 }
 
-CDlgSettings::CDlgSettings(const OfficeSettings &settings, QWidget *parent)
+CDlgSettings::CDlgSettings(const DataFolder &folder, const OfficeSettings &settings, QWidget *parent)
     : KDialog(parent)
+    , m_folder(folder)
     , m_wasClosed(settings.isClosed())
     , m_edit(settings, editedSettings(), {{nameOf(OfficeSettings::year), nameOf(OfficeSettings::opening), nameOf(OfficeSettings::closing)}})
 {
@@ -94,6 +98,7 @@ void CDlgSettings::build()
     addOffice(u"واحد پول"_s, &CDlgSettings::placeMoney);
     addOffice(u"سال مالی"_s, &CDlgSettings::placeFiscalYear);
     addOffice(u"نام خودرو"_s, &CDlgSettings::placeCatalog);
+    m_backups = new BackupFields(m_folder, GetDBSetting()->IsAdmin(), m_wasClosed, page);
     placeDatabase(page->addForm(u"پایگاه داده"_s));
     placeLook(page->addForm(u"نمایش"_s));
     setContent(page, createButtons());
@@ -176,6 +181,7 @@ void CDlgSettings::load(const OfficeSettings &settings)
     m_closing->setDateTime(settings.fiscalYearClosingDate());
     m_catalogLocked->setChecked(settings.isCatalogLocked());
     m_closed->setChecked(m_wasClosed);
+    m_backups->load(settings);
 }
 
 bool CDlgSettings::refuse(const QString &message, QWidget *field)
@@ -212,10 +218,13 @@ void CDlgSettings::write()
     set(OfficeSettings::opening, m_opening->date().toString(Qt::ISODate));
     set(OfficeSettings::closing, m_closing->date().toString(Qt::ISODate));
     set(OfficeSettings::catalogLocked, onOrOff(m_catalogLocked->isChecked()));
+    m_backups->write(m_edit);
 }
 
 QWidget *CDlgSettings::fieldOf(const QString &setting) const
 {
+    if (QWidget *field = m_backups->fieldOf(setting))
+        return field;
     const QHash<QString, QWidget *> fields{{nameOf(OfficeSettings::moneyUnit), m_unit},
                                            {nameOf(OfficeSettings::decimals), m_decimals},
                                            {nameOf(OfficeSettings::year), m_fiscalYear},
@@ -229,9 +238,16 @@ bool CDlgSettings::OnOK()
 {
     if (!m_wasClosed && !validate())
         return false;
-    const RowQuestions::Texts texts{.format = shown, .goTo = [this](const QString &setting) { fieldOf(setting)->setFocus(); }};
-    if (RowQuestions::save(this, m_edit, texts, [this] { write(); }) != RowQuestions::Outcome::Saved)
+    if (const QString problem = m_backups->problem(); !problem.isEmpty()) {
+        g_pDlgWarning->Show(problem, this);
         return false;
+    }
+    const RowQuestions::Texts texts{.format = shown, .goTo = [this](const QString &setting) { fieldOf(setting)->setFocus(); }};
+    if (RowQuestions::save(
+            this, m_edit, texts, [this] { write(); }, [this] { m_backups->requireMayChange(m_edit); })
+        != RowQuestions::Outcome::Saved)
+        return false;
+    m_backups->storeHere();
     setDefaultMoneyDecimals(GetDBSetting()->MoneyDecimals());
     if (const auto look = HostLook::Choice(m_look->currentIndex()); look != HostLook::choice())
         HostLook::choose(look);

@@ -3,9 +3,11 @@
 
 #pragma once
 
+#include "host/server/DataFolder.h"
 #include "suite/accounting/changes/SettingsEdit.h"
 #include "suite/utility/frame/KDialog.h"
 
+class BackupFields;
 class FormGrid;
 class KDateEdit;
 class KEdit;
@@ -14,20 +16,21 @@ class QCheckBox;
 class QComboBox;
 
 // What all users of the database share: the dealership's details, the money unit, the fiscal year, whether the car catalog
-// may be edited, and whether the database is closed. Of a closed database only that last one can be changed. Besides, the program's
-// colours on this computer, which are the user's own.
+// may be edited, when backups are taken, and whether the database is closed. Of a closed database only that last one can be changed.
+// Besides, what this computer does about backups, and the program's colours on it, which are the user's own.
 class CDlgSettings : public KDialog
 {
     Q_OBJECT
 
 public:
-    explicit CDlgSettings(QWidget *parent = nullptr);
+    // The folder is where backups and their passphrase are.
+    explicit CDlgSettings(const DataFolder &folder, QWidget *parent = nullptr);
 
 protected:
     bool OnOK() override;
 
 private:
-    CDlgSettings(const OfficeSettings &settings, QWidget *parent);
+    CDlgSettings(const DataFolder &folder, const OfficeSettings &settings, QWidget *parent);
     void build();
     void placeCompany(FormGrid *grid);
     void placeMoney(FormGrid *grid);
@@ -41,6 +44,7 @@ private:
     void write();
     QWidget *fieldOf(const QString &setting) const;
 
+    DataFolder m_folder;
     bool m_wasClosed;
     SettingsEdit m_edit;
     KEdit *m_unit = nullptr;
@@ -51,4 +55,5 @@ private:
     QCheckBox *m_catalogLocked = nullptr;
     QCheckBox *m_closed = nullptr;
     QComboBox *m_look = nullptr;
+    BackupFields *m_backups = nullptr;
 };

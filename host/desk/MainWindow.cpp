@@ -373,7 +373,7 @@ bool MainWindow::mayManage(bool changes)
 
 void MainWindow::editSettings()
 {
-    if (!mayManage(true) || CDlgSettings(this).exec() != QDialog::Accepted)
+    if (!mayManage(true) || CDlgSettings(m_folder, this).exec() != QDialog::Accepted)
         return;
     refresh();
     if (KDialogTabPage *page = m_workArea->currentPage())

@@ -19,6 +19,7 @@
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
+#include "host/administration/CDlgBackupPassphrase.h"
 #include "host/administration/CDlgUserRights.h"
 #include "host/books/CDlgAddAccount.h"
 #include "host/books/CDlgAddDocument.h"
@@ -350,6 +351,7 @@ void addAdministration(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"rights-administrator", command(office, users, u"rights"_s)});
     entries.push_back({"rights", window<CDlgUserRights>(user)});
     entries.push_back({"settings", menuEntry(office, u"تنظیمات"_s)});
+    entries.push_back({"backup-passphrase", window<CDlgBackupPassphrase>(office.folder())});
     entries.push_back({"password", menuEntry(office, u"تغییر کلمه عبور"_s)});
     entries.push_back({"keys", menuEntry(office, u"کلیدها"_s)});
     entries.push_back({"about", menuEntry(office, u"درباره برنامه"_s)});

@@ -249,13 +249,21 @@ void CTblUsers::requireAdminLeft(qint32 key)
 // Asked of the table: who may was decided when somebody logged in, and whom it is about when a window was opened.
 void CTblUsers::requireMayChange(int userID, int database)
 {
-    const auto isActiveAdmin = [database](int key, bool alsoInactive) {
-        CTblUsers user(database);
-        user.SetColumns({u"iStatus"_s, u"bAdmin"_s});
-        return user.IsRecordExist(u"iID"_s, key) && user.m_bAdmin != 0 && (alsoInactive || user.m_iStatus == 0);
-    };
-    if (KChangeLog::author() != 0 && isActiveAdmin(userID, true) && !isActiveAdmin(KChangeLog::author(), false))
+    if (KChangeLog::author() != 0 && isAdministrator(userID, true, database))
+        requireAdministrator(database);
+}
+
+void CTblUsers::requireAdministrator(int database)
+{
+    if (!isAdministrator(KChangeLog::author(), false, database))
         throw KAccountingError(u"این کار فقط برای مدیر برنامه مجاز است."_s);
+}
+
+bool CTblUsers::isAdministrator(int userID, bool alsoInactive, int database)
+{
+    CTblUsers user(database);
+    user.SetColumns({u"iStatus"_s, u"bAdmin"_s});
+    return user.IsRecordExist(u"iID"_s, userID) && user.m_bAdmin != 0 && (alsoInactive || user.m_iStatus == 0);
 }
 
 bool CTblUsers::isKnown(const QString &user, int database)

@@ -50,6 +50,8 @@ public:
     // Throws KAccountingError unless whoever works with the program is an active administrator now, or the user is none. Within the
     // unit that changes the user.
     static void requireMayChange(int userID, int database = 0);
+    // Throws KAccountingError unless whoever works with the program is an active administrator now.
+    static void requireAdministrator(int database = 0);
     // Whether another active administrator would remain without this user; the last one must stay.
     static bool hasOtherAdmin(int userID, int database = 0);
     static QString GetName(int userID, int database = 0);
@@ -73,5 +75,6 @@ protected:
 
 private:
     static void renewHash(const CTblUsers &verified, const QString &hash);
+    static bool isAdministrator(int userID, bool alsoInactive, int database);
     void lockForChange(qint32 key);
 };

@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QPushButton>
 #include <QTest>
 
@@ -59,7 +60,7 @@ struct Settings
     {
     }
 
-    CDlgSettings dialog;
+    CDlgSettings dialog{DataFolder(QDir::tempPath() + u"/no-office"_s)};
     KEdit *unit;
     QComboBox *decimals;
     KEdit *year;
@@ -185,7 +186,7 @@ void TestCDlgSettings::twoDesks()
     QFETCH(TwoDesks::Case, what);
     TwoDesks({
                  .reset = [] { GetDBSetting()->SetMoneyUnitName(u"ریال"_s); },
-                 .open = [] { return std::make_unique<CDlgSettings>(); },
+                 .open = [] { return std::make_unique<CDlgSettings>(DataFolder(QDir::tempPath() + u"/no-office"_s)); },
                  .enter = [](KDialog &window) { named<KEdit>(window, u"نام واحد پول :"_s)->setText(u"تومان"_s); },
                  .changeOther = [] { GetDBSetting()->SetCatalogLocked(true); },
                  .changeSame = [] { GetDBSetting()->SetMoneyUnitName(u"درهم"_s); },
