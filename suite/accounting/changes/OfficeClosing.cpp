@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 void OfficeClosing::requireOpen(int database)
 {
+    if (OfficeSettings::isOnlyRead())
+        throw KAccountingError(OfficeSettings::closedMessage());
     CTblTemp setting(database);
     setting.Open(true, false, true);
     setting.ExecuteQuery(KSql::formatted("SELECT sValue FROM Properties WHERE sSection=%1 AND sKey=%2 LOCK IN SHARE MODE",

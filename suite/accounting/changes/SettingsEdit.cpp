@@ -76,6 +76,11 @@ void SettingsEdit::take(const OfficeSettings &read)
         setText(setting.section, setting.key, read.text(setting.section, setting.key, {}));
 }
 
+bool SettingsEdit::isRefusedWhenClosed() const
+{
+    return !m_changesClosed || OfficeSettings::isOnlyRead();
+}
+
 // Nobody else is here; the rows themselves cannot be locked, because some are not there before they are set.
 void SettingsEdit::lockRow()
 {

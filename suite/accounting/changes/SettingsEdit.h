@@ -41,7 +41,7 @@ public:
 protected:
     void lockRow() override;
     void storeRow() override;
-    bool isRefusedWhenClosed() const override { return !m_changesClosed; }
+    bool isRefusedWhenClosed() const override;
     bool isAlwaysAlone() const override { return true; }
 
 private:

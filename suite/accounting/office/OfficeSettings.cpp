@@ -12,6 +12,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString &onlyReadReason()
+{
+    static QString reason;
+    return reason;
+}
+
+}
+
 OfficeSettings OfficeSettings::read(const QStringList &furtherSections, int database)
 {
     QStringList sections;
@@ -25,7 +35,8 @@ OfficeSettings OfficeSettings::read(const QStringList &furtherSections, int data
         quoted.append(KSql::quoted(section));
     // Joined to a single row, so that the clock comes along even where nothing is stored.
     temp.ExecuteQuery(KSql::formatted("SELECT NOW(),sSection,sKey,sValue FROM (SELECT 1) AS clock LEFT JOIN Properties"
-                                      " ON sSection IN (%1)", KSql::joined(quoted, ",")));
+                                      " ON sSection IN (%1)",
+                                      KSql::joined(quoted, ",")));
     OfficeSettings settings;
     settings.m_serverTime = temp.GetDateFieldValue(0);
     for (; temp.HasResultRow(); temp.MoveNextResult())
@@ -45,7 +56,17 @@ bool OfficeSettings::isOn(const Key &key) const
 
 bool OfficeSettings::isClosed() const
 {
-    return isOn(closed);
+    return isOnlyRead() || isOn(closed);
+}
+
+void OfficeSettings::setOnlyRead(const QString &reason)
+{
+    onlyReadReason() = reason;
+}
+
+bool OfficeSettings::isOnlyRead()
+{
+    return !onlyReadReason().isEmpty();
 }
 
 void OfficeSettings::requireOpen() const
@@ -56,7 +77,7 @@ void OfficeSettings::requireOpen() const
 
 QString OfficeSettings::closedMessage()
 {
-    return u"این پایگاه داده بسته شده است و تغییر آن ممکن نیست."_s;
+    return isOnlyRead() ? onlyReadReason() : u"این پایگاه داده بسته شده است و تغییر آن ممکن نیست."_s;
 }
 
 bool OfficeSettings::isCatalogLocked() const

@@ -46,6 +46,10 @@ public:
     void requireOpen() const;
     // What the refusal says.
     static QString closedMessage();
+    // From now on this program changes no database, whatever that says of itself: it shows a copy, and this is what a refusal says.
+    // Empty: as the database says, as at first.
+    static void setOnlyRead(const QString &reason);
+    static bool isOnlyRead();
     // Whether the car catalog is only read and chosen from.
     bool isCatalogLocked() const;
 
