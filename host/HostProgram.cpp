@@ -3,9 +3,17 @@
 
 #include "host/HostProgram.h"
 
+#include "host/administration/BackupKeeper.h"
+#include "host/administration/BackupListing.h"
+#include "host/administration/BackupPassphrase.h"
+#include "host/administration/BackupProcess.h"
+#include "host/administration/BackupProgress.h"
+#include "host/administration/CDlgClosingBackup.h"
 #include "host/backup/BackupRestoring.h"
 #include "host/backup/BackupTaking.h"
 #include "host/start/BackupCommands.h"
+#include "host/administration/BackupView.h"
+#include "host/administration/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/start/DatabaseUpgrade.h"
@@ -28,11 +36,14 @@
 #include "suite/treasury/subjects/TreasurySubjects.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/OfficeSession.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/db/KTableSchema.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/TemporaryFolders.h"
 
@@ -128,6 +139,8 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     CrmSubjects::enter();
     PersonParts::enter();
     TreasurySubjects::enter();
+    if (!options.moduleDir.isEmpty())
+        BackupProcess::setFurtherArguments({u"--module-dir"_s, options.moduleDir});
     KErrorText::setDamageText([this](const QStringList &tables) { return damageText(tables); });
 }
 
@@ -138,31 +151,25 @@ HostProgram::~HostProgram()
 }
 
 // Where an error names no table, the private server's log names the file.
-QString HostProgram::damageText(const QStringList &tables) const
+QString HostProgram::damageText(const QStringList &tables)
 {
     if (!m_server)
         return u"جدول «%1» روی سرور دفتر آسیب دیده یا گم شده است."_s.arg(TableNames::shown(tables.constFirst())) + u'\n' + WayBack::ofOfficeServer();
     const std::optional<ServerDamage> logged = ServerDamage::in(ServerLog(m_folder).tail(200));
     const bool isMeant = logged && tables.contains(logged->table());
-    return (isMeant ? *logged : ServerDamage::ofTable(tables.constFirst())).message(m_folder);
+    m_damage = (isMeant ? *logged : ServerDamage::ofTable(tables.constFirst())).sentence(m_folder);
+    return m_damage + u"\nبرای بازگشت، «بازگرداندن پشتیبان» را در منوی «مدیریت» باز کنید."_s;
 }
 
 int HostProgram::run()
 {
     try {
-        if (!takeFolder())
-            return 0;
-        m_clock.reached("folder");
-        if (!startDatabase())
-            return exitFailed;
-        m_clock.reached("server");
-        prepareSchema();
-        if (!prepareOffice())
-            return 0;
+        int exitCode = 0;
+        if (!prepareDespiteDamage(exitCode))
+            return exitCode;
         do {
-            if (!login())
-                break;
-            work();
+            if (loginDespiteDamage())
+                work();
         } while (m_switchUser);
         return 0;
     } catch (...) {
@@ -170,6 +177,92 @@ int HostProgram::run()
         tellFailure();
         return exitFailed;
     }
+}
+
+bool HostProgram::prepareDespiteDamage(int &exitCode)
+{
+    if (!m_options.lookInto.isEmpty()) {
+        openBackup();
+    } else if (!takeFolder()) {
+        return false;
+    }
+    m_clock.reached("folder");
+    for (;;) {
+        try {
+            return prepare(exitCode);
+        } catch (...) {
+            m_splash.hide();
+            if (!leadBack(std::current_exception()))
+                throw;
+        }
+    }
+}
+
+// A login that cannot succeed leads back too.
+bool HostProgram::loginDespiteDamage()
+{
+    m_switchUser = false;
+    m_damage.clear();
+    while (!login()) {
+        int exitCode = 0;
+        if (m_damage.isEmpty() || m_view || !m_server || !showDamage(m_damage) || !prepare(exitCode))
+            return false;
+    }
+    return true;
+}
+
+bool HostProgram::prepare(int &exitCode)
+{
+    if (!m_view && !startDatabase()) {
+        exitCode = exitFailed;
+        return false;
+    }
+    m_clock.reached("server");
+    prepareSchema();
+    return prepareOffice();
+}
+
+void HostProgram::openBackup()
+{
+    m_view = std::make_unique<BackupView>(m_folder, m_options.lookInto,
+                                          [this](const QString &text) { return m_splash.showWaitingOrGiveUp(text); });
+    m_folder = m_view->folder();
+    HostLog::start(m_folder.logsPath());
+    HostLook::showChoice();
+}
+
+bool HostProgram::leadBack(const std::exception_ptr &error)
+{
+    if (m_options.connect || m_view)
+        return false;
+    try {
+        std::rethrow_exception(error);
+    } catch (const ServerError &known) {
+        if (known.kind() != ServerError::Kind::Damaged && known.kind() != ServerError::Kind::VersionLost)
+            return false;
+        qCCritical(lcHost).noquote() << "damage:" << known.detail() << known.userMessage();
+        // The window takes the place of the command, which stays in the log.
+        return showDamage(known.userMessage().remove(u'\n' + WayBack(m_folder).sentences()));
+    } catch (const CMySQLException &known) {
+        if (DamagedTable::namedBy(known).isEmpty())
+            return false;
+        qCCritical(lcHost).noquote() << "damage:" << KErrorText::logText(error) << WayBack(m_folder).sentences();
+        static_cast<void>(KErrorText::userMessage(error));
+        return showDamage(m_damage);
+    } catch (...) {
+        return false;
+    }
+}
+
+// A closed window is the end of the program without a further message: what is wrong stood in it.
+bool HostProgram::showDamage(QString what)
+{
+    KConnection::closeThreadConnections();
+    m_server.reset();
+    m_damage.clear();
+    if (CDlgDamage(m_folder, what).exec() == QDialog::Accepted)
+        return true;
+    throw ServerError(ServerError::Kind::Cancelled, u"پایگاه داده آسیب دیده است."_s, u"the user closed the way back"_s);
 }
 
 bool HostProgram::takeFolder()
@@ -217,7 +310,7 @@ void HostProgram::prepareSchema()
     upgrade.setWayBack(m_server ? WayBack(m_folder).sentences() : WayBack::ofOfficeServer());
     upgrade.upgradeSuite();
     m_clock.reached("suite-schema");
-    if (!m_module.load(m_options.moduleDir)) {
+    if (!m_module.entry() && !m_module.load(m_options.moduleDir)) {
         g_pDlgWarning->Show(m_module.errorText() + u"\nبرنامه بدون آن ادامه می‌یابد."_s, &m_splash);
         return;
     }
@@ -225,15 +318,21 @@ void HostProgram::prepareSchema()
     if (!upgrade.upgradeModule(*m_module.entry()))
         m_module.unload();
     m_clock.reached("module-schema");
+    if (m_view)
+        m_view->close();
 }
 
 bool HostProgram::prepareOffice()
 {
-    if (m_options.demo)
+    if (m_options.demo && !m_view)
         fillDemo();
     if (CTblUsers::anyUser())
         return true;
     m_splash.hide();
+    if (m_view) {
+        g_pDlgWarning->Show(u"در این پشتیبان هنوز کاربری نیست که با آن بتوان وارد شد."_s);
+        return false;
+    }
     CDlgFirstStart firstStart;
     const auto shown = [this, &firstStart] {
         loginShown();
@@ -285,6 +384,8 @@ bool HostProgram::login()
 
 void HostProgram::work()
 {
+    BackupKeeper keeper(m_folder, m_server != nullptr);
+    RestoreRequest request;
     {
         MainWindow window(m_folder, m_module.entry());
         QEventLoop loop;
@@ -294,15 +395,66 @@ void HostProgram::work()
         QTimer shown;
         shown.setSingleShot(true);
         connect(&shown, &QTimer::timeout, &window, &MainWindow::tellDueReminders);
-        connect(&shown, &QTimer::timeout, &window, &MainWindow::emptyBin);
+        connect(&shown, &QTimer::timeout, &window, &MainWindow::tellBackups);
+        if (m_view) {
+            window.markAsBackup(m_view->band());
+        } else {
+            connect(&shown, &QTimer::timeout, &window, &MainWindow::emptyBin);
+            window.showBackups(keeper);
+            keeper.start();
+        }
         window.show();
         shown.start(0);
         loop.exec();
         m_switchUser = window.isSwitchingUser();
+        request = window.restoreRequest();
         m_window = nullptr;
     }
     // The pages store their user's settings as they end with the window.
+    if (request.file.exists()) {
+        keeper.cancel();
+        restore(request);
+        m_switchUser = true;
+    } else if (!m_view) {
+        CDlgClosingBackup::run(keeper);
+    }
     GetDBSetting()->Logout();
+}
+
+// Whatever comes of it, the user logs in again: to the database as it was, or as it has become.
+void HostProgram::restore(const RestoreRequest &request)
+{
+    const QString when = BackupListing::whenText(request.file);
+    const KConnectionSettings settings = KConnection::settings(0);
+    OfficeSession::end();
+    KConnection::closeThreadConnections();
+    try {
+        BackupFile copy;
+        {
+            BackupProgress window(u"بازگرداندن پشتیبان"_s, u"بازگرداندن پشتیبان %1…"_s.arg(when), nullptr);
+            window.run([&](const BackupProgress::Progress &progress) {
+                copy = BackupRestoring(settings).restore({.file = request.file,
+                                                          .passphrase = request.passphrase,
+                                                          .backupsFolder = m_folder.backupsPath(),
+                                                          .copyPassphrase = BackupPassphrase(m_folder).read()},
+                                                         progress);
+            });
+        }
+        KTableSchema::forgetAll();
+        prepareSchema();
+        m_splash.hide();
+        qCInfo(lcHost).noquote() << "restored:" << request.file.path() << "copy of the state before:" << copy.path();
+        g_pDlgMessage->Show(u"بازگردانده شد به %1.\nپشتیبان وضع پیش از آن: %2"_s.arg(when, ServerError::shownPath(copy.path())));
+    } catch (const ServerError &error) {
+        m_splash.hide();
+        qCCritical(lcHost).noquote() << "restore:" << error.detail();
+        if (error.kind() == ServerError::Kind::Damaged && m_server && showDamage(error.userMessage())) {
+            startPrivateServer();
+            prepareSchema();
+        } else if (error.kind() != ServerError::Kind::Cancelled) {
+            g_pDlgWarning->Show(u"بازگردانده نشد. %1"_s.arg(error.userMessage()));
+        }
+    }
 }
 
 void HostProgram::serverEnded(const QString &message, const QString &detail)
@@ -357,6 +509,7 @@ void HostProgram::shutDown()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_module.unload();
     KConnection::closeThreadConnections();
+    m_view.reset();
     if (!m_server)
         return;
     try {

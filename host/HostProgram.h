@@ -16,7 +16,9 @@
 
 #include <memory>
 
+class BackupView;
 class MainWindow;
+struct RestoreRequest;
 
 // The life of the program: data folder, database, schema, module, login, work, and all that in reverse order.
 class HostProgram final : public QObject
@@ -34,20 +36,31 @@ public:
     int run();
 
 private:
+    // The database is there and of this version, and somebody can log in. False: the user gave up; exitCode says whether that is well.
+    bool prepare(int &exitCode);
+    // The same once more after each damage from which the user went back to a backup.
+    bool prepareDespiteDamage(int &exitCode);
+    // Shows the way back from a damaged database, if the error tells of one. True: it is whole again, nothing of it is open.
+    bool leadBack(const std::exception_ptr &error);
+    bool showDamage(QString what);
+    void openBackup();
     bool takeFolder();
     bool startDatabase();
     void startPrivateServer();
+    // Brings the schemas to this version; loads the module where it is not loaded yet.
     void prepareSchema();
     bool prepareOffice();
     void fillDemo();
     // True when a user logged in.
     bool login();
+    bool loginDespiteDamage();
     void work();
+    void restore(const RestoreRequest &request);
     void serverEnded(const QString &message, const QString &detail);
     bool restartServer();
     void raiseWindow();
     void shutDown();
-    QString damageText(const QStringList &tables) const;
+    QString damageText(const QStringList &tables);
     // The first window that takes input is on the screen: the start is over.
     void loginShown();
 
@@ -57,10 +70,12 @@ private:
     InstanceLock m_lock;
     KWaitNotice m_waits;
     std::unique_ptr<EmbeddedServer> m_server;
+    std::unique_ptr<BackupView> m_view; // instead of the office
     AutoModule m_module;
     SplashWindow m_splash;
     QString m_proposedUser;
     MainWindow *m_window = nullptr;
     bool m_switchUser = false;
+    QString m_damage; // of a table that was met at work, in words
     bool m_started = false;
 };

@@ -3,55 +3,37 @@
 
 #include "host/administration/Backup.h"
 
+#include "host/administration/BackupJob.h"
+#include "host/administration/BackupKeeper.h"
+#include "host/administration/BackupProgress.h"
 #include "host/frame/StartupClock.h"
-#include "host/backup/BackupTaking.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KProcess.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QProgressDialog>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// The bar counts in thousandths, because a database may have more bytes than an int holds.
-constexpr int wholeBar = 1000;
-
-bool showProgress(QProgressDialog &window, qint64 done, qint64 expected)
-{
-    if (expected > 0)
-        window.setValue(static_cast<int>(qMin<qint64>(wholeBar - 1, done * wholeBar / expected)));
-    QCoreApplication::processEvents();
-    return !window.wasCanceled();
-}
-
-}
-
 namespace Backup {
 
-QString takeNow(const QString &folder, QWidget *parent)
+QString takeNow(const DataFolder &folder, BackupKeeper *keeper, QWidget *parent)
 {
-    QProgressDialog window(u"در حال پشتیبان‌گیری از پایگاه داده …"_s, u"انصراف"_s, 0, wholeBar, parent);
-    window.setWindowTitle(u"پشتیبان‌گیری"_s);
-    window.setWindowModality(Qt::ApplicationModal);
-    window.setAutoClose(false);
-    window.setAutoReset(false);
-    window.show();
-    try {
-        const BackupTaking taking(KConnection::settings(0));
-        QString path = taking.take({folder}, [&](qint64 done, qint64 expected) { return showProgress(window, done, expected); }).path();
-        window.hide();
-        g_pDlgMessage->Show(u"پشتیبان پایگاه داده ساخته شد:\n%1"_s.arg(ServerError::shownPath(path)), parent);
-        return path;
-    } catch (const ServerError &error) {
-        window.hide();
-        qCWarning(lcHost).noquote() << "backup:" << error.detail();
-        if (error.kind() != ServerError::Kind::Cancelled)
-            g_pDlgWarning->Show(error.userMessage(), parent);
+    const std::shared_ptr<BackupJob> job = BackupKeeper::newJob(folder, BackupManifest::Reason::ByHand);
+    BackupProgress window(u"پشتیبان‌گیری"_s, u"در حال پشتیبان‌گیری از پایگاه داده …"_s, parent);
+    window.run([job](const BackupProgress::Progress &progress) { job->run(progress); });
+    if (!job->file) {
+        qCWarning(lcHost).noquote() << "backup:" << job->detail;
+        if (!job->cancelled)
+            g_pDlgWarning->Show(job->problem, parent);
+        return {};
     }
-    return {};
+    QString text = u"پشتیبان پایگاه داده ساخته شد:\n%1"_s.arg(ServerError::shownPath(job->file->path()));
+    if (!job->secondProblem.isEmpty())
+        text += u"\nدر پوشه دوم نوشته نشد. %1"_s.arg(job->secondProblem);
+    if (keeper)
+        keeper->adopt(*job);
+    g_pDlgMessage->Show(text, parent);
+    return job->file->path();
 }
 
 void showFolder(const QString &folder, QWidget *parent)

@@ -3,16 +3,18 @@
 
 #pragma once
 
-#include <QString>
+#include "host/server/DataFolder.h"
 
+class BackupKeeper;
 class QWidget;
 
 // Backups as the user asks for them.
 namespace Backup {
 
-// Dumps the current database into the folder, with a progress window that can be cancelled, and says where the dump is.
-// Returns its path; empty when there is none: the user has been told why, unless they cancelled it.
-QString takeNow(const QString &folder, QWidget *parent);
+// Takes a backup of the current database into the folder's backups, with a progress window that can be cancelled, and says where it is.
+// The keeper, if any, is told and lets it be verified. Returns its path; empty when there is none: the user has been told why, unless they
+// cancelled it.
+QString takeNow(const DataFolder &folder, BackupKeeper *keeper, QWidget *parent);
 // Opens the folder of the backups with the desktop's program for folders.
 void showFolder(const QString &folder, QWidget *parent);
 

@@ -5,6 +5,10 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/administration/Backup.h"
+#include "host/administration/BackupKeeper.h"
+#include "host/administration/CDlgBackups.h"
+#include "host/desk/BackupBand.h"
+#include "host/desk/BackupSign.h"
 #include "host/desk/CDlgAbout.h"
 #include "host/desk/CDlgKeys.h"
 #include "host/desk/KeyList.h"
@@ -51,11 +55,13 @@
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -229,7 +235,7 @@ void MainWindow::buildBooksMenu()
 
 void MainWindow::buildManagementMenu()
 {
-    const auto showBackups = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
+    const auto showFolder = [this] { Backup::showFolder(m_folder.backupsPath(), this); };
     addMenu(u"&مدیریت"_s,
             {
                 {u"&کاربران و دسترسی‌ها"_s, u"user"_s, &showPage<CDlgUsers>, control(Qt::Key_4),
@@ -238,14 +244,18 @@ void MainWindow::buildManagementMenu()
                 {u"تا&ریخچه"_s, u"history"_s, &showPage<CDlgHistory>, {}, Command::OpensPage | Command::OfAdministrators},
                 {u"&پشتیبان‌گیری"_s, u"save"_s, [this] { takeBackup(); }, control(Qt::Key_B),
                  Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
-                {u"پ&وشه پشتیبان‌ها"_s, u"database"_s, showBackups},
+                {u"&بازگرداندن پشتیبان"_s, u"refresh"_s, [this] { manageBackups(); }, {}, 0, u"Settings"_s},
+                {u"پ&وشه پشتیبان‌ها"_s, u"database"_s, showFolder},
                 {u"&سطل بازیافت"_s, u"delete"_s, &showPage<CDlgBin>, {}, Command::StartsGroup | Command::OpensPage},
             });
 }
 
 void MainWindow::buildProgramMenu()
 {
-    const auto changePassword = [this] { CDlgChangePassword(this).exec(); };
+    const auto changePassword = [this] {
+        if (!refusedInBackup())
+            CDlgChangePassword(this).exec();
+    };
     const auto about = [this] { CDlgAbout(m_folder, this).exec(); };
     addMenu(u"&برنامه"_s,
             {
@@ -285,7 +295,7 @@ void MainWindow::refresh()
     const OfficeSettings shared = OfficeSettings::read();
     const QString office = CompanyDetails::read().name();
     const QString program = u"گالری اتومبیل"_s;
-    setWindowTitle(office.isEmpty() ? program : office + u" - "_s + program);
+    setWindowTitle((m_band.isEmpty() ? QString() : m_band + u" - "_s) + (office.isEmpty() ? program : office + u" - "_s + program));
     m_bar->setUser(setting->GetUserFullName());
     m_status->setUser(setting->GetUserFullName());
     m_status->setDatabase(DatabaseInfo::name());
@@ -371,9 +381,17 @@ bool MainWindow::mayManage(bool changes)
     return security.CheckAccessSecurity() && (!changes || security.CheckModifySecurity());
 }
 
+bool MainWindow::refusedInBackup()
+{
+    if (!OfficeSettings::isOnlyRead())
+        return false;
+    g_pDlgWarning->Show(OfficeSettings::closedMessage(), this);
+    return true;
+}
+
 void MainWindow::editSettings()
 {
-    if (!mayManage(true) || CDlgSettings(m_folder, this).exec() != QDialog::Accepted)
+    if (refusedInBackup() || !mayManage(true) || CDlgSettings(m_folder, this).exec() != QDialog::Accepted)
         return;
     refresh();
     if (KDialogTabPage *page = m_workArea->currentPage())
@@ -383,8 +401,68 @@ void MainWindow::editSettings()
 void MainWindow::takeBackup()
 {
     // A backup holds everything, also what the user who takes it may not open here.
-    if (mayManage(false))
-        Backup::takeNow(m_folder.backupsPath(), this);
+    if (refusedInBackup() || !mayManage(false))
+        return;
+    if (m_keeper && m_keeper->isTaking())
+        g_pDlgMessage->Show(u"هم‌اکنون پشتیبانی گرفته می‌شود."_s, this);
+    else
+        Backup::takeNow(m_folder, m_keeper, this);
+}
+
+// The database is exchanged when no page of this window works on it any more.
+void MainWindow::manageBackups()
+{
+    if (refusedInBackup() || !mayManage(false))
+        return;
+    m_restore = CDlgBackups::choose(m_folder, m_keeper, this);
+    if (m_restore.file.exists() && !close())
+        m_restore = {};
+}
+
+void MainWindow::showBackups(BackupKeeper &keeper)
+{
+    m_keeper = &keeper;
+    const auto show = [this, &keeper] { m_status->backups()->show(keeper.standing()); };
+    connect(&keeper, &BackupKeeper::standingChanged, this, show);
+    connect(&keeper, &BackupKeeper::failed, this, [this](const QString &message) {
+        m_backupFailure = message;
+        tellBackupFailure();
+    });
+    connect(m_status->backups(), &BackupSign::clicked, this, &MainWindow::manageBackups);
+    show();
+}
+
+void MainWindow::tellBackups()
+{
+    m_backupFailure = m_keeper ? BackupKeeper::failure() : QString();
+    tellBackupFailure();
+}
+
+// Not into the middle of a question, nor while the database is waited for.
+void MainWindow::tellBackupFailure()
+{
+    constexpr int laterMilliseconds = 2000;
+    if (m_backupFailure.isEmpty())
+        return;
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget() || KConnection::isWaiting()) {
+        QTimer::singleShot(laterMilliseconds, this, &MainWindow::tellBackupFailure);
+        return;
+    }
+    g_pDlgWarning->Show(std::exchange(m_backupFailure, {}), this);
+}
+
+void MainWindow::markAsBackup(const QString &band)
+{
+    m_band = band;
+    auto *both = new QWidget(this);
+    auto *column = new QVBoxLayout(both);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(new BackupBand(band, both));
+    takeCentralWidget();
+    column->addWidget(m_workArea, 1);
+    setCentralWidget(both);
+    refresh();
 }
 
 void MainWindow::switchUser()

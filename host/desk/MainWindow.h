@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "host/administration/RestoreRequest.h"
 #include "host/server/DataFolder.h"
 #include "suite/accounting/bin/Bin.h"
 
@@ -13,6 +14,7 @@
 #include <functional>
 #include <vector>
 
+class BackupKeeper;
 class CAutoDBSetting;
 class ReminderBadge;
 class StartPage;
@@ -40,6 +42,14 @@ public:
     bool isSwitchingUser() const { return m_switchingUser; }
     // Refreshes what settings and logins change: the status line and the title.
     void refresh();
+    // Shows how its backups stand, and says at once when one fails; the keeper outlives the window's work. What went wrong the day before is said
+    // when the window is first at work (tellBackups).
+    void showBackups(BackupKeeper &keeper);
+    void tellBackups();
+    // The window shows a backup and no office of today: a band says so, which also stands in the title.
+    void markAsBackup(const QString &band);
+    // What the user wants to go back to, after the window was closed for it.
+    const RestoreRequest &restoreRequest() const { return m_restore; }
     // A short note in the status line.
     void showNote(const QString &text);
     // Removes from the bin what is over, as far as no other desk does so; once after a login, and each day. An error is logged only.
@@ -99,6 +109,10 @@ private:
     bool mayManage(bool changes);
     void editSettings();
     void takeBackup();
+    void manageBackups();
+    void tellBackupFailure();
+    // Whether this window shows a backup, in which that cannot be done; the user is told.
+    bool refusedInBackup();
     void switchUser();
     void undoDeletion(const Bin::Entry &entry);
     void openReminders();
@@ -120,4 +134,8 @@ private:
     QTimer m_clock{this};
     QDate m_binEmptied;
     bool m_switchingUser = false;
+    BackupKeeper *m_keeper = nullptr;
+    QString m_backupFailure; // to be told
+    QString m_band;
+    RestoreRequest m_restore;
 };

@@ -3,6 +3,7 @@
 
 #include "host/desk/StatusLine.h"
 
+#include "host/desk/BackupSign.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
@@ -18,15 +19,15 @@ namespace {
 
 constexpr int statusGap = 24;
 
-// Labels one after the other as wide as their words; where the line is too short, the last ones are cut. The note has the rest.
+// Labels and signs one after the other as wide as their words; where the line is too short, the last ones are cut. The note has the rest.
 class StatusLabels : public QWidget
 {
 public:
-    StatusLabels(QList<ElidedLabel *> labels, ElidedLabel *note)
+    StatusLabels(QList<QWidget *> labels, ElidedLabel *note)
         : m_labels(std::move(labels))
         , m_note(note)
     {
-        for (ElidedLabel *label : m_labels)
+        for (QWidget *label : m_labels)
             label->setParent(this);
         m_note->setParent(this);
         setMinimumHeight(LookSizes::scaled(LookSizes::statusLine));
@@ -53,7 +54,7 @@ private:
     {
         int left = LookSizes::windowMargin;
         const int end = width() - LookSizes::windowMargin;
-        for (ElidedLabel *label : std::as_const(m_labels)) {
+        for (QWidget *label : std::as_const(m_labels)) {
             if (label->isHidden())
                 continue;
             const int own = std::min(label->sizeHint().width(), end - left);
@@ -63,7 +64,7 @@ private:
         put(m_note, left, end - left);
     }
 
-    QList<ElidedLabel *> m_labels;
+    QList<QWidget *> m_labels;
     ElidedLabel *m_note;
 };
 
@@ -76,6 +77,7 @@ StatusLine::StatusLine(QWidget *parent)
     , m_fiscalYear(new ElidedLabel)
     , m_date(new ElidedLabel)
     , m_closedMark(new ElidedLabel(u"پایگاه داده بسته است"_s))
+    , m_backups(new BackupSign)
     , m_note(new ElidedLabel)
 {
     for (ElidedLabel *label : {m_user, m_database, m_fiscalYear, m_date})
@@ -86,7 +88,7 @@ StatusLine::StatusLine(QWidget *parent)
     m_closedMark->hide();
     setSizeGripEnabled(false);
     setContentsMargins({});
-    addPermanentWidget(new StatusLabels({m_user, m_database, m_fiscalYear, m_date, m_closedMark}, m_note), 1);
+    addPermanentWidget(new StatusLabels({m_user, m_database, m_fiscalYear, m_date, m_backups, m_closedMark}, m_note), 1);
     connect(this, &QStatusBar::messageChanged, m_note, &QLabel::setText);
 }
 

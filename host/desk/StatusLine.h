@@ -5,9 +5,11 @@
 
 #include <QStatusBar>
 
+class BackupSign;
 class ElidedLabel;
 
-// The line at the foot of the main window: who works, in which database and year, on which day; at its far end a note for a while.
+// The line at the foot of the main window: who works, in which database and year, on which day, how the
+// backups stand; at its far end a note for a while.
 class StatusLine final : public QStatusBar
 {
     Q_OBJECT
@@ -21,6 +23,7 @@ public:
     void setDate(const QString &date);
     // Whether the database is closed, which is marked.
     void setClosed(bool closed);
+    BackupSign *backups() const { return m_backups; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -31,5 +34,6 @@ private:
     ElidedLabel *m_fiscalYear;
     ElidedLabel *m_date;
     ElidedLabel *m_closedMark;
+    BackupSign *m_backups;
     ElidedLabel *m_note;
 };

@@ -66,7 +66,9 @@ void declare(QCommandLineParser &parser)
     for (const Option &option : shownOptions())
         parser.addOption(QCommandLineOption(QString::fromLatin1(option.name), option.english,
                                             QString::fromLatin1(option.value ? option.value : "")));
+    // For the program itself.
     parser.addOption(QCommandLineOption(u"quit-after-login-shown"_s));
+    parser.addOption(QCommandLineOption(u"look-into"_s, {}, u"FILE"_s));
 }
 
 // HOST[:PORT], an IPv6 address in brackets.
@@ -178,6 +180,7 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.decryptFile = parser.value(u"decrypt"_s);
     options.outputFile = parser.value(u"output"_s);
     options.passphraseFile = parser.value(u"passphrase-file"_s);
+    options.lookInto = parser.value(u"look-into"_s);
     options.help = parser.isSet(u"help"_s);
     options.version = parser.isSet(u"version"_s);
     options.quitAfterLoginShown = parser.isSet(u"quit-after-login-shown"_s);

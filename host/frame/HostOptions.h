@@ -38,6 +38,7 @@ struct HostOptions
     QString decryptFile;
     QString outputFile;     // of decryptFile
     QString passphraseFile; // "-": standard input
+    QString lookInto; // a backup to be shown instead of the office of the folder; its passphrase, if any, comes on standard input
 
     bool help = false;
     bool version = false;

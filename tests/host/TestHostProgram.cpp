@@ -3,7 +3,15 @@
 
 #include "host/HostProgram.h"
 
+#include "host/administration/BackupPassphrase.h"
+#include "host/administration/CDlgBackups.h"
+#include "host/backup/BackupFiles.h"
+#include "host/desk/BackupBand.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "host/administration/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/frame/HostLog.h"
@@ -17,8 +25,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLabel>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -50,6 +60,12 @@ private Q_SLOTS:
     void folderThatCannotBeUsedIsTold();
     void damagedFileIsNamedAtTheStart_data();
     void damagedFileIsNamedAtTheStart();
+    void damagedOfficeComesBack_data() { damagedFileIsNamedAtTheStart_data(); }
+    void damagedOfficeComesBack();
+    void closingTakesABackupOfWhatChanged();
+    void goesBackToABackupAndAsksForTheLogin();
+    void backupIsOnlyShown();
+    void viewOfABackupLeavesNothing();
 
 private:
     // Runs the program and calls step every few milliseconds with the window that takes input, until the program ends.
@@ -60,6 +76,12 @@ private:
     static QWidget *inputWindow();
     QString logText() const;
     bool serverRuns() const;
+    // Empties the file of the database, or removes a table's definition.
+    void harm(const QString &file) const;
+    QList<BackupFile> backups() const;
+    // Logs in, works and closes the program.
+    int workOnce(const std::function<void(MainWindow *)> &work = {});
+    static void addUser(const QString &name);
 
     std::unique_ptr<QTemporaryDir> m_folder;
     HostOptions m_options;
@@ -92,13 +114,13 @@ void TestHostProgram::init()
     m_options = HostOptions();
     m_options.dataDir = m_folder->filePath(u"office"_s);
     m_options.moduleDir = u"" TZ_MODULE_DIR ""_s;
-    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
         dialog->answerAll(true);
 }
 
 void TestHostProgram::cleanup()
 {
-    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage})
+    for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
         dialog->answerAll(false);
     QVERIFY(!serverRuns());
     m_folder.reset();
@@ -398,14 +420,199 @@ void TestHostProgram::damagedFileIsNamedAtTheStart()
     QFile dump(backups + u"/tzauto-20260321-080000.sql"_s);
     QVERIFY(dump.open(QIODevice::WriteOnly));
     dump.close();
+    harm(file);
+    QStringList windows;
+    QString texts;
+    QString date;
+    QCOMPARE(drive([&](QWidget *window) {
+                 windows.append(QString::fromLatin1(window->metaObject()->className()));
+                 for (const QLabel *label : window->findChildren<QLabel *>())
+                     texts += label->text() + u'\n';
+                 if (const auto *damage = qobject_cast<CDlgDamage *>(window))
+                     date = damage->list()->cellText(0, u"date");
+                 window->close();
+             }),
+             1);
+    QCOMPARE(windows, QStringList{u"CDlgDamage"_s});
+    QVERIFY2(texts.contains(named), qPrintable(texts));
+    QVERIFY2(!texts.contains(u"tzhost --data-dir"_s), qPrintable(texts));
+    QCOMPARE(date, u"1405/01/01"_s);
+    // What stood in the window is not said again; whoever reads the log finds the command.
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    QVERIFY2(logText().contains(u"tzhost --data-dir "_s), qPrintable(logText()));
+}
+
+void TestHostProgram::harm(const QString &file) const
+{
     QFile damaged(m_options.dataDir + u"/database/"_s + file);
     QVERIFY(file.endsWith(u"frm"_s) ? damaged.remove() : damaged.resize(0));
-    QCOMPARE(drive([](QWidget *window) { window->close(); }), 1);
-    const QStringList shown = g_pDlgWarning->takeShown();
-    QCOMPARE(shown.size(), 1);
-    QVERIFY2(shown.first().contains(named), qPrintable(shown.first()));
-    QVERIFY2(shown.first().contains(u"tzauto-20260321-080000.sql\u2069 (1405/01/01 08:00)"_s), qPrintable(shown.first()));
-    QVERIFY(shown.first().contains(u"tzhost --data-dir "_s));
+}
+
+QList<BackupFile> TestHostProgram::backups() const
+{
+    return BackupFiles::in(DataFolder(m_options.dataDir).backupsPath(), u"tzauto"_s);
+}
+
+int TestHostProgram::workOnce(const std::function<void(MainWindow *)> &work)
+{
+    return drive([&](QWidget *window) {
+        if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+            logIn(*login, u"sara"_s, u"gallery7"_s);
+            login->accept();
+        } else if (auto *main = qobject_cast<MainWindow *>(window)) {
+            if (work)
+                work(main);
+            main->close();
+        }
+    });
+}
+
+void TestHostProgram::addUser(const QString &name)
+{
+    CTblUsers::create(name, u"gallery7"_s, {}, false);
+}
+
+void TestHostProgram::damagedOfficeComesBack()
+{
+    QFETCH(QString, file);
+    makeOffice();
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
+    QCOMPARE(backups().size(), 1);
+    harm(file);
+    QStringList windows;
+    bool worked = false;
+    QCOMPARE(drive([&](QWidget *window) {
+                 const QString kind = QString::fromLatin1(window->metaObject()->className());
+                 if (windows.isEmpty() || windows.constLast() != kind)
+                     windows.append(kind);
+                 if (auto *damage = qobject_cast<CDlgDamage *>(window)) {
+                     damage->restoreSelected();
+                 } else if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+                     logIn(*login, u"sara"_s, u"gallery7"_s);
+                     login->accept();
+                 } else if (qobject_cast<MainWindow *>(window)) {
+                     worked = CTblUsers::isKnown(u"mina"_s);
+                     window->close();
+                 }
+             }),
+             0);
+    QCOMPARE(windows.constFirst(), u"CDlgDamage"_s);
+    QVERIFY2(worked, qPrintable(windows.join(u' ')));
+    // The damaged one is still there.
+    QCOMPARE(QDir(m_options.dataDir).entryList({u"database-damaged*"_s}, QDir::Dirs).size(), 1);
+    QVERIFY(g_pDlgMessage->takeShown().join(u'\n').contains(u"database-damaged"_s));
+}
+
+void TestHostProgram::closingTakesABackupOfWhatChanged()
+{
+    makeOffice();
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
+    QCOMPARE(backups().size(), 1);
+    QVERIFY(backups().constFirst().manifest());
+    QCOMPARE(backups().constFirst().manifest()->reason, BackupManifest::Reason::Closing);
+    // Logging in and looking changes nothing.
+    QCOMPARE(workOnce(), 0);
+    QCOMPARE(backups().size(), 1);
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"reza"_s); }), 0);
+    QCOMPARE(backups().size(), 2);
+}
+
+void TestHostProgram::goesBackToABackupAndAsksForTheLogin()
+{
+    makeOffice();
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
+    const QString file = backups().constFirst().path();
+    QStringList windows;
+    bool before = false;
+    bool after = true;
+    int logins = 0;
+    QCOMPARE(drive([&](QWidget *window) {
+                 if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+                     ++logins;
+                     logIn(*login, u"sara"_s, u"gallery7"_s);
+                     login->accept();
+                 } else if (auto *dialog = qobject_cast<CDlgBackups *>(window)) {
+                     dialog->runCommand(u"restore");
+                 } else if (auto *main = qobject_cast<MainWindow *>(window)) {
+                     if (logins == 1 && !before) {
+                         addUser(u"reza"_s);
+                         before = CTblUsers::isKnown(u"reza"_s);
+                         // From an event of its own: this timer does not tick within its own step.
+                         for (QAction *action : main->findChildren<QAction *>())
+                             if (action->iconText() == u"بازگرداندن پشتیبان"_s)
+                                 QTimer::singleShot(0, action, &QAction::trigger);
+                     } else if (logins == 2) {
+                         after = CTblUsers::isKnown(u"reza"_s);
+                         main->close();
+                     }
+                 }
+             }),
+             0);
+    QCOMPARE(logins, 2);
+    QVERIFY(before);
+    QVERIFY(!after);
+    QVERIFY(g_pDlgYesNo->takeShown().constFirst().contains(u"تغییری که پس از آن ثبت شده"_s));
+    QVERIFY(g_pDlgMessage->takeShown().join(u'\n').contains(u"بازگردانده شد به"_s));
+    const QList<BackupFile> files = backups();
+    QVERIFY(std::any_of(files.cbegin(), files.cend(), [](const BackupFile &each) {
+        return each.manifest() && each.manifest()->reason == BackupManifest::Reason::BeforeRestore;
+    }));
+    QVERIFY(QFile::exists(file));
+}
+
+void TestHostProgram::backupIsOnlyShown()
+{
+    makeOffice();
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
+    m_options.lookInto = backups().constFirst().path();
+    QString title;
+    QString refusal;
+    bool closed = false;
+    QCOMPARE(workOnce([&](MainWindow *main) {
+                 title = main->windowTitle();
+                 closed = GetDBSetting()->IsClosedDB();
+                 const auto *band = main->findChild<BackupBand *>();
+                 QVERIFY(band && band->isVisible() && title.startsWith(band->text()));
+                 g_pDlgWarning->takeShown();
+                 for (const QString &text : {u"تنظیمات"_s, u"بازگرداندن پشتیبان"_s})
+                     for (QAction *action : main->findChildren<QAction *>())
+                         if (action->iconText() == text)
+                             action->trigger();
+                 refusal = g_pDlgWarning->takeShown().join(u'\n');
+             }),
+             0);
+    QVERIFY2(title.startsWith(u"نمایش پشتیبان 14"_s) && title.contains(u"فقط خواندنی"_s), qPrintable(title));
+    QVERIFY(closed);
+    QCOMPARE(refusal.count(u"این پنجره پشتیبان"_s), 2);
+    QVERIFY(!GetDBSetting()->IsLoggedIn());
+    QVERIFY(!OfficeSettings::isOnlyRead());
+    QCOMPARE(backups().size(), 1);
+    QCOMPARE(QDir(DataFolder(m_options.dataDir).temporaryPath()).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList());
+}
+
+// The real program beside this one, which has the folder; also of an encrypted backup, whose passphrase nobody else sees.
+void TestHostProgram::viewOfABackupLeavesNothing()
+{
+    makeOffice();
+    const QString passphrase = u"کوه سبز پنجره هفت"_s;
+    BackupPassphrase(DataFolder(m_options.dataDir)).store(passphrase);
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
+    QVERIFY(backups().constFirst().isEncrypted());
+    int exitCode = -1;
+    QCOMPARE(workOnce([&](MainWindow *) {
+                 QProcess view;
+                 view.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+                 view.start(u"" TZ_HOST_PROGRAM ""_s,
+                            {u"--data-dir"_s, m_options.dataDir, u"--module-dir"_s, m_options.moduleDir, u"--look-into"_s,
+                             backups().constFirst().path(), u"--quit-after-login-shown"_s});
+                 view.write(passphrase.toUtf8() + '\n');
+                 view.closeWriteChannel();
+                 QVERIFY(view.waitForFinished(longestRunMilliseconds));
+                 exitCode = view.exitCode();
+             }),
+             0);
+    QCOMPARE(exitCode, 0);
+    QCOMPARE(QDir(DataFolder(m_options.dataDir).temporaryPath()).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList());
 }
 
 static const RegisteredTest<TestHostProgram, QApplication> registeredHostProgram;

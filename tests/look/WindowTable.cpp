@@ -19,11 +19,17 @@
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
+#include "host/administration/BackupKeeper.h"
 #include "host/administration/CDlgBackupPassphrase.h"
+#include "host/administration/CDlgBackups.h"
+#include "host/administration/CDlgBackupUnlock.h"
+#include "host/administration/CDlgClosingBackup.h"
 #include "host/administration/CDlgUserRights.h"
+#include "host/backup/BackupFiles.h"
 #include "host/books/CDlgAddAccount.h"
 #include "host/books/CDlgAddDocument.h"
 #include "host/frame/HostOptions.h"
+#include "host/administration/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/start/CDlgServerPassword.h"
@@ -65,6 +71,7 @@
 #include "tests/support/Hand.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QImage>
 #include <QMimeData>
 #include <QTest>
@@ -397,6 +404,47 @@ void addBin(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"record-differences", window<CDlgRecordDifferences>(u"قرارداد 102"_s, differences)});
 }
 
+// A backup of that many days ago, of which only what is listed is there.
+BackupFile backup(const LookOffice &office, int daysAgo, BackupManifest::Reason reason, BackupManifest::Verification::State state, bool encrypted = false)
+{
+    const QDateTime taken(QDate(2026, 11, 22).addDays(-daysAgo), QTime(14, 20), Qt::UTC);
+    const auto format = encrypted ? BackupFile::Format::Encrypted : BackupFile::Format::Compressed;
+    for (const QString &database : {KConnection::settings(0).database, u"tzauto"_s}) {
+        QFile file(BackupFiles::freePath(office.folder().backupsPath(), database, format, taken));
+        if (!file.open(QIODevice::WriteOnly))
+            return {};
+        file.write(QByteArray(734003, 'x'));
+        file.close();
+        BackupManifest manifest{.database = database, .takenUtc = taken, .taken = taken, .reason = reason, .program = u"1.0.0"_s};
+        manifest.size = 734003;
+        manifest.encrypted = encrypted;
+        if (state != BackupManifest::Verification::State::None)
+            manifest.verification = {state, taken.addSecs(180), u"جدول «اشخاص» کم است."_s};
+        BackupFile(file.fileName()).setManifest(manifest);
+    }
+    return BackupFiles::in(office.folder().backupsPath(), u"tzauto"_s).constFirst();
+}
+
+void addBackups(LookOffice &office, std::vector<Entry> &entries)
+{
+    using Reason = BackupManifest::Reason;
+    using State = BackupManifest::Verification::State;
+    QDir().mkpath(office.folder().backupsPath());
+    const QString what = u"جدول «اشخاص» (پرونده «/home/sara/TzAuto/database/tzauto/Persons.ibd») آسیب دیده یا گم شده است."_s;
+    entries.push_back({"backups-none", window<CDlgBackups>(DataFolder(office.folder().path() + u"/empty"_s), nullptr)});
+    backup(office, 9, Reason::BeforeUpgrade, State::Passed);
+    backup(office, 2, Reason::Interval, State::Failed);
+    backup(office, 1, Reason::ByHand, State::Passed, true);
+    const BackupFile newest = backup(office, 0, Reason::Closing, State::None);
+    entries.push_back({"backups", window<CDlgBackups>(office.folder(), nullptr)});
+    entries.push_back({"backup-unlock", window<CDlgBackupUnlock>(newest)});
+    entries.push_back({"backup-closing", modal([&office] {
+                           BackupKeeper keeper(office.folder(), true);
+                           CDlgClosingBackup(keeper).exec();
+                       })});
+    entries.push_back({"damage", window<CDlgDamage>(office.folder(), what)});
+}
+
 void addMessages(std::vector<Entry> &entries)
 {
     const QString question = u"آنچه وارد کرده‌اید ذخیره نشده است. پنجره بدون ذخیره بسته شود؟"_s;
@@ -423,6 +471,7 @@ std::vector<Entry> WindowTable::all(LookOffice &office)
     addPersonsAndBooks(office, entries);
     addAdministration(office, entries);
     addBin(office, entries);
+    addBackups(office, entries);
     addMessages(entries);
     return entries;
 }

@@ -3,6 +3,9 @@
 
 #include "host/desk/MainWindow.h"
 
+#include "host/administration/BackupKeeper.h"
+#include "host/desk/BackupBand.h"
+#include "host/desk/BackupSign.h"
 #include "host/frame/AutoModule.h"
 #include "host/frame/HostLook.h"
 #include "host/start/DatabaseUpgrade.h"
@@ -12,6 +15,7 @@
 #include "host/desk/TopBar.h"
 #include "host/desk/WorkArea.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
@@ -63,6 +67,10 @@ private Q_SLOTS:
     void withoutRightsNothingOpens_data();
     void withoutRightsNothingOpens();
     void settingsAreRefusedWithoutTheRight();
+    void backupsAreForAdministrators();
+    void standingOfTheBackupsIsInTheStatusLine();
+    void failureOfABackupIsToldOnceAndWaitsForAModalWindow();
+    void windowOfABackupIsMarked();
     void startPageHasTheCommandsOfADay();
     void launchersThatDoNotFitStandInAMenu();
     void launchersAreReachedByArrows();
@@ -309,6 +317,75 @@ void TestMainWindow::settingsAreRefusedWithoutTheRight()
     action(window, u"پشتیبان‌گیری"_s)->trigger();
     const QString refusal = KSecurity::refusalText(u"Settings"_s, KSecurity::Access);
     QCOMPARE(g_pDlgWarning->takeShown(), (QStringList{refusal, refusal}));
+}
+
+void TestMainWindow::backupsAreForAdministrators()
+{
+    const int clerk = m_office.loginClerk();
+    KSecurity::setRights(clerk, u"Settings"_s, KSecurity::allRights);
+    KSecurity::forgetRights();
+    const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    action(window, u"بازگرداندن پشتیبان"_s)->trigger();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این کار فقط برای مدیر برنامه مجاز است."_s});
+    QVERIFY(!window.restoreRequest().file.exists());
+}
+
+void TestMainWindow::standingOfTheBackupsIsInTheStatusLine()
+{
+    const DataFolder folder(m_folder.path());
+    MainWindow window(folder, m_module.entry());
+    auto *sign = window.findChild<BackupSign *>();
+    QVERIFY(sign && sign->isHidden());
+    BackupKeeper keeper(folder, true);
+    window.showBackups(keeper);
+    QVERIFY(!sign->isHidden());
+    QCOMPARE(sign->text(), u"پشتیبان: هنوز نیست"_s);
+    BackupStanding standing{.kind = BackupStanding::Kind::Verified, .taken = QDateTime(QDate(2026, 11, 22), QTime(14, 20)), .verified = QDateTime(QDate(2026, 11, 22), QTime(14, 22)), .today = QDate(2026, 11, 22)};
+    sign->show(standing);
+    QCOMPARE(sign->text(), u"پشتیبان: 14:20 آزموده شد"_s);
+    QCOMPARE(sign->accessibleName(), sign->text());
+    QVERIFY2(sign->toolTip().contains(u"14:22"_s), qPrintable(sign->toolTip()));
+    standing.today = QDate(2026, 11, 23);
+    sign->show(standing);
+    QCOMPARE(sign->text(), u"پشتیبان: 1405/09/01 14:20 آزموده شد"_s);
+}
+
+void TestMainWindow::failureOfABackupIsToldOnceAndWaitsForAModalWindow()
+{
+    const DataFolder folder(m_folder.path());
+    MainWindow window(folder, m_module.entry());
+    BackupKeeper keeper(folder, true);
+    window.showBackups(keeper);
+    window.show();
+    QDialog question(&window);
+    question.setModal(true);
+    question.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&question));
+    Q_EMIT keeper.failed(u"دیسک پر است."_s);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    question.close();
+    QStringList shown;
+    QTRY_VERIFY(!(shown += g_pDlgWarning->takeShown()).isEmpty());
+    QCOMPARE(shown, QStringList{u"دیسک پر است."_s});
+}
+
+void TestMainWindow::windowOfABackupIsMarked()
+{
+    const auto ended = qScopeGuard([] { OfficeSettings::setOnlyRead({}); });
+    OfficeSettings::setOnlyRead(u"این پنجره پشتیبان را نشان می‌دهد."_s);
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    window.markAsBackup(u"نمایش پشتیبان 1405/09/01 ساعت 14:20 - فقط خواندنی"_s);
+    showAt(window, 1366);
+    QVERIFY(window.windowTitle().startsWith(u"نمایش پشتیبان 1405/09/01"_s));
+    QVERIFY(window.findChild<BackupBand *>()->isVisible());
+    for (const QString &entry : {u"تنظیمات"_s, u"پشتیبان‌گیری"_s, u"بازگرداندن پشتیبان"_s, u"تغییر کلمه عبور"_s}) {
+        action(window, entry)->trigger();
+        QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این پنجره پشتیبان را نشان می‌دهد."_s});
+    }
+    // Lists open as in a closed database.
+    action(window, u"اشخاص"_s)->trigger();
+    auto *list = qobject_cast<KListPage *>(window.workArea()->currentPage());
+    QVERIFY(list && !list->isOffered(u"new"));
 }
 
 void TestMainWindow::startPageHasTheCommandsOfADay()

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "host/backup/BackupKeeping.h"
+#include "host/backup/BackupTaking.h"
+
+#include <atomic>
+#include <optional>
+
+// One backup from its beginning to its end, as a thread of its own does it: taken, copied into the second folder, and those that are too
+// many removed.
+struct BackupJob
+{
+    KConnectionSettings server;
+    BackupTaking::Request request;
+    QString secondFolder; // empty: none
+    BackupKeeping::Kept kept;
+
+    // Set by whoever wants it to end, and when it ended so; read by whoever shows how far it is.
+    std::atomic<bool> cancelled = false;
+    std::atomic<qint64> done = 0;
+    std::atomic<qint64> expected = 0; // 0: unknown
+
+    // What became of it, once the thread has ended.
+    std::optional<BackupFile> file;
+    QString problem; // for the user, where there is no file
+    QString detail;  // for the log
+    QString secondProblem;
+
+    // Throws nothing. progress is asked besides, where there is one.
+    void run(const BackupTaking::Progress &progress = {});
+
+    // Of the backups that this program took by itself, those that are too many. What the user took stays until the user deletes it.
+    static QList<BackupFile> outdated(const QString &folder, const QString &database, const BackupKeeping::Kept &kept, const QDateTime &now);
+
+private:
+    void take(const BackupTaking::Progress &progress);
+    void copyToSecond();
+};
