@@ -1,0 +1,20 @@
+# SPDX-FileCopyrightText: 2026 The TzAuto team
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The exact texts of the ways back: history, bin, backups."""
+
+MANAGEMENT_MENU = "مدیریت"
+HISTORY = "تاریخچه"
+COLUMN_WHAT = "تغییر"
+COLUMN_KIND = "نوع رکورد"
+COLUMN_RECORD = "رکورد"
+COLUMN_CHANGES = "شرح تغییر"
+DELETED = "حذف"
+BIN = "سطل بازیافت"
+RESTORE = "بازگردانی"
+UNDO = "بازگردانی آخرین حذف"
+COLUMN_BIN_KIND = "نوع"
+COLUMN_CONTENTS = "به همراه"
+CONTRACT = "قرارداد"
+VOID_REASON = "دلیل ابطال :"
+VOID_RECEIPT = "ابطال دریافت"
+CONTRACT_RECEIPTS = "دریافت‌های قرارداد"
