@@ -8,6 +8,8 @@
 #include "host/server/ServerError.h"
 #include "suite/db/CMySQLException.h"
 
+#include <QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,14 +26,15 @@ bool isSafetyCopy(const BackupFile &file)
     return file.manifest()->reason == Reason::BeforeUpgrade || file.manifest()->reason == Reason::BeforeRestore;
 }
 
-void removeOutdated(const QString &folder, const QString &database, const BackupKeeping::Kept &kept, const QDateTime &now)
+// A copy is known by its name and by what it holds.
+QString copyMark(const BackupFile &file)
 {
-    for (const BackupFile &file : BackupJob::outdated(folder, database, kept, now)) {
-        if (file.remove())
-            qCInfo(lcHost).noquote() << "backup no longer kept:" << file.path();
-        else
-            qCWarning(lcHost).noquote() << "backup cannot be removed:" << file.path();
-    }
+    return QFileInfo(file.path()).fileName() + u'|' + QString::fromLatin1(file.manifest()->digest.toHex());
+}
+
+bool isCopyOf(const BackupFile &copy, const BackupFile &file)
+{
+    return copy.manifest() && !copy.manifest()->digest.isEmpty() && copyMark(copy) == copyMark(file);
 }
 
 }
@@ -62,14 +65,50 @@ void BackupJob::take(const BackupTaking::Progress &progress)
     });
     if (!secondFolder.isEmpty())
         copyToSecond();
-    removeOutdated(request.folder, server.database, kept, file->taken());
+    removeOutdated();
+    removeCopies();
+}
+
+void BackupJob::removeOutdated()
+{
+    const QList<BackupFile> going = outdated(request.folder, server.database, kept, file->taken());
+    for (const BackupFile &each : going) {
+        if (!each.remove()) {
+            qCWarning(lcHost).noquote() << "backup cannot be removed:" << each.path();
+            continue;
+        }
+        qCInfo(lcHost).noquote() << "backup no longer kept:" << each.path();
+        if (!secondFolder.isEmpty() && !each.manifest()->digest.isEmpty())
+            copiesToRemove.append(copyMark(each));
+    }
+}
+
+void BackupJob::removeCopies()
+{
+    if (secondFolder.isEmpty() || !QFileInfo(secondFolder).isDir())
+        return;
+    copiesToRemove.removeIf([this](const QString &mark) {
+        const BackupFile copy(secondFolder + u'/' + mark.section(u'|', 0, 0));
+        if (!copy.exists() || !copy.manifest() || copyMark(copy) != mark)
+            return true;
+        return copy.remove();
+    });
+}
+
+void BackupJob::mirrorVerification(const BackupFile &file, const QString &folder)
+{
+    BackupFile copy(folder + u'/' + QFileInfo(file.path()).fileName());
+    if (!file.manifest() || !isCopyOf(copy, file))
+        return;
+    BackupManifest manifest = *copy.manifest();
+    manifest.verification = file.verification();
+    copy.setManifest(manifest);
 }
 
 void BackupJob::copyToSecond()
 {
     try {
         BackupFiles::copy(*file, secondFolder);
-        removeOutdated(secondFolder, server.database, kept, file->taken());
     } catch (const ServerError &error) {
         qCWarning(lcHost).noquote() << "second folder:" << error.detail();
         secondProblem = error.userMessage();

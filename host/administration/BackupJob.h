@@ -17,6 +17,9 @@ struct BackupJob
     BackupTaking::Request request;
     QString secondFolder; // empty: none
     BackupKeeping::Kept kept;
+    // Copies in the second folder whose backup is no longer kept, by name and digest. The disk may be away for a while; those that are
+    // still to be removed when the job has ended. Other files of that folder, which may be another office's, are left alone.
+    QStringList copiesToRemove;
 
     // Set by whoever wants it to end, and when it ended so; read by whoever shows how far it is.
     std::atomic<bool> cancelled = false;
@@ -32,10 +35,14 @@ struct BackupJob
     // Throws nothing. progress is asked besides, where there is one.
     void run(const BackupTaking::Progress &progress = {});
 
+    // What became of verifying the backup, also in its copy in that folder, where there is one. Throws ServerError.
+    static void mirrorVerification(const BackupFile &file, const QString &folder);
     // Of the backups that this program took by itself, those that are too many. What the user took stays until the user deletes it.
     static QList<BackupFile> outdated(const QString &folder, const QString &database, const BackupKeeping::Kept &kept, const QDateTime &now);
 
 private:
     void take(const BackupTaking::Progress &progress);
     void copyToSecond();
+    void removeOutdated();
+    void removeCopies();
 };

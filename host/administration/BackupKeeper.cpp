@@ -44,11 +44,25 @@ QString databaseName()
     return KConnection::settings(0).database;
 }
 
+// Of this computer, held as the office's times are.
+QDateTime localNow()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return QDateTime(now.date(), now.time(), Qt::UTC);
+}
+
+// One of a clock that was ahead would be the newest for years.
+bool isOfFuture(const QDateTime &taken, const QDateTime &now)
+{
+    constexpr int tolerance = 60;
+    return taken > now.addSecs(tolerance);
+}
+
 // The newest that holds what it was to hold, as far as that is known.
-std::optional<BackupFile> newestGood(const QList<BackupFile> &files)
+std::optional<BackupFile> newestGood(const QList<BackupFile> &files, const QDateTime &now)
 {
     for (const BackupFile &file : files) {
-        if (file.manifest() && file.verification().state != State::Failed)
+        if (file.manifest() && file.verification().state != State::Failed && !isOfFuture(file.taken(), now))
             return file;
     }
     return std::nullopt;
@@ -77,6 +91,8 @@ BackupKeeper::BackupKeeper(const DataFolder &folder, bool isPrivate, QObject *pa
 BackupKeeper::~BackupKeeper()
 {
     stopVerifying();
+    if (m_mirror)
+        m_mirror->wait();
     if (!m_thread)
         return;
     m_job->cancelled = true;
@@ -106,13 +122,13 @@ BackupDue dueNow(const QString &folder, const OfficeSettings &read)
 {
     const BackupSettings settings = BackupSettings::of(read);
     BackupDue due{.everyHours = settings.hours, .atClosing = settings.atClosing};
-    if (const std::optional<BackupFile> newest = newestGood(BackupFiles::in(folder, databaseName()))) {
+    if (const std::optional<BackupFile> newest = newestGood(BackupFiles::in(folder, databaseName()), read.serverTime())) {
         due.last = newest->taken();
         due.lastChange = newest->manifest()->lastChange;
     }
     // One that another program of the office has taken stands in its own folder.
     const std::optional<KChange> logged = KChangeLog::last(kindInLog, 0);
-    if (logged && logged->kind == KChange::Kind::BackedUp && logged->when > due.last)
+    if (logged && logged->kind == KChange::Kind::BackedUp && logged->when > due.last && !isOfFuture(logged->when, read.serverTime()))
         due.last = logged->when;
     due.changeNow = BackupState::lastChange(KConnection::forThread(0), databaseName());
     return due;
@@ -169,6 +185,7 @@ std::shared_ptr<BackupJob> BackupKeeper::newJob(const DataFolder &folder, Backup
     job->server = KConnection::settings(0);
     job->request = {.folder = folder.backupsPath(), .reason = reason, .passphrase = passphrase.read()};
     job->secondFolder = BackupsHere::secondFolder();
+    job->copiesToRemove = BackupsHere::copiesToRemove();
     job->kept = {settings.daily, settings.weekly, settings.monthly};
     if (passphrase.isSet() && job->request.passphrase.isEmpty()) {
         job->problem = u"پرونده رمز پشتیبان‌ها خوانده نشد یا دیگران هم می‌توانند آن را بخوانند؛ رمز را در تنظیمات دوباره تعیین نمایید."_s;
@@ -225,6 +242,7 @@ void BackupKeeper::succeeded(const BackupJob &job)
 {
     qCInfo(lcHost).noquote() << "backup taken:" << job.file->path();
     BackupsHere::setFailure({});
+    BackupsHere::setCopiesToRemove(job.copiesToRemove);
     m_secondProblem = job.secondProblem;
     if (!m_secondProblem.isEmpty())
         tellSecondFolder(job.secondProblem);
@@ -264,7 +282,7 @@ void BackupKeeper::verify(const BackupFile &file)
 
 void BackupKeeper::verifyNewest()
 {
-    const std::optional<BackupFile> newest = newestGood(BackupFiles::in(backupsFolder(), databaseName()));
+    const std::optional<BackupFile> newest = newestGood(BackupFiles::in(backupsFolder(), databaseName()), localNow());
     if (newest && newest->verification().state == State::None && !m_tried.contains(newest->path()))
         verify(*newest);
 }
@@ -274,6 +292,7 @@ void BackupKeeper::verified(BackupProcess::Outcome outcome, const QString &words
     const QString path = m_verifying ? m_verifying->path() : QString();
     m_verifying.reset();
     qCInfo(lcHost).noquote() << "backup verified:" << path << int(outcome) << words;
+    mirror(path);
     if (outcome == BackupProcess::Outcome::Passed) {
         BackupsHere::setFailure({});
         m_told.clear();
@@ -285,6 +304,26 @@ void BackupKeeper::verified(BackupProcess::Outcome outcome, const QString &words
     else if (outcome == BackupProcess::Outcome::NotRun)
         fail(u"پشتیبان گرفته شد، ولی آزمون بازگرداندن آن انجام نشد؛ فضای دیسک و گزارش برنامه را بررسی نمایید."_s, words);
     Q_EMIT standingChanged();
+}
+
+// Also what stands in the second folder says whether it is proved. A share may be slow.
+void BackupKeeper::mirror(const QString &path)
+{
+    const QString second = BackupsHere::secondFolder();
+    if (second.isEmpty() || m_mirror)
+        return;
+    m_mirror.reset(QThread::create([path, second] {
+        try {
+            BackupJob::mirrorVerification(BackupFile(path), second);
+        } catch (const ServerError &error) {
+            qCWarning(lcHost).noquote() << "second folder:" << error.detail();
+        }
+    }));
+    connect(m_mirror.get(), &QThread::finished, this, [this] {
+        m_mirror->wait();
+        m_mirror.release()->deleteLater();
+    });
+    m_mirror->start();
 }
 
 double BackupKeeper::progress() const
@@ -315,7 +354,8 @@ BackupStanding BackupKeeper::standing() const
 {
     BackupStanding standing;
     const QList<BackupFile> files = BackupFiles::in(backupsFolder(), databaseName());
-    const std::optional<BackupFile> newest = files.isEmpty() ? std::nullopt : std::optional(files.constFirst());
+    const auto present = std::find_if(files.cbegin(), files.cend(), [](const BackupFile &file) { return !isOfFuture(file.taken(), localNow()); });
+    const std::optional<BackupFile> newest = present == files.cend() ? std::nullopt : std::optional(*present);
     standing.kind = newest ? BackupStanding::Kind::Taken : BackupStanding::Kind::None;
     if (newest) {
         standing.taken = newest->taken();

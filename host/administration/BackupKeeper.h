@@ -72,6 +72,7 @@ private:
     void tellSecondFolder(const QString &problem);
     void verified(BackupProcess::Outcome outcome, const QString &words);
     void verify(const BackupFile &file);
+    void mirror(const QString &path);
     void verifyNewest();
     bool takesByItself() const;
     void noteInLog() const;
@@ -83,6 +84,7 @@ private:
     BackupProcess m_process;
     std::unique_ptr<QThread> m_thread;
     std::shared_ptr<BackupJob> m_job;
+    std::unique_ptr<QThread> m_mirror;
     std::unique_ptr<KLease> m_lease;
     std::optional<BackupFile> m_verifying;
     QSet<QString> m_tried; // verified in vain by this program

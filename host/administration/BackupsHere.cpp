@@ -13,6 +13,7 @@ const QString backupSection = u"Backup"_s;
 const QString secondKey = u"sSecondFolder"_s;
 const QString hereKey = u"bHere"_s;
 const QString failureKey = u"sFailure"_s;
+const QString goingKey = u"sCopiesToRemove"_s;
 const QString serverSection = u"Server"_s;
 const QString changeLogKey = u"bKeepBinaryLog"_s;
 constexpr int notChosen = -1;
@@ -53,6 +54,16 @@ bool BackupsHere::keepsChangeLog()
 void BackupsHere::setKeepsChangeLog(bool keeps)
 {
     WriteSetting(serverSection, changeLogKey, int(keeps));
+}
+
+QStringList BackupsHere::copiesToRemove()
+{
+    return ReadSetting(backupSection, goingKey, QString()).split(u'\n', Qt::SkipEmptyParts);
+}
+
+void BackupsHere::setCopiesToRemove(const QStringList &marks)
+{
+    WriteSetting(backupSection, goingKey, marks.join(u'\n'));
 }
 
 QString BackupsHere::failure()

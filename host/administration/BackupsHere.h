@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -25,6 +26,10 @@ std::optional<bool> chosen();
 // Whether the private server keeps the log of its changes, so that one can go back to any minute. Counts from its next start on.
 bool keepsChangeLog();
 void setKeepsChangeLog(bool keeps);
+
+// Copies in the second folder that are to go when it is there again, as BackupJob names them.
+QStringList copiesToRemove();
+void setCopiesToRemove(const QStringList &marks);
 
 // What went wrong with the last backup, until one succeeds; empty: nothing.
 QString failure();

@@ -4,9 +4,16 @@
 #include "host/HostProgram.h"
 
 #include "host/administration/BackupPassphrase.h"
+#include "host/administration/BackupProcess.h"
 #include "host/administration/CDlgBackups.h"
 #include "host/backup/BackupFiles.h"
+#include "host/backup/BackupRestoring.h"
 #include "host/desk/BackupBand.h"
+#include "host/desk/BackupSign.h"
+#include "host/server/EmbeddedServer.h"
+#include "host/server/ServerDamage.h"
+#include "host/server/TableNames.h"
+#include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CTblTemp.h"
@@ -31,6 +38,7 @@
 #include <QLabel>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -62,8 +70,10 @@ private Q_SLOTS:
     void damagedFileIsNamedAtTheStart();
     void damagedOfficeComesBack_data() { damagedFileIsNamedAtTheStart_data(); }
     void damagedOfficeComesBack();
+    void everyTableIsMetWithItsWay();
     void closingTakesABackupOfWhatChanged();
     void goesBackToABackupAndAsksForTheLogin();
+    void takenBackupIsProvedByAProgramOfItsOwn();
     void backupIsOnlyShown();
     void viewOfABackupLeavesNothing();
 
@@ -503,6 +513,47 @@ void TestHostProgram::damagedOfficeComesBack()
     QVERIFY(g_pDlgMessage->takeShown().join(u'\n').contains(u"database-damaged"_s));
 }
 
+// All tables at once: each is recognised by what the server says of it, and the backup brings all of them back.
+void TestHostProgram::everyTableIsMetWithItsWay()
+{
+    makeOffice();
+    QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
+    const DataFolder folder(m_options.dataDir);
+    const QDir tables(folder.databasePath() + u"/tzauto"_s);
+    QStringList names;
+    for (const QFileInfo &file : tables.entryInfoList({u"*.ibd"_s}, QDir::Files))
+        names << file.completeBaseName();
+    QVERIFY2(names.size() > 40, qPrintable(names.join(u' ')));
+    const auto read = [](KConnection &connection, const QString &table) {
+        QString damaged;
+        try {
+            connection.run(KSql::formatted("SELECT COUNT(*) FROM %1", KSql::name(table)));
+        } catch (const CMySQLException &error) {
+            damaged = DamagedTable::namedBy(error).join(u' ');
+        }
+        return damaged;
+    };
+    for (const QString &name : std::as_const(names))
+        QVERIFY(QFile::resize(tables.filePath(name + u".ibd"_s), 0));
+    {
+        EmbeddedServer server(folder);
+        server.start();
+        KConnection connection(server.connectionSettings());
+        for (const QString &name : std::as_const(names)) {
+            QCOMPARE(read(connection, name), name);
+            const QString sentence = ServerDamage::ofTable(name).sentence(folder);
+            QVERIFY2(sentence.contains(TableNames::shown(name)) && sentence.contains(name + u".ibd"_s), qPrintable(sentence));
+        }
+    }
+    const QString aside = BackupRestoring::intoNewFolder(folder, backups().constFirst());
+    QVERIFY(QDir(aside).exists());
+    EmbeddedServer server(folder);
+    server.start();
+    KConnection connection(server.connectionSettings());
+    for (const QString &name : std::as_const(names))
+        QCOMPARE(read(connection, name), QString());
+}
+
 void TestHostProgram::closingTakesABackupOfWhatChanged()
 {
     makeOffice();
@@ -558,6 +609,36 @@ void TestHostProgram::goesBackToABackupAndAsksForTheLogin()
         return each.manifest() && each.manifest()->reason == BackupManifest::Reason::BeforeRestore;
     }));
     QVERIFY(QFile::exists(file));
+}
+
+void TestHostProgram::takenBackupIsProvedByAProgramOfItsOwn()
+{
+    makeOffice();
+    BackupProcess::setProgram(u"" TZ_HOST_PROGRAM ""_s);
+    const auto own = qScopeGuard([] { BackupProcess::setProgram({}); });
+    bool asked = false;
+    QString sign;
+    QCOMPARE(drive([&](QWidget *window) {
+                 if (auto *login = qobject_cast<CDlgLogin *>(window)) {
+                     logIn(*login, u"sara"_s, u"gallery7"_s);
+                     login->accept();
+                 } else if (auto *main = qobject_cast<MainWindow *>(window); main && !asked) {
+                     asked = true;
+                     for (QAction *action : main->findChildren<QAction *>())
+                         if (action->iconText() == u"پشتیبان‌گیری"_s)
+                             QTimer::singleShot(0, action, &QAction::trigger);
+                 } else if (main && !backups().isEmpty() && backups().constFirst().verification().state != BackupManifest::Verification::State::None) {
+                     sign = main->findChild<BackupSign *>()->text();
+                     if (sign.contains(u"آزموده شد"_s))
+                         main->close();
+                 }
+             }),
+             0);
+    QCOMPARE(backups().constFirst().verification().state, BackupManifest::Verification::State::Passed);
+    QVERIFY2(sign.contains(u"آزموده شد"_s), qPrintable(sign));
+    // Nothing has changed since, so that closing takes no further one.
+    QCOMPARE(backups().size(), 1);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
 }
 
 void TestHostProgram::backupIsOnlyShown()

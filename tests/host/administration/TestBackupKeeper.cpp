@@ -51,6 +51,9 @@ private Q_SLOTS:
     void verifyingThatFails();
     void newestIsVerifiedAtTheNextStart();
     void whatTheUserTookStays();
+    void clockThatWasAheadMakesNoBackupEachMinute();
+    void anotherOfficesCopiesAreLeftAlone();
+    void copyLearnsWhetherItIsProved();
 
 private:
     DataFolder folder() const { return DataFolder(m_folder->filePath(u"office"_s)); }
@@ -394,6 +397,94 @@ void TestBackupKeeper::whatTheUserTookStays()
         QVERIFY2(file.manifest(), qPrintable(file.path()));
         QCOMPARE(file.manifest()->reason, BackupManifest::Reason::Interval);
     }
+}
+
+void TestBackupKeeper::clockThatWasAheadMakesNoBackupEachMinute()
+{
+    BackupKeeper keeper(folder(), true);
+    takeAndWait(keeper);
+    QTRY_VERIFY(!keeper.isVerifying());
+    const BackupFile today = files().constFirst();
+    // The same once more, as taken while the clock stood ahead.
+    BackupManifest manifest = *today.manifest();
+    manifest.taken = manifest.taken.addYears(9);
+    manifest.lastChange = 0;
+    const QString ahead = BackupFiles::freePath(folder().backupsPath(), m_office.database.name(), BackupFile::Format::Compressed, manifest.taken);
+    QVERIFY(QFile::copy(today.path(), ahead));
+    BackupFile(ahead).setManifest(manifest);
+    QCOMPARE(files().constFirst().path(), ahead);
+    change();
+    keeper.look();
+    QVERIFY(!keeper.isTaking());
+    QCOMPARE(keeper.standing().taken, today.taken());
+}
+
+void TestBackupKeeper::anotherOfficesCopiesAreLeftAlone()
+{
+    const QString usb = m_folder->filePath(u"usb"_s);
+    QVERIFY(QDir().mkpath(usb));
+    BackupsHere::setSecondFolder(usb);
+    for (const auto &key : {u"iDaily"_s, u"iWeekly"_s, u"iMonthly"_s})
+        CTblProperties::DBWriteSettingInt(u"Backup"_s, key, key == u"iDaily" ? 1 : 0);
+    BackupKeeper keeper(folder(), true);
+    takeAndWait(keeper);
+    QTRY_VERIFY(!keeper.isVerifying());
+    const BackupFile own = files().constFirst();
+    // Two of other days, of this office and of another: the names are of the same kind.
+    const auto older = [&](const QString &where, int days) {
+        BackupManifest manifest = *own.manifest();
+        manifest.taken = manifest.taken.addDays(-days);
+        manifest.digest[0] = char(days);
+        const QString path = BackupFiles::freePath(where, m_office.database.name(), BackupFile::Format::Compressed, manifest.taken);
+        QFile::copy(own.path(), path);
+        BackupFile(path).setManifest(manifest);
+        return path;
+    };
+    const QString mine = older(folder().backupsPath(), 50);
+    const QString minesCopy = older(usb, 50);
+    const QString others = older(usb, 60);
+    takeAndWait(keeper);
+    QVERIFY(!QFile::exists(mine));
+    QVERIFY(!QFile::exists(minesCopy));
+    QVERIFY(QFile::exists(others));
+    QVERIFY(BackupsHere::copiesToRemove().isEmpty());
+
+    // While the disk is away, what is to go there is remembered.
+    const QString later = older(folder().backupsPath(), 70);
+    const QString latersCopy = older(usb, 70);
+    QVERIFY(QDir().rename(usb, usb + u"-away"_s));
+    takeAndWait(keeper);
+    QVERIFY(!QFile::exists(later));
+    QCOMPARE(BackupsHere::copiesToRemove().size(), 1);
+    QVERIFY(QDir().rename(usb + u"-away"_s, usb));
+    takeAndWait(keeper);
+    QVERIFY(!QFile::exists(latersCopy));
+    QVERIFY(BackupsHere::copiesToRemove().isEmpty());
+}
+
+void TestBackupKeeper::copyLearnsWhetherItIsProved()
+{
+    const QString usb = m_folder->filePath(u"usb"_s);
+    QVERIFY(QDir().mkpath(usb));
+    BackupsHere::setSecondFolder(usb);
+    BackupKeeper keeper(folder(), true);
+    takeAndWait(keeper);
+    QTRY_VERIFY(!keeper.isVerifying());
+    BackupFile file = files().constFirst();
+    BackupManifest manifest = *file.manifest();
+    manifest.verification = {State::Failed, QDateTime::currentDateTimeUtc(), u"جدول «اشخاص» کم است."_s};
+    file.setManifest(manifest);
+    const auto copy = [&] { return BackupFiles::in(usb, m_office.database.name()).constFirst(); };
+    QCOMPARE(copy().verification().state, State::None);
+    BackupJob::mirrorVerification(file, usb);
+    QCOMPARE(copy().verification().state, State::Failed);
+    // Of the same name, but another backup: it is not touched.
+    BackupManifest another = *copy().manifest();
+    another.digest[0] = char(another.digest[0] + 1);
+    another.verification = {};
+    BackupFile(copy().path()).setManifest(another);
+    BackupJob::mirrorVerification(file, usb);
+    QCOMPARE(copy().verification().state, State::None);
 }
 
 static const RegisteredTest<TestBackupKeeper, QApplication> registeredBackupKeeper;
