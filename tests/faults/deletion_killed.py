@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 # SPDX-FileCopyrightText: 2026 The TzAuto team
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""A deletion that is killed at any of its statements leaves all or nothing, and no income counts twice."""
+"""A deletion that is killed at any of its statements leaves all or nothing, also one that is taken back, and no income counts twice."""
 
 import rig  # noqa: F401 - finds the library of the journeys
 from lib.sound_books import CONTRACT, INCOME
@@ -35,17 +35,25 @@ class Deletions:
             f"VALUES ({key},{self._persons[1]},1,NOW(),1000)")
         return key
 
-    def count(self, desk):
-        """How many statements a deletion has."""
+    def prepared(self, desk, verb):
+        """What the verb is for: a contract, or one that is deleted."""
         key = self.contract(desk)
+        desk.do("list")
+        if verb == "undo":
+            desk.do("delete", key)
+        return key
+
+    def count(self, desk, verb):
+        """How many statements it has."""
+        key = self.prepared(desk, verb)
         self._wire.obey(None)
-        desk.do("delete", key)
+        desk.do(verb, key)
         return sum(counts(statement) for statement in self._wire.statements)
 
-    def kill(self, key, desk, number):
+    def kill(self, key, desk, verb, number):
         self._wire.obey(nth(number, lambda _: self._end(desk), counts=counts))
         try:
-            answer = desk.ask("delete", key)
+            answer = desk.ask(verb, key)
             raise AssertionError(f"statement {number} was never reached: {answer}")
         except DeskGone:
             desk.kill()
@@ -60,10 +68,30 @@ class Deletions:
         database = self._office.database
         self._office.check_books(after)
         there = database.number(f"SELECT COUNT(*) FROM AutomobilContracts WHERE iID={key}") == 1
+        binned = database.number(f"SELECT COUNT(*) FROM Bin WHERE sTable='AutomobilContracts' AND iRecordID={key}") == 1
+        check(binned != there, f"{after}: the contract is in the bin, or where it was")
         for table, condition in (("CustomFieldRecords", "iTable=69 AND iRecordID"), ("FileDocs", "iTable=69 AND iRecordID"),
                                  ("AutomobilPayments", "iAutomobilContractID")):
             rows = database.number(f"SELECT COUNT(*) FROM {table} WHERE {condition}={key}")
             check((rows == 1) == there, f"{after}: {table} goes with its contract")
+
+
+def killed_at_each(office, deletions, wire, looker, verb):
+    desk = office.desk(port=wire.port)
+    statements = deletions.count(desk, verb)
+    desk.leave()
+    step(f"{verb} has {statements} statements that are not reads")
+    check(statements >= 5, "more than the row is concerned")
+    for number in range(1, statements + 1):
+        wire.obey(None)
+        desk = office.desk(port=wire.port)
+        key = deletions.prepared(desk, verb)
+        statement = deletions.kill(key, desk, verb, number)
+        after = f"{verb} killed before statement {number}, {statement[:60]}"
+        deletions.check(key, after)
+        income = office.database.number(INCOME)
+        check(abs(float(looker.do("report")) - income) < 0.0001, f"{after}: the report counts what contracts say, {income}")
+    return statements
 
 
 def deletion_killed(office):
@@ -71,21 +99,7 @@ def deletion_killed(office):
     wire = office.wire()
     deletions = Deletions(office, wire)
     looker = office.desk()
-    desk = office.desk(port=wire.port)
-    statements = deletions.count(desk)
-    desk.leave()
-    step(f"a deletion has {statements} statements that are not reads")
-    check(statements >= 5, "more than the row is deleted")
-    for number in range(1, statements + 1):
-        wire.obey(None)
-        desk = office.desk(port=wire.port)
-        key = deletions.contract(desk)
-        desk.do("list")
-        statement = deletions.kill(key, desk, number)
-        after = f"killed before statement {number}, {statement[:60]}"
-        deletions.check(key, after)
-        income = office.database.number(INCOME)
-        check(abs(float(looker.do("report")) - income) < 0.0001, f"{after}: the report counts what contracts say, {income}")
+    statements = sum(killed_at_each(office, deletions, wire, looker, verb) for verb in ("delete", "undo"))
     wire.close()
     return f"{statements} kills, one before each statement: all or nothing every time"
 

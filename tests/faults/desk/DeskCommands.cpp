@@ -13,6 +13,7 @@
 #include "auto/reports/income/ComprehensiveReport.h"
 #include "auto/settings/ContractSettings.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
+#include "suite/accounting/bin/BinRestoring.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -287,6 +288,13 @@ Then receive(Desk &desk, const Words &words)
     return Then::AnswerDone;
 }
 
+Then undo(Desk &desk, const Words &words)
+{
+    const std::optional<Bin::Entry> entry = Bin::entryOf(u"AutomobilContracts"_s, number(words, 1));
+    desk.setValue(entry ? BinRestoring::run(*entry).key : 0);
+    return Then::AnswerDone;
+}
+
 Then instalments(Desk &, const Words &words)
 {
     CDlgCalcPayment::Run(number(words, 1), number(words, 2), 0, nullptr);
@@ -342,6 +350,7 @@ QHash<QString, Desk::Command> DeskCommands::all()
         {u"list"_s, listed},
         {u"delete"_s, [](Desk &desk, const Words &words) { return onListed(desk, words, u"delete"); }},
         {u"archive"_s, [](Desk &desk, const Words &words) { return onListed(desk, words, u"archive"); }},
+        {u"undo"_s, undo},
         {u"receive"_s, receive},
         {u"instalments"_s, instalments},
         {u"plan"_s, DeskMoney::plan},

@@ -20,6 +20,7 @@
 //   press CAPTION, row N              in the window on top
 //   list                              value: keys in the list of contracts, read anew
 //   delete KEY, archive KEY           the list's commands on that contract
+//   undo KEY                          takes the deletion of that contract back; value: its key now
 //   receive PERSON AMOUNT TEXT        a receipt; value: the document's number
 //   instalments CONTRACT PERSON       opens the window of the plan
 //   bin TABLE KEY                     as DeskBin.h says
