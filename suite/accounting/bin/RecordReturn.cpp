@@ -87,6 +87,8 @@ void RecordReturn::settleCode(KWholeRow &own)
     others.ExecuteQuery(KSql::formatted("SELECT MAX(%1) FROM %2 LOCK IN SHARE MODE", column, table));
     const qint32 next = others.GetLongFieldValue(0) + 1;
     own.set(m_parts->code, next);
+    m_oldCode = code;
+    m_newCode = next;
     m_notes.append(u"کد %1 گرفته شده بود؛ %2 با کد %3 بازگشت."_s.arg(QString::number(code), kindOf(own.table()), QString::number(next)));
 }
 
@@ -207,6 +209,9 @@ void RecordReturn::insertParts()
             row.set(u"iDocNum", m_document->number(u"iNum"));
             row.set(u"iFiscalYear", m_document->number(u"iFiscalYear"));
         }
+        // A reminder shows the code of what it is about.
+        if (ref.table == u"Alarms" && m_newCode != 0 && row.number(u"iRecordID2") == m_oldCode)
+            row.set(u"iRecordID2", m_newCode);
         if (follow(row, referencesOf(ref.table)))
             insert(row);
     }

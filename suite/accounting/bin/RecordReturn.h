@@ -62,6 +62,8 @@ private:
     const RecordParts *m_parts;
     QHash<QString, QList<qint32>> m_taken;
     QHash<std::pair<QString, qint32>, qint32> m_keys; // of the rows that are back
+    qint32 m_oldCode = 0; // where it became another
+    qint32 m_newCode = 0;
     std::optional<KWholeRow> m_document;
     QStringList m_notes;
 };

@@ -18,6 +18,7 @@
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/db/KConnection.h"
+#include "suite/db/KLease.h"
 #include "suite/db/KTableSchema.h"
 #include "tests/auto/contracts/receipts/PostedContract.h"
 #include "tests/support/RegisteredTest.h"
@@ -84,6 +85,7 @@ class TestDeletedRecords : public QObject
         const int key = m_office->addDemand([&](CTblAutomobilDemands &demand) { demand.m_iPersonID = person; });
         run(u"INSERT INTO FileDocs(iTable,iRecordID,sName) VALUES(70,%1,'a')"_s.arg(key));
         run(u"INSERT INTO Alarms(iTable,iRecordID,iUserID,date) VALUES(70,%1,1,NOW())"_s.arg(key));
+        run(u"UPDATE Alarms SET iRecordID2=(SELECT iCode FROM AutomobilDemands WHERE iID=%1)"_s.arg(key));
         run(u"UPDATE AutomobilDemands SET iAlarmID=(SELECT MAX(iID) FROM Alarms) WHERE iID=%1"_s.arg(key));
         return key;
     }
@@ -208,6 +210,8 @@ private Q_SLOTS:
         run(u"INSERT INTO %1(iCode) VALUES(%2),(%3)"_s.arg(table).arg(code).arg(code + 7));
         const BinRestoring::Restored restored = BinRestoring::run(entry);
         QCOMPARE(number(u"SELECT iCode FROM %1 WHERE iID=%2"_s.arg(table).arg(key)), code + 8);
+        if (table == u"AutomobilDemands")
+            QCOMPARE(value(u"SELECT iRecordID2 FROM Alarms"_s), QString::number(code + 8));
         QVERIFY2(restored.message.contains(u"کد %1 گرفته شده بود"_s.arg(code)) && restored.message.contains(u"با کد %1 بازگشت"_s.arg(code + 8)), qPrintable(restored.message));
     }
 
@@ -506,6 +510,23 @@ private Q_SLOTS:
         CTblProperties::DBWriteSettingInt(u"Bin"_s, u"BinDays"_s, 30);
         QCOMPARE(Bin::removeExpired(), 1);
         QCOMPARE(value(u"SELECT COUNT(*) FROM BinRows"_s), u"0"_s);
+    }
+
+    void onlyOneDeskAtATimeEmptiesIt()
+    {
+        const Bin::Entry entry = remove(u"CarBrands"_s, wholeBrand());
+        run(u"UPDATE Bin SET date=NOW()-INTERVAL 91 DAY"_s);
+        {
+            const auto other = KLease::tryTake(u"bin"_s, u"another desk"_s);
+            QVERIFY(other);
+            QCOMPARE(Bin::removeExpired(), 0);
+        }
+        GetDBSetting()->SetClosedDB(true);
+        const int whileClosed = Bin::removeExpired();
+        GetDBSetting()->SetClosedDB(false);
+        QCOMPARE(whileClosed, 0);
+        QVERIFY(Bin::entry(entry.id).has_value());
+        QCOMPARE(Bin::removeExpired(), 1);
     }
 
     void onlyAdministratorsDeleteForGood()
