@@ -27,14 +27,6 @@ QString shownTime(const QDateTime &time)
     return u"%1 ساعت %2"_s.arg(shamsiText(time.date()), time.time().toString(u"HH:mm:ss"_s));
 }
 
-QString outOfReach(const BinaryLogReplay::Reach &reach)
-{
-    QString text = reach.problem.isEmpty() ? u"ثبت تغییرات تا آن زمان نمی‌رسد."_s : reach.problem;
-    if (reach.possible && reach.until.isValid())
-        text += u" با این پشتیبان می‌توان تا %1 بازگشت."_s.arg(shownTime(reach.until));
-    return text;
-}
-
 // A file of options that only this user can read, gone with the object.
 std::unique_ptr<QTemporaryFile> optionsFile(const QByteArray &content)
 {
@@ -84,6 +76,13 @@ struct BinaryLogReplay::Way
     QList<Piece> pieces;
     Reach reach;
 };
+
+QString BinaryLogReplay::Reach::words() const
+{
+    if (upToNow)
+        return {};
+    return possible && until.isValid() ? problem + u" با این پشتیبان می‌توان تا %1 بازگشت."_s.arg(shownTime(until)) : problem;
+}
 
 BinaryLogReplay::BinaryLogReplay(const DataFolder &folder, const ServerPrograms &programs)
     : m_folder(folder)
@@ -140,7 +139,7 @@ void BinaryLogReplay::run(const KConnectionSettings &server, const Mark &mark, c
     const Way found = way(mark);
     const bool reaches = found.reach.upToNow || (until && found.reach.until.isValid() && *until <= found.reach.until);
     if (!found.reach.possible || (!reaches && (until || !found.reach.until.isValid())))
-        throw ServerError(ServerError::Kind::DumpFailed, outOfReach(found.reach), u"the binary log does not reach that far"_s);
+        throw ServerError(ServerError::Kind::DumpFailed, found.reach.words(), u"the binary log does not reach that far"_s);
     qint64 expected = 0;
     for (const Piece &piece : found.pieces)
         expected += piece.end - piece.begin;
@@ -185,7 +184,7 @@ void BinaryLogReplay::replay(const KConnectionSettings &server, const Piece &pie
     writer.setStandardOutputFile(QProcess::nullDevice());
     reader.start(m_programs.binaryLog, arguments);
     const EndedTool readerEnds(reader);
-    writer.start(m_programs.client, {ServerConfig::fromFile(options->fileName()), u"--binary-mode"_s, u"--batch"_s, u"--default-character-set=utf8mb4"_s, u"--max-allowed-packet=1G"_s, into});
+    writer.start(m_programs.client, {ServerConfig::fromFile(options->fileName()), u"--binary-mode"_s, u"--batch"_s, u"--loose-sandbox"_s, u"--default-character-set=utf8mb4"_s, u"--max-allowed-packet=1G"_s, into});
     const EndedTool writerEnds(writer);
     if (!reader.waitForStarted() || !writer.waitForStarted())
         throw ToolProcess::missing(reader.error() == QProcess::FailedToStart ? m_programs.binaryLog : m_programs.client);

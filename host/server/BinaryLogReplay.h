@@ -30,6 +30,8 @@ public:
         bool upToNow = false; // nothing is missing
         QDateTime until;      // the last transaction that is known, on the office's clock; invalid: none since the backup
         QString problem;      // one Persian sentence, where it does not go up to now
+        // problem, and as of when it goes; empty where it goes up to now.
+        QString words() const;
     };
 
     // Called about twenty times a second. Returning false cancels.
@@ -38,8 +40,8 @@ public:
     explicit BinaryLogReplay(const DataFolder &folder, const ServerPrograms &programs = ServerPrograms::installed());
 
     Reach reach(const Mark &mark) const;
-    // Into a database of the server, which holds the backup: what happened to the database from before `until` (the office's clock), or to the last
-    // minute. Nothing of it goes into the server's own log. Throws ServerError DumpFailed (it does not reach that far; the message says as of when it
+    // Into a database of the server, which holds the backup: what happened to the database from before `until` (the office's clock), or all that is
+    // known. Nothing of it goes into the server's own log. Throws ServerError DumpFailed (it does not reach that far; the message says as of when it
     // does), ProgramMissing or Cancelled; the database then holds a part.
     void run(const KConnectionSettings &server, const Mark &mark, const QString &from, const QString &into, const std::optional<QDateTime> &until,
              const Progress &progress = {}) const;

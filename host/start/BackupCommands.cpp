@@ -150,6 +150,8 @@ private:
             }
         }
         const BackupFile file(m_options.restoreFile);
+        if (m_moment)
+            tellReach(file);
         if (!m_options.connect)
             return restoreFolder(file);
         OfficeAccess office(m_options, m_folder);
@@ -167,6 +169,14 @@ private:
             request.beforeExchange = BackupPointInTime(m_folder).onto(office.settings(), file, *m_moment);
         const BackupFile copy = restoring.restore(request, ProgressLines());
         say(text(u"restored; the state before: %1"_s, u"بازگردانده شد؛ وضع پیش از آن: %1"_s).arg(copy.path()));
+    }
+
+    // The last minute may be one of long ago.
+    void tellReach(const BackupFile &file) const
+    {
+        const BinaryLogReplay::Reach reach = BackupPointInTime(m_folder).reach(file);
+        if (m_moment->lastMinute && !reach.upToNow)
+            complain(reach.words());
     }
 
     // Where the database cannot be opened or read, it is put aside and a new one is made.

@@ -66,13 +66,17 @@ class TestBinaryLog : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_temporary;
+    QTemporaryDir m_temporary{PrivateTestServer::folderTemplate()};
     int m_offices = 0;
 
     DataFolder newFolder(bool keeps)
     {
         const DataFolder folder(m_temporary.filePath(u"office%1"_s.arg(++m_offices)));
-        folder.create();
+        // A new database takes longer than all that is done with it.
+        QProcess copying;
+        copying.start(u"cp"_s, {u"-a"_s, m_temporary.filePath(u"original"_s), folder.path()});
+        if (!copying.waitForFinished() || copying.exitCode() != 0)
+            qFatal("the office was not copied");
         BinaryLog(folder).setWanted(keeps);
         return folder;
     }
@@ -96,6 +100,8 @@ class TestBinaryLog : public QObject
     }
 
 private Q_SLOTS:
+    void initTestCase() { EmbeddedServer(DataFolder(m_temporary.filePath(u"original"_s)), options()).start(); }
+
     void nothingIsKeptUnlessItIsAskedFor()
     {
         const DataFolder folder = newFolder(false);
