@@ -101,12 +101,26 @@ public:
         , m_aside(database + u"_restoring"_s)
         , m_replaced(database + u"_replaced"_s) { }
 
+    // The server would notice the end of the connection only a little later, when the next restoring may have asked already.
+    ~Exchange()
+    {
+        try {
+            if (m_isLocked)
+                m_connection.run("DO RELEASE_LOCK(" + lockName() + ')');
+        } catch (const CMySQLException &error) {
+            qCWarning(lcRestoring).noquote() << "the lock of restoring goes with its connection:" << error.GetErrorMessage();
+        }
+    }
+    Exchange(const Exchange &) = delete;
+    Exchange &operator=(const Exchange &) = delete;
+
     QString aside() const { return m_aside; }
 
     // Ends with the connection, also when the program is killed.
     bool lock()
     {
-        return BackupSql::value(m_connection, "SELECT GET_LOCK(" + BackupSql::text(u"tzauto restoring "_s + m_database.left(40)) + ",0)") == "1";
+        m_isLocked = BackupSql::value(m_connection, "SELECT GET_LOCK(" + lockName() + ",0)") == "1";
+        return m_isLocked;
     }
 
     void beginAside()
@@ -161,6 +175,7 @@ public:
     }
 
 private:
+    QByteArray lockName() const { return BackupSql::text(u"tzauto restoring "_s + m_database.left(40)); }
     void drop(const QString &database) { m_connection.run("DROP DATABASE IF EXISTS " + BackupSql::name(database)); }
 
     static void move(const QStringList &tables, const QString &from, const QString &to, QByteArrayList &moves)
@@ -173,6 +188,7 @@ private:
     QString m_database;
     QString m_aside;
     QString m_replaced;
+    bool m_isLocked = false;
 };
 
 KConnectionSettings serverOf(KConnectionSettings settings)

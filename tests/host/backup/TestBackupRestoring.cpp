@@ -82,6 +82,19 @@ private Q_SLOTS:
         QCOMPARE(tables(), u"Cars,Documents,Later"_s);
     }
 
+    // A connection that is closed keeps its lock until the server notices, and the next restoring would be refused.
+    void theLockIsGivenBackBeforeTheConnectionEnds()
+    {
+        QStringList said;
+        KConnection::setStatementObserver([&said](const QString &statement) {
+            if (statement.contains(u"_LOCK("_s))
+                said << statement.section(u'(', 0, 0);
+        });
+        restoring().cleanLeft();
+        KConnection::setStatementObserver({});
+        QCOMPARE(said, (QStringList{u"SELECT GET_LOCK"_s, u"DO RELEASE_LOCK"_s}));
+    }
+
     void olderPlainDumpIsRestored()
     {
         m_office.fill(3);
