@@ -7,6 +7,7 @@
 #include <QtEndian>
 
 #include <array>
+#include <limits>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -141,9 +142,10 @@ private:
 
 }
 
-BinaryLogFile BinaryLogFile::read(const QString &path)
+BinaryLogFile BinaryLogFile::read(const QString &path, qint64 from, const std::optional<QDateTime> &until)
 {
     BinaryLogFile found;
+    const qint64 stop = until ? QDateTime(until->date(), until->time(), Qt::LocalTime).toSecsSinceEpoch() : std::numeric_limits<qint64>::max();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.read(logMagic.size()) != logMagic)
         return found;
@@ -154,20 +156,28 @@ BinaryLogFile BinaryLogFile::read(const QString &path)
         Transaction
     } open = Open::Nothing;
     quint32 seconds = 0;
+    qint64 begin = 0; // of the transaction
     while (const std::optional<Event> event = reader.next()) {
         found.isLog = true;
         const bool ends = (event->kind == Commit && open == Open::Transaction) || (event->kind == Query && open == Open::Statement);
-        if (ends)
+        const bool counts = ends && begin >= from;
+        // The time of its end decides; when the file was begun does not matter, for a clock may be set back.
+        found.goesFurther = counts && event->seconds >= stop;
+        if (found.goesFurther)
+            break;
+        if (counts)
             seconds = event->seconds;
         // What stands before the beginning of a transaction is complete.
         if (ends || open == Open::Nothing || event->kind == BeginsTransaction || event->kind == Rotate)
             found.end = event->kind == BeginsTransaction ? reader.begin() : file.pos();
-        if (event->kind == BeginsTransaction)
+        if (event->kind == BeginsTransaction) {
+            begin = reader.begin();
             open = event->isOneStatement ? Open::Statement : Open::Transaction;
-        else if (ends)
+        } else if (ends) {
             open = Open::Nothing;
+        }
     }
-    found.isWhole = found.isLog && reader.begin() == file.size();
+    found.isWhole = found.isLog && !found.goesFurther && reader.begin() == file.size();
     found.wasBrokenOff = found.isLog && !found.isWhole && reader.wasBrokenOff();
     if (found.isWhole)
         found.end = file.size();

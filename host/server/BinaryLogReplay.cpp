@@ -74,6 +74,7 @@ struct BinaryLogReplay::Piece
 struct BinaryLogReplay::Way
 {
     QList<Piece> pieces;
+    bool isComplete = false; // leads to the moment that was asked for, or as far as there is anything
     Reach reach;
 };
 
@@ -92,10 +93,10 @@ BinaryLogReplay::BinaryLogReplay(const DataFolder &folder, const ServerPrograms 
 
 BinaryLogReplay::Reach BinaryLogReplay::reach(const Mark &mark) const
 {
-    return way(mark).reach;
+    return way(mark, {}).reach;
 }
 
-BinaryLogReplay::Way BinaryLogReplay::way(const Mark &mark) const
+BinaryLogReplay::Way BinaryLogReplay::way(const Mark &mark, const std::optional<QDateTime> &until) const
 {
     Way way;
     const BinaryLog log(m_folder);
@@ -110,22 +111,26 @@ BinaryLogReplay::Way BinaryLogReplay::way(const Mark &mark) const
     }
     bool damaged = false;
     for (const QString &file : files) {
-        const BinaryLogFile read = BinaryLogFile::read(file);
         const qint64 begin = file == files.constFirst() ? qMax(mark.position, firstPosition) : firstPosition;
+        const BinaryLogFile read = BinaryLogFile::read(file, begin, until);
         if (!read.isLog || begin > read.end) {
             damaged = true;
             break;
         }
         way.reach.possible = true;
-        if (read.end > begin && read.last.isValid())
+        if (read.last.isValid())
             way.reach.until = read.last;
         way.pieces.append({file, begin, read.end});
+        way.isComplete = read.goesFurther;
+        if (way.isComplete)
+            return way;
         // What a server that was killed had not finished writing it has not saved either.
         damaged = !read.isWhole && !read.wasBrokenOff;
         if (damaged)
             break;
     }
     way.reach.upToNow = !damaged && log.isInUse(files.constLast());
+    way.isComplete = way.reach.upToNow || !until;
     if (damaged)
         way.reach.problem = u"ثبت تغییرات پس از این پشتیبان آسیب دیده است."_s;
     else if (!way.reach.upToNow)
@@ -136,22 +141,21 @@ BinaryLogReplay::Way BinaryLogReplay::way(const Mark &mark) const
 void BinaryLogReplay::run(const KConnectionSettings &server, const Mark &mark, const QString &from, const QString &into,
                           const std::optional<QDateTime> &until, const Progress &progress) const
 {
-    const Way found = way(mark);
-    const bool reaches = found.reach.upToNow || (until && found.reach.until.isValid() && *until <= found.reach.until);
-    if (!found.reach.possible || (!reaches && (until || !found.reach.until.isValid())))
+    const Way found = way(mark, until);
+    if (!found.reach.possible || !found.isComplete)
         throw ServerError(ServerError::Kind::DumpFailed, found.reach.words(), u"the binary log does not reach that far"_s);
     qint64 expected = 0;
     for (const Piece &piece : found.pieces)
         expected += piece.end - piece.begin;
     qint64 done = 0;
     for (const Piece &piece : found.pieces) {
-        replay(server, piece, {from, into}, until, [&] { return !progress || progress(done, expected); });
+        replay(server, piece, {from, into}, [&] { return !progress || progress(done, expected); });
         done += piece.end - piece.begin;
     }
 }
 
 void BinaryLogReplay::replay(const KConnectionSettings &server, const Piece &piece, const QStringList &databases,
-                             const std::optional<QDateTime> &until, const std::function<bool()> &goesOn) const
+                             const std::function<bool()> &goesOn) const
 {
     for (const QString &program : {m_programs.binaryLog, m_programs.client}) {
         if (program.isEmpty())
@@ -167,8 +171,6 @@ void BinaryLogReplay::replay(const KConnectionSettings &server, const Piece &pie
         arguments << u"--rewrite-db=%1->%2"_s.arg(from, into);
     // By the name under which it was logged.
     arguments << u"--database="_s + from;
-    if (until)
-        arguments << u"--stop-datetime="_s + until->toString(u"yyyy-MM-dd HH:mm:ss"_s);
     arguments << piece.file;
 
     platform::ignoreBrokenPipes();

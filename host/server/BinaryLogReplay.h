@@ -50,9 +50,8 @@ private:
     struct Piece;
     struct Way;
 
-    Way way(const Mark &mark) const;
-    void replay(const KConnectionSettings &server, const Piece &piece, const QStringList &databases, const std::optional<QDateTime> &until,
-                const std::function<bool()> &goesOn) const;
+    Way way(const Mark &mark, const std::optional<QDateTime> &until) const;
+    void replay(const KConnectionSettings &server, const Piece &piece, const QStringList &databases, const std::function<bool()> &goesOn) const;
 
     DataFolder m_folder;
     ServerPrograms m_programs;

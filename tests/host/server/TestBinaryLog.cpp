@@ -23,8 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of the changes that are set to a moment: after the file was begun, as any change is.
-const QDateTime noon(QDate::currentDate().addDays(1), QTime(12, 0), Qt::UTC);
+// Of the changes that are set to a moment, by a clock that was set back since the file was begun.
+const QDateTime noon(QDate::currentDate().addDays(-1), QTime(12, 0), Qt::UTC);
 
 QStringList columnOf(KConnection &connection, const QByteArray &statement)
 {
@@ -195,6 +195,7 @@ private Q_SLOTS:
         QTest::newRow("at the first, which is not yet") << 10 << QStringList{u"1"_s};
         QTest::newRow("after the first") << 11 << QStringList{u"1"_s, u"2"_s};
         QTest::newRow("within a transaction: none of it") << 25 << QStringList{u"1"_s, u"2"_s};
+        QTest::newRow("at its end, which is not yet") << 30 << QStringList{u"1"_s, u"2"_s};
         QTest::newRow("after it") << 31 << QStringList{u"1"_s, u"2"_s, u"3"_s, u"4"_s};
     }
 
