@@ -12,6 +12,7 @@
 #include "host/administration/CDlgBackupUnlock.h"
 #include "host/administration/RestoreLoss.h"
 #include "host/backup/BackupRestoring.h"
+#include "host/backup/BackupScratch.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/ServerError.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -20,6 +21,8 @@
 #include "suite/accounting/lists/KListCommands.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/SuiteSchema.h"
+#include "suite/accounting/recovery/CDlgRestoreRecords.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/lists/KEmptyState.h"
@@ -31,6 +34,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -91,6 +95,7 @@ std::vector<KListCommand> CDlgBackups::commands()
         {u"verify"_s, u"آزمون بازگرداندن"_s, onRow, [this] { verifySelected(); }, {}, u":/icons/check.svg"_s},
         {u"lookInto"_s, u"نمایش"_s, onRow | KListCommand::StartsGroup, [this] { lookInto(); }, {}, u":/icons/show.svg"_s},
         {u"restore"_s, u"بازگرداندن"_s, onRow, [this] { restoreSelected(); }, {}, u":/icons/refresh.svg"_s},
+        {u"records"_s, u"بازگرداندن موردها"_s, onRow, [this] { restoreRecords(); }, {}, u":/icons/unarchive.svg"_s},
         {u"folder"_s, u"باز کردن پوشه"_s, KListCommand::StartsGroup, [this] { openFolder(); }, {}, u":/icons/database.svg"_s},
         {u"print"_s, u"چاپ"_s, 0, [this] { print(); }, QKeySequence(QKeySequence::Print), u":/icons/print.svg"_s},
         {u"delete"_s, u"حذف"_s, onRow | KListCommand::StartsGroup, [this] { removeSelected(); }, QKeySequence(QKeySequence::Delete),
@@ -235,30 +240,57 @@ void CDlgBackups::restoreSelected()
     done(Accepted);
 }
 
+// The backup is database 1 for as long as the window of its records is open.
+void CDlgBackups::restoreRecords()
+{
+    if (!selected())
+        return;
+    const BackupFile file = selected()->file;
+    const std::optional<QString> passphrase = passphraseOf(file);
+    if (!passphrase)
+        return;
+    BackupScratch scratch(m_folder);
+    {
+        BackupProgress window(u"بازگرداندن موردها"_s, u"باز کردن پشتیبان %1…"_s.arg(BackupListing::whenText(file)), this);
+        scratch.load(file, *passphrase, window.here());
+        window.hide();
+    }
+    const auto ended = qScopeGuard([] { KConnection::closeThreadConnections(); });
+    constexpr int loaded = 1;
+    KConnection::configure(loaded, scratch.settings());
+    if (SuiteSchema::storedVersion(loaded) < SuiteSchema::currentVersion())
+        SuiteSchema::upgrade(loaded);
+    CDlgRestoreRecords(loaded, this).exec();
+}
+
 void CDlgBackups::openFolder()
 {
     const BackupListing::Entry *entry = selected();
     Backup::showFolder(entry ? QFileInfo(entry->file.path()).path() : m_folder.backupsPath(), this);
 }
 
+// The list may be filled anew while the question is open.
 void CDlgBackups::removeSelected()
 {
-    const BackupListing::Entry *entry = selected();
-    if (!entry)
+    if (!selected())
         return;
+    const BackupListing::Entry entry = *selected();
     using State = BackupManifest::Verification::State;
-    const bool isProved = entry->file.verification().state == State::Passed;
+    const bool isProved = entry.file.verification().state == State::Passed;
     const auto proved = std::count_if(m_entries.cbegin(), m_entries.cend(), [](const BackupListing::Entry &other) {
         return other.file.verification().state == State::Passed;
     });
-    QString question = u"پشتیبان %1 حذف شود؟ دیگر نمی‌توان به آن بازگشت."_s.arg(BackupListing::whenText(entry->file));
+    QString question = u"پشتیبان %1 حذف شود؟ دیگر نمی‌توان به آن بازگشت."_s.arg(BackupListing::whenText(entry.file));
     if (isProved && proved == 1)
         question = u"این تنها پشتیبان آزموده شده است.\n"_s + question;
     if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::Yes)
         return;
-    const bool isGone = entry->file.remove() && (entry->otherCopy.isEmpty() || BackupFile(entry->otherCopy).remove());
-    if (!isGone)
-        g_pDlgWarning->Show(u"پشتیبان حذف نشد؛ اجازه نوشتن در پوشه آن را بررسی نمایید."_s, this);
+    const BackupFile now(entry.file.path());
+    if (now.exists() && now.size() == entry.file.size()) {
+        const bool isGone = now.remove() && (entry.otherCopy.isEmpty() || BackupFile(entry.otherCopy).remove());
+        if (!isGone)
+            g_pDlgWarning->Show(u"پشتیبان حذف نشد؛ اجازه نوشتن در پوشه آن را بررسی نمایید."_s, this);
+    }
     refill();
 }
 

@@ -42,6 +42,7 @@ private:
     void verifySelected();
     void lookInto();
     void restoreSelected();
+    void restoreRecords();
     void openFolder();
     void removeSelected();
     void print();

@@ -10,6 +10,8 @@
 #include "host/administration/RestoreLoss.h"
 #include "host/backup/BackupFiles.h"
 #include "host/backup/BackupTaking.h"
+#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/recovery/CDlgRestoreRecords.h"
 #include "suite/db/KChangeLog.h"
 #include "suite/db/KLease.h"
 #include "suite/db/KTransaction.h"
@@ -23,7 +25,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -47,10 +51,12 @@ private Q_SLOTS:
     void verifies_data();
     void verifies();
     void deletesFileAndManifestAndCopy();
+    void anotherBackupDuringTheQuestionIsNotTheOneDeleted();
     void onlyProvedOneIsNotDeletedLightly();
     void restoringSaysWhatIsLost();
     void changesAreCountedFromTheLog();
     void othersAtWorkAreNamedAndNothingIsRestored();
+    void recordsAreChosenFromTheLoadedBackup();
     void passphraseIsAskedUntilItIsRight();
     void ownPassphraseIsNotAskedFor();
 
@@ -109,7 +115,7 @@ void TestCDlgBackups::whoIsNoAdministratorAnyMoreChangesNothing()
     const BackupFile file = take();
     CDlgBackups dialog(folder(), nullptr);
     m_office.database.run(u"UPDATE Users SET bAdmin=0"_s);
-    for (const QString &command : {u"take"_s, u"verify"_s, u"lookInto"_s, u"restore"_s, u"delete"_s}) {
+    for (const QString &command : {u"take"_s, u"verify"_s, u"lookInto"_s, u"restore"_s, u"records"_s, u"delete"_s}) {
         dialog.runCommand(command);
         QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این کار فقط برای مدیر برنامه مجاز است."_s});
     }
@@ -227,6 +233,36 @@ void TestCDlgBackups::deletesFileAndManifestAndCopy()
     QCOMPARE(dialog.list()->count(), 0);
 }
 
+namespace {
+
+std::function<void()> duringTheQuestion;
+
+}
+
+void TestCDlgBackups::anotherBackupDuringTheQuestionIsNotTheOneDeleted()
+{
+    const QString asked = take().path();
+    CDlgBackups dialog(folder(), nullptr);
+    QString taken;
+    duringTheQuestion = [&] {
+        taken = take().path();
+        dialog.refill();
+    };
+    g_pDlgYesNo->answerAll(false);
+    const auto ended = qScopeGuard([] {
+        KMessageDialog::setBox(nullptr);
+        g_pDlgYesNo->answerAll(true);
+    });
+    KMessageDialog::setBox([](KMessageDialog::Kind, const QString &, KMessageDialog::Buttons, QWidget *) {
+        duringTheQuestion();
+        return KMessageDialog::Yes;
+    });
+    QVERIFY(dialog.runCommand(u"delete"));
+    QVERIFY(!QFile::exists(asked));
+    QVERIFY(QFile::exists(taken));
+    QCOMPARE(dialog.list()->count(), 1);
+}
+
 void TestCDlgBackups::onlyProvedOneIsNotDeletedLightly()
 {
     setVerified(take(), State::Passed);
@@ -282,6 +318,31 @@ void TestCDlgBackups::othersAtWorkAreNamedAndNothingIsRestored()
     QVERIFY2(shown.constFirst().contains(u"حسابداری-2"_s), qPrintable(shown.constFirst()));
     QVERIFY(!dialog.request().file.exists());
     QCOMPARE(g_pDlgYesNo->takeShown(), QStringList());
+}
+
+void TestCDlgBackups::recordsAreChosenFromTheLoadedBackup()
+{
+    CTblProperties::DBWriteSetting(u"Test"_s, u"sState"_s, u"پیشین"_s);
+    take();
+    CTblProperties::DBWriteSetting(u"Test"_s, u"sState"_s, u"کنونی"_s);
+    CDlgBackups dialog(folder(), nullptr);
+    QString there;
+    QString here;
+    QTimer glance;
+    connect(&glance, &QTimer::timeout, this, [&] {
+        auto *window = qobject_cast<CDlgRestoreRecords *>(QApplication::activeModalWidget());
+        if (!window)
+            return;
+        there = CTblProperties::DBReadSetting(u"Test"_s, u"sState"_s, QString(), 1);
+        here = CTblProperties::DBReadSetting(u"Test"_s, u"sState"_s, QString());
+        window->reject();
+    });
+    glance.start(50);
+    QVERIFY(dialog.runCommand(u"records"));
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
+    QCOMPARE(there, u"پیشین"_s);
+    QCOMPARE(here, u"کنونی"_s);
+    QCOMPARE(QDir(folder().temporaryPath()).entryList(QDir::Dirs | QDir::NoDotAndDotDot), QStringList());
 }
 
 void TestCDlgBackups::passphraseIsAskedUntilItIsRight()
