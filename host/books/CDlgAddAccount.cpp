@@ -108,7 +108,8 @@ void CDlgAddAccount::build(const QString &title, const QString &above)
     addLabelled(grid, u"کد :"_s, m_codeEdit);
     addLabelled(grid, u"نام :"_s, m_name, 4);
     setContent(page, createButtons());
-    HistoryButton::addTo(this, footer(), m_record->GetTableName(), m_edit ? m_edit->key() : 0);
+    if (m_edit)
+        HistoryButton::addTo(this, footer(), m_record->GetTableName(), m_edit->key());
 }
 
 bool CDlgAddAccount::OnOK()
