@@ -102,7 +102,8 @@ void enterContracts()
                                                {u"iPersonContract1"_s, partyKinds},
                                                {u"iPersonContract2"_s, partyKinds}}),
                            .derived = {},
-                           .parts = &partsOfContract});
+                           .parts = &partsOfContract,
+                           .recordKinds = {CTblAutomobilContracts::recordKind}});
     RecordSubjects::enter({.table = PlanTrace::name(),
                            .kind = u"اقساط قرارداد"_s,
                            .form = form,
@@ -136,14 +137,16 @@ void enterCars()
                            .word = words(Lists{{u"iStatus"_s, activity()},
                                                {u"iFuel"_s, WordLists::texts(WordLists::fuelTypes())},
                                                {u"iUsageType"_s, WordLists::texts(WordLists::usageTypes())},
-                                               {u"iTypeDocument"_s, {u"قولنامه ای"_s, u"اجاره ای"_s}}})});
+                                               {u"iTypeDocument"_s, {u"قولنامه ای"_s, u"اجاره ای"_s}}}),
+                           .recordKinds = {CTblAutomobilInformations::recordKind}});
     RecordSubjects::enter({.table = u"AutomobilDemands"_s,
                            .kind = u"تقاضا"_s,
                            .form = u"AutomobilDemands"_s,
                            .make = RecordSubject::maker<CTblAutomobilDemands>(),
                            .title = [](KMySQL &record) { return QString::number(static_cast<const CTblAutomobilDemands &>(record).m_iCode); },
                            .caption = captions({{u"iCode"_s, codeCaption}, {u"iStatus"_s, statusCaption}, {u"iPersonID"_s, u"شخص"_s}, {u"iAutomobilType"_s, u"برند"_s}}),
-                           .word = [words = words(Lists{{u"iStatus"_s, activity()}})](const QString &column, const QVariant &value) { return column == "iAlarmID"_L1 ? (value.toInt() > 0 ? u"دارد"_s : u"ندارد"_s) : words(column, value); }});
+                           .word = [words = words(Lists{{u"iStatus"_s, activity()}})](const QString &column, const QVariant &value) { return column == "iAlarmID"_L1 ? (value.toInt() > 0 ? u"دارد"_s : u"ندارد"_s) : words(column, value); },
+                           .recordKinds = {CTblAutomobilDemands::recordKind}});
 }
 
 // The three levels of the catalog have the same names for what they share.

@@ -3,12 +3,26 @@
 
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 
+#include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KLookup.h"
 #include "suite/db/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// As values of the record, each by the field's name.
+void noteValues(int table, int recordID, const QHash<int, QString> &before, const QHash<int, QString> &after, int database)
+{
+    const QHash<int, QString> names = KLookup::names<CTblCustomFieldRecords>(u"iFieldID", after.keys(), database);
+    QList<KChangedValue> changed;
+    for (auto value = after.cbegin(); value != after.cend(); ++value) {
+        if (before.value(value.key()) != *value)
+            changed.append({names.value(value.key(), QString::number(value.key())), before.value(value.key()), *value});
+    }
+    RecordSubjects::noteOn(table, recordID, u"CustomFieldRecords"_s, changed, database);
+}
 
 KSql recordFilter(int table, int recordID)
 {
@@ -73,10 +87,14 @@ void CTblCustomFieldRecords::setValues(int table, int recordID, const QHash<int,
 
 void CTblCustomFieldRecords::changeValues(int table, int recordID, const QHash<int, QString> &values, int database)
 {
+    if (values.isEmpty())
+        return;
     KTransaction transaction(database);
+    const QHash<int, QString> before = CTblCustomFieldRecords::values(table, recordID, database);
     for (auto value = values.cbegin(); value != values.cend(); ++value)
         DeleteAllRelatedRecords(table, recordID, value.key(), database);
     addRows(table, recordID, values, database);
+    noteValues(table, recordID, before, values, database);
     transaction.commit();
 }
 

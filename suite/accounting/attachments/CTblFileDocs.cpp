@@ -3,8 +3,11 @@
 
 #include "suite/accounting/attachments/CTblFileDocs.h"
 
+#include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 #include <QFile>
@@ -20,6 +23,16 @@ constexpr int longestFileName = 200;
 KSql visibleTo(int userID)
 {
     return KSql::formatted("(iScope=%1 OR iUserID=%2)", int(CTblFileDocs::General), userID);
+}
+
+// A file of one user alone is nobody else's to read, not even its name. A record that nobody has saved yet may come to nothing.
+void noteFile(const CTblFileDocs &file, bool isAdded)
+{
+    if (Placeholders::contains({RecordSubjects::tableOf(file.m_iTable), file.m_iRecordID}, file.database()))
+        return;
+    const QString name = file.m_iScope == CTblFileDocs::Personal ? u"فایل شخصی"_s : file.m_sName;
+    const KChangedValue value{u"فایل پیوست"_s, isAdded ? QVariant() : QVariant(name), isAdded ? QVariant(name) : QVariant()};
+    RecordSubjects::noteOn(file.m_iTable, file.m_iRecordID, file.GetTableName(), {value}, file.database());
 }
 
 QByteArray readFile(const QString &path)
@@ -128,8 +141,11 @@ int CTblFileDocs::addFile(int table, int recordID, Scope scope, int userID, cons
     set.m_sName = shortened(QFileInfo(path).fileName(), longestFileName);
     set.m_oData.data = data;
     set.m_dateCreate = GetDBSetting()->GetDBServerDate();
+    KTransaction transaction(database);
     set.Update(true);
-    return static_cast<int>(set.GetLastInsertedID());
+    noteFile(set, true);
+    transaction.commit();
+    return set.m_iID;
 }
 
 bool CTblFileDocs::content(int id, int userID, QString *name, QByteArray *data, int database)
@@ -144,9 +160,17 @@ bool CTblFileDocs::content(int id, int userID, QString *name, QByteArray *data, 
 
 bool CTblFileDocs::deleteFile(int id, int userID, int database)
 {
+    CTblFileDocs file(database);
+    file.SetColumns({u"iTable"_s, u"iRecordID"_s, u"iScope"_s, u"sName"_s});
+    const bool isKnown = file.IsRecordExist(u"iID"_s, id);
+    KTransaction transaction(database);
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    return temp.ExecuteQuery(KSql::formatted("DELETE FROM FileDocs WHERE iID=%1 AND %2", id, visibleTo(userID))) > 0;
+    const bool deleted = temp.ExecuteQuery(KSql::formatted("DELETE FROM FileDocs WHERE iID=%1 AND %2", id, visibleTo(userID))) > 0;
+    if (deleted && isKnown)
+        noteFile(file, false);
+    transaction.commit();
+    return deleted;
 }
 
 void CTblFileDocs::DeleteAllRelatedRecords(int table, int recordID, int userID, int database)

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/changes/RecordSubjects.h"
 
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KMySQL.h"
 
 #include <algorithm>
@@ -44,6 +45,19 @@ QList<const RecordSubject *> RecordSubjects::all()
     for (const auto &subject : entered())
         subjects.append(subject.get());
     return subjects;
+}
+
+QString RecordSubjects::tableOf(int recordKind)
+{
+    const auto found = std::ranges::find_if(entered(), [&](const auto &subject) { return subject->recordKinds.contains(recordKind); });
+    return found == entered().end() ? QString() : (*found)->table;
+}
+
+void RecordSubjects::noteOn(int recordKind, qint32 recordID, const QString &ownTable, const QList<KChangedValue> &values, int database)
+{
+    const QString table = tableOf(recordKind);
+    if (!values.isEmpty())
+        KChangeLog::note(table.isEmpty() ? ownTable : table, recordID, KChange::Kind::Changed, database, values);
 }
 
 QString RecordSubjects::nameOf(const QString &table, qint32 key, int database)

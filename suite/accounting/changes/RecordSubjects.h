@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/db/KChangedValues.h"
 
 #include <QList>
 #include <QStringList>
@@ -37,6 +38,8 @@ struct RecordSubject
         qint32 key;
     };
     std::function<QList<Part>(qint32 key, int database)> parts = {};
+    // Under which the suite keeps what belongs to such a record: attached files, custom fields (RecordKinds.h).
+    QList<int> recordKinds = {};
 
     // For make.
     template <class Record>
@@ -57,6 +60,11 @@ public:
     static const RecordSubject *of(const QString &table);
     // In the order in which they were entered.
     static QList<const RecordSubject *> all();
+    // The table of the kind of record (RecordKinds.h); empty where nobody has entered it.
+    static QString tableOf(int recordKind);
+    // Notes a change of what belongs to a record and stands elsewhere, as one of the record: an attached file, the value of a custom field.
+    // Under the table of that name where nobody has entered the kind. Throws CMySQLException.
+    static void noteOn(int recordKind, qint32 recordID, const QString &ownTable, const QList<KChangedValue> &values, int database = 0);
     // The record of that key as a message names it: kind and title as it is now; the kind and the key where it is gone, the kind alone where
     // there is no key. Throws CMySQLException.
     static QString nameOf(const QString &table, qint32 key, int database = 0);

@@ -117,7 +117,8 @@ void enterBooks()
                                                         words(QHash<QString, QStringList>{{u"iStatus"_s, {u"معتبر"_s, u"باطل"_s}}}),
                                                         [](const QString &column, const QVariant &value) {
                                                             return column == "rows"_L1 ? DocumentValues::shown(column, value).value_or(QString()) : QString();
-                                                        }})});
+                                                        }}),
+                           .recordKinds = {RecordKind::Document}});
     RecordSubjects::enter(accountSubject<CTblHesabKol>(u"حساب کل"_s));
     RecordSubjects::enter(accountSubject<CTblHesabMoeen>(u"حساب معین"_s));
     RecordSubjects::enter(accountSubject<CTblHesabTafsily>(u"حساب تفصیلی"_s));
@@ -136,7 +137,8 @@ void enterInvoices()
                                    return RecordKind::names().at(value.toInt() == CTblFactors::purchase ? RecordKind::PurchaseInvoice : RecordKind::SaleInvoice);
                                if (column == "lines"_L1)
                                    return InvoiceValues::shown(column, value).value_or(QString());
-                               return column == "iStatus"_L1 ? (value.toInt() == CTblFactors::voided ? u"باطل"_s : u"معتبر"_s) : QString(); }});
+                               return column == "iStatus"_L1 ? (value.toInt() == CTblFactors::voided ? u"باطل"_s : u"معتبر"_s) : QString(); },
+                           .recordKinds = {RecordKind::SaleInvoice, RecordKind::PurchaseInvoice}});
     RecordSubjects::enter({.table = u"Services"_s,
                            .kind = u"خدمت"_s,
                            .form = u"Services"_s,

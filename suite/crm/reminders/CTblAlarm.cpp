@@ -4,6 +4,7 @@
 #include "suite/crm/reminders/CTblAlarm.h"
 
 #include "suite/db/CTblTemp.h"
+#include "suite/db/KTransaction.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
@@ -122,9 +123,16 @@ bool CTblAlarm::postpone(int id, int userID, const QDateTime &until, int databas
 bool CTblAlarm::deleteAlarm(int id, int userID, int database)
 {
     GetDBSetting()->RequireOpenDB();
+    CTblAlarm alarm(database);
+    const bool isKnown = alarm.IsRecordExist(u"iID"_s, id);
+    KTransaction transaction(database);
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    return temp.ExecuteQuery(KSql::formatted("DELETE FROM Alarms WHERE iID=%1", id) + ofUser(userID)) > 0;
+    const bool deleted = temp.ExecuteQuery(KSql::formatted("DELETE FROM Alarms WHERE iID=%1", id) + ofUser(userID)) > 0;
+    if (deleted && isKnown)
+        alarm.noteDeleted();
+    transaction.commit();
+    return deleted;
 }
 
 void CTblAlarm::DeleteAllRelatedRecords(int kind, int key, int database)

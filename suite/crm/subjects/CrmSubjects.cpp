@@ -5,6 +5,7 @@
 
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 
@@ -29,7 +30,8 @@ void CrmSubjects::enter()
                                },
                            .caption = {},
                            .word = words(QHash<QString, QStringList>{{u"iKind"_s, kinds}, {u"iSex"_s, {u"مرد"_s, u"زن"_s}}, {u"iStatus"_s, SubjectWords::activity()}}),
-                           .derived = {u"sName2"_s, u"bNatural"_s}});
+                           .derived = {u"sName2"_s, u"bNatural"_s},
+                           .recordKinds = {RecordKind::Person}});
     RecordSubjects::enter({.table = u"Alarms"_s,
                            .kind = u"یادآوری"_s,
                            .form = {},

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/treasury/records/CTblChequeChanges.h"
@@ -50,7 +51,8 @@ void enterCheques()
                            .caption = {},
                            .word = words(Names{{u"iKind"_s, &CTblReceipts::kindName}, {u"iState"_s, &stateName}}),
                            .derived = {},
-                           .parts = &stepsOf});
+                           .parts = &stepsOf,
+                           .recordKinds = {RecordKind::Cheque}});
     RecordSubjects::enter({.table = u"ChequeChanges"_s,
                            .kind = u"تغییر وضعیت چک"_s,
                            .form = u"Cheques"_s,
@@ -76,7 +78,8 @@ void TreasurySubjects::enter()
                                    return u"%1 %2"_s.arg(CTblReceipts::kindName(receipt.m_iKind)).arg(receipt.m_iID);
                                },
                            .caption = {},
-                           .word = words(Names{{u"iKind"_s, &CTblReceipts::kindName}, {u"iMethod"_s, &CTblReceipts::methodName}, {u"iStatus"_s, &CTblReceipts::statusName}})});
+                           .word = words(Names{{u"iKind"_s, &CTblReceipts::kindName}, {u"iMethod"_s, &CTblReceipts::methodName}, {u"iStatus"_s, &CTblReceipts::statusName}}),
+                           .recordKinds = {RecordKind::Receipt}});
     enterCheques();
     RecordSubjects::enter({.table = u"FollowUps"_s,
                            .kind = u"پیگیری"_s,

@@ -8,16 +8,22 @@
 #include "auto/db/PlanTrace.h"
 #include "auto/db/RecordSaving.h"
 #include "auto/editor/NewRecord.h"
+#include "suite/accounting/attachments/CTblCustomFieldRecords.h"
+#include "suite/accounting/attachments/CTblCustomFields.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/history/HistoryRows.h"
 #include "suite/accounting/history/HistoryWords.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/db/KTransaction.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
+#include <QFileInfo>
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <memory>
@@ -49,6 +55,8 @@ private Q_SLOTS:
     void planIsNotedByItsChangedLines();
     void deletedRecordKeepsItsName();
     void contractHistoryHoldsItsPlan();
+    void filesAndCustomValuesAreNotedOfTheirRecord();
+    void deletedReminderIsNoted();
 
 private:
     QString scalar(const QString &sql) { return m_office->database().value(sql); }
@@ -339,6 +347,40 @@ void TestRecordTraces::contractHistoryHoldsItsPlan()
     QCOMPARE(entries.size(), 2);
     QCOMPARE(entries.constFirst().kind, u"اقساط قرارداد"_s);
     QCOMPARE(entries.constFirst().lines.constFirst().after, u"قسط 1 پرداخت شده"_s);
+}
+
+void TestRecordTraces::filesAndCustomValuesAreNotedOfTheirRecord()
+{
+    const int key = m_office->addContract();
+    const int field = CTblCustomFields::define(CTblAutomobilContracts::recordKind, u"رنگ پوشه"_s, CTblCustomFields::Text);
+    m_office->database().run(u"DELETE FROM Changes"_s);
+    CTblCustomFieldRecords::changeValues(CTblAutomobilContracts::recordKind, key, {{field, u"آبی"_s}});
+    CTblCustomFieldRecords::changeValues(CTblAutomobilContracts::recordKind, key, {{field, u"آبی"_s}});
+    QCOMPARE(notes(), 1);
+    QCOMPARE(notes(u"sTable='AutomobilContracts' AND iKind=1 AND iRecordID=%1"_s.arg(key)), 1);
+    QCOMPARE(HistoryWords().lines(u"AutomobilContracts"_s, lastValues()).constFirst().caption, u"رنگ پوشه"_s);
+    QTemporaryFile scan;
+    QVERIFY(scan.open() && scan.write("x") == 1 && scan.flush());
+    const int file = CTblFileDocs::addFile(CTblAutomobilContracts::recordKind, key, CTblFileDocs::General, m_office->adminID(), scan.fileName());
+    QCOMPARE(lastValues().constFirst().after.toString(), QFileInfo(scan.fileName()).fileName());
+    QVERIFY(CTblFileDocs::deleteFile(file, m_office->adminID()));
+    QCOMPARE(lastValues().constFirst().before.toString(), QFileInfo(scan.fileName()).fileName());
+    QCOMPARE(notes(), 3);
+    CTblFileDocs::addFile(CTblAutomobilContracts::recordKind, key, CTblFileDocs::Personal, m_office->adminID(), scan.fileName());
+    QCOMPARE(lastValues().constFirst().after.toString(), u"فایل شخصی"_s);
+    CTblCustomFields::remove(field);
+}
+
+void TestRecordTraces::deletedReminderIsNoted()
+{
+    CTblAlarm alarm;
+    alarm.AddNew();
+    alarm.m_iUserID = m_office->adminID();
+    alarm.m_sDesc = u"تماس"_s;
+    alarm.m_date = QDateTime(QDate(2026, 1, 1), QTime(0, 0), Qt::UTC);
+    alarm.Update(true);
+    QVERIFY(CTblAlarm::deleteAlarm(alarm.m_iID, m_office->adminID()));
+    QCOMPARE(notes(u"sTable='Alarms' AND iKind=2"_s), 1);
 }
 
 static const RegisteredTest<TestRecordTraces, QApplication> registeredRecordTraces;

@@ -99,7 +99,7 @@ private Q_SLOTS:
         QCOMPARE(tables.join(u'|'),
                  u"START TRANSACTION|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
                  "INSERT INTO Docs|INSERT INTO Changes|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
-                 "INSERT INTO CustomFieldRecords|COMMIT"_s);
+                 "INSERT INTO CustomFieldRecords|INSERT INTO Changes|COMMIT"_s);
     }
 
     // Two desks save the same contract at the same moment: the one that comes second is asked, and the document is always of the row.
