@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString rowsColumn = u"rows"_s;
-const QString paidColumn = u"paid"_s;
+// Behind it stands the number of the instalment.
+const QString paidColumn = u"paid/"_s;
 const QString payerColumn = u"iPersonID"_s;
 
 // The parts of a line by tabs: number, day, amount, interest.
@@ -61,7 +62,7 @@ void PlanTrace::noteRows(int contractID, KChange::Kind kind, const QList<Line> &
 
 void PlanTrace::notePaid(int contractID, int number, bool paid)
 {
-    KChangeLog::note(name(), contractID, KChange::Kind::Changed, 0, {{paidColumn, paidText(number, !paid), paidText(number, paid)}});
+    KChangeLog::note(name(), contractID, KChange::Kind::Changed, 0, {{paidColumn + QString::number(number), paidText(number, !paid), paidText(number, paid)}});
 }
 
 void PlanTrace::notePayer(int contractID, int before, int after)
@@ -74,14 +75,14 @@ QString PlanTrace::captionOf(const QString &column)
 {
     if (column == rowsColumn)
         return u"اقساط"_s;
-    if (column == paidColumn)
+    if (column.startsWith(paidColumn))
         return u"پرداخت"_s;
     return column == payerColumn ? u"پرداخت کننده"_s : QString();
 }
 
 QString PlanTrace::wordsOf(const QString &column, const QVariant &value)
 {
-    if (column == paidColumn)
+    if (column.startsWith(paidColumn))
         return shownPaid(value.toString());
     if (column == payerColumn)
         return KLookup::name({u"Persons"_s, u"iID"_s, u"sName2"_s}, value.toInt());

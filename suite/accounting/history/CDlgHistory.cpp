@@ -24,7 +24,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int detailsHeight = 190;
+// Of the room that both have.
+constexpr int listShare = 65;
+constexpr int detailsShare = 35;
+constexpr int leastDetails = 3; // rows
 
 // Texts that completeRows sets, because they come for all rows at once.
 KListColumn::Cell filledLater(KMySQL &, int)
@@ -92,8 +95,11 @@ void CDlgHistory::buildDetails()
     m_details->setColumns(detailColumns());
     m_details->SetSettingName(u"History\\Details"_s);
     auto *card = new KListCard(m_details, this);
-    card->setFixedHeight(LookSizes::scaled(detailsHeight));
-    static_cast<QVBoxLayout *>(layout())->insertWidget(layout()->indexOf(commandLine()), card);
+    m_details->setMinimumHeight(LookSizes::scaled(LookSizes::titleRow + leastDetails * LookSizes::row));
+    auto *column = static_cast<QVBoxLayout *>(layout());
+    const int place = column->indexOf(commandLine());
+    column->setStretch(place - 1, listShare);
+    column->insertWidget(place, card, detailsShare);
     setTabOrder(list(), m_details);
     connect(list(), &KExtListCtrl::currentKeyChanged, this, &CDlgHistory::showDetails);
     connect(m_details, &KExtListCtrl::rowActivated, this, &CDlgHistory::showWhole);
@@ -124,7 +130,8 @@ std::vector<KListCommand> CDlgHistory::commands()
 
 KListTraits CDlgHistory::traits() const
 {
-    return {.readsWholeRecords = true, .emptyIcon = u":/icons/history.svg"_s, .emptyText = u"هنوز تغییری ثبت نشده است."_s};
+    // The filter of everything has a line that is not full.
+    return {.searchColumn = m_table.isEmpty() ? 2 : 0, .readsWholeRecords = true, .emptyIcon = u":/icons/history.svg"_s, .emptyText = u"هنوز تغییری ثبت نشده است."_s};
 }
 
 std::unique_ptr<KMySQL> CDlgHistory::makeRecords() const

@@ -10,8 +10,8 @@
 namespace HistoryMerge {
 
 // Entries of one record by one user at one computer, within two seconds, none of them but the oldest anything else than a change: the values
-// before are the oldest's and those after the newest's; what came back to what it was is left out. Settings are one record.
-// newestFirst as they are read; the order of those that stay is kept.
-TZACCOUNTINGDATA_EXPORT QList<HistoryEntry> of(const QList<HistoryEntry> &newestFirst);
+// before are the oldest's and those after the newest's; what came back to what it was is left out, unless nothing else would be left. Settings are
+// one record. In whatever order they were read; returned by their keys, the newest first.
+TZACCOUNTINGDATA_EXPORT QList<HistoryEntry> of(QList<HistoryEntry> entries);
 
 }

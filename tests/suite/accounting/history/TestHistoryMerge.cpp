@@ -20,6 +20,8 @@ private Q_SLOTS:
     void othersStayApart_data();
     void othersStayApart();
     void settingsAreOneRecord();
+    void orderOfTheListDoesNotMatter();
+    void whatWasTakenBackAtOnceStays();
 };
 
 namespace {
@@ -28,7 +30,9 @@ const QDateTime moment(QDate(2026, 11, 22), QTime(10, 0), Qt::UTC);
 
 HistoryEntry entry(KChange::Kind kind, int seconds, const QList<KChangedValue> &values)
 {
+    static int next = 1000;
     HistoryEntry entry;
+    entry.id = --next; // as they are listed: the newest is made first
     entry.table = u"Documents"_s;
     entry.key = 5;
     entry.change = {1, u"desk"_s, moment.addSecs(seconds), kind};
@@ -95,6 +99,31 @@ void TestHistoryMerge::settingsAreOneRecord()
         QCOMPARE(merged.constFirst().table, second.table);
         QVERIFY(merged.constFirst().hasValues);
     }
+}
+
+// A list may be sorted by the oldest first, or by users.
+void TestHistoryMerge::orderOfTheListDoesNotMatter()
+{
+    const QList<HistoryEntry> newestFirst{
+        entry(KChange::Kind::Changed, 90000, {{u"a"_s, 3, 4}}),
+        entry(KChange::Kind::Changed, 3001, {{u"b"_s, 1, 2}}),
+        entry(KChange::Kind::Changed, 3000, {{u"a"_s, 2, 3}}),
+        entry(KChange::Kind::Added, 0, {{u"a"_s, {}, 2}}),
+    };
+    QList<HistoryEntry> oldestFirst(newestFirst.crbegin(), newestFirst.crend());
+    for (const QList<HistoryEntry> &order : {newestFirst, oldestFirst}) {
+        const QList<HistoryEntry> merged = HistoryMerge::of(order);
+        QCOMPARE(merged.size(), 3);
+        QCOMPARE(merged.at(0).id, newestFirst.at(0).id);
+        QCOMPARE(merged.at(1).id, newestFirst.at(1).id);
+        QCOMPARE(merged.at(1).values.size(), 2);
+        QCOMPARE(merged.at(2).change.kind, KChange::Kind::Added);
+    }
+}
+
+void TestHistoryMerge::whatWasTakenBackAtOnceStays()
+{
+    QCOMPARE(HistoryMerge::of({entry(KChange::Kind::Changed, 1, {{u"a"_s, 2, 1}}), entry(KChange::Kind::Changed, 0, {{u"a"_s, 1, 2}})}).size(), 2);
 }
 
 static const RegisteredTest<TestHistoryMerge, QCoreApplication> registeredHistoryMerge;
