@@ -27,11 +27,23 @@ const QString folderName = u"binlog"_s;
 const QString asidePrefix = u"before-"_s;
 const QString logPrefix = u"log-"_s;
 const QString stampFormat = u"yyyyMMdd'T'HHmmsszzz"_s;
+// What is known of the last server that kept the log.
+const QByteArray running = QByteArrayLiteral("running\n");
+const QByteArray wholeToTheEnd = QByteArrayLiteral("whole\n");
+// Words of the server.
+const QByteArray gaveUp = QByteArrayLiteral("Turning logging off");
+const QByteArray shutDown = QByteArrayLiteral("Shutdown complete");
 const QString wantedKey = u"Server/bKeepBinaryLog"_s;
 
 QString stampNow()
 {
     return QDateTime::currentDateTimeUtc().toString(stampFormat);
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // log-20261122T193000000.000001: of which log, and which of its files; 0 for another name.
@@ -85,6 +97,35 @@ BinaryLog::BinaryLog(const DataFolder &folder)
 {
 }
 
+QString BinaryLog::statePath() const
+{
+    return path() + u"/state"_s;
+}
+
+void BinaryLog::noteEnd(const KConnectionSettings &server) const
+{
+    if (indexes().isEmpty())
+        return;
+    try {
+        KConnection connection(server);
+        const KConnection::Result status = connection.run(QByteArrayLiteral("SHOW MASTER STATUS"));
+        if (!logOf(connection).isEmpty() && mysql_fetch_row(status.get()))
+            platform::writePrivateFile(statePath(), wholeToTheEnd);
+    } catch (const CMySQLException &) {
+        // Such a server is as good as killed.
+    }
+}
+
+// The server of the last start may have gone on without its log. One that was killed said so in its own log; one that ended in order, but of
+// which nothing was noted, did so or had no room to write in.
+bool BinaryLog::mayLackChanges() const
+{
+    if (contentOf(statePath()) == wholeToTheEnd)
+        return false;
+    const QByteArray words = contentOf(m_folder.previousServerLogPath());
+    return words.contains(gaveUp) || words.contains(shutDown);
+}
+
 QString BinaryLog::path() const
 {
     return m_folder.path() + u'/' + folderName;
@@ -116,7 +157,7 @@ QByteArray BinaryLog::prepare(bool always) const
         throw ServerError(ServerError::Kind::FolderNotWritable,
                           u"پوشه %1 ساخته نشد؛ اجازه نوشتن در آن را بگیرید."_s.arg(ServerError::shownPath(path())),
                           path() + u": "_s + reason);
-    if (indexes().size() > 1)
+    if (indexes().size() > 1 || mayLackChanges())
         putAside();
     const QStringList index = indexes();
     const QString log = index.isEmpty() ? logPrefix + stampNow() : renewIndex(index.constFirst());
@@ -126,6 +167,7 @@ QByteArray BinaryLog::prepare(bool always) const
                              // What a power failure leaves must not be more in the tables than in the log.
                              "sync_binlog=1"})
         text += QByteArray(line) + '\n';
+    platform::writePrivateFile(statePath(), running);
     text += "expire_logs_days=" + QByteArray::number(keptDays) + '\n';
     return text;
 }
@@ -238,7 +280,7 @@ QStringList BinaryLog::from(const QString &name) const
 bool BinaryLog::isInUse(const QString &file) const
 {
     const QFileInfo asked(file);
-    if (asked.dir() != QDir(path()))
+    if (asked.dir() != QDir(path()) || contentOf(m_folder.serverLogPath()).contains(gaveUp))
         return false;
     const QStringList all = asked.dir().entryList({asked.completeBaseName() + u".*"_s}, QDir::Files, QDir::Name);
     return std::ranges::all_of(all, [number = numberOf(asked.fileName())](const QString &other) { return numberOf(other) <= number; });

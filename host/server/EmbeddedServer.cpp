@@ -91,6 +91,8 @@ void EmbeddedServer::start(const Progress &progress)
 
 void EmbeddedServer::stop(const Progress &progress)
 {
+    if (m_process.state() == QProcess::Running)
+        BinaryLog(m_folder).noteEnd(m_settings);
     endProcess(progress);
     m_lock.reset();
 }

@@ -308,6 +308,42 @@ private Q_SLOTS:
         QCOMPARE(rowsOf(connection, "loaded").size(), 3);
     }
 
+    // On a full disk the server cannot begin its next file, says so in its own log, and goes on without.
+    void aServerThatGivesItsLogUpLeavesNoHole()
+    {
+        const DataFolder folder = newFolder(true);
+        const QString logs = folder.path() + u"/binlog"_s;
+        BinaryLogReplay::Mark mark;
+        {
+            EmbeddedServer server(folder, options());
+            server.start();
+            KConnection connection(server.connectionSettings());
+            makeTables(connection);
+            mark = markOf(connection);
+            connection.run(QByteArrayLiteral("INSERT INTO kept VALUES (2,'logged',NULL)"));
+            QVERIFY(QDir().rename(logs, logs + u"-gone"_s));
+            try {
+                connection.run(QByteArrayLiteral("FLUSH BINARY LOGS"));
+            } catch (const CMySQLException &) {
+                // It may say so.
+            }
+            QVERIFY(QDir().rename(logs + u"-gone"_s, logs));
+            connection.run(QByteArrayLiteral("INSERT INTO kept VALUES (3,'not logged',NULL)"));
+            QCOMPARE(rowsOf(connection, "tzauto").size(), 3);
+            QVERIFY(!BinaryLogReplay(folder).reach(mark).upToNow);
+        }
+        EmbeddedServer server(folder, options());
+        server.start();
+        KConnection connection(server.connectionSettings());
+        connection.run(QByteArrayLiteral("INSERT INTO kept VALUES (4,'logged anew',NULL)"));
+        const BinaryLogReplay replay(folder);
+        QVERIFY(replay.reach(mark).possible);
+        QVERIFY(!replay.reach(mark).upToNow);
+        QVERIFY(replay.reach(markOf(connection)).upToNow);
+        replay.run(anyDatabase(server), mark, u"tzauto"_s, u"loaded"_s, {});
+        QCOMPARE(columnOf(connection, "SELECT iID FROM loaded.kept"), (QStringList{u"1"_s, u"2"_s}));
+    }
+
     void aDamagedLogIsToldAndGoesAsFarAsItIsWhole_data()
     {
         QTest::addColumn<QString>("damage");
