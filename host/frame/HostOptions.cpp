@@ -241,9 +241,9 @@ QString HostOptions::helpText(bool persian)
         text += form + u"\n        "_s + (persian ? option.persian : option.english) + u'\n';
     }
     text += persian ? u"\nفرمان‌های پشتیبان با این عددها پایان می‌یابند: 0 انجام شد، 1 انجام نشد، 2 گزینه نادرست، 3 پشتیبان ایراد دارد، "
-                      "4 پوشه یا پایگاه داده در دست دیگری است، 5 گذرواژه نادرست\n"_s
+                      "4 پوشه یا پایگاه داده در دست دیگری است، 5 گذرواژه نادرست، 6 بازگردانده شد ولی نه تا آخرین دقیقه\n"_s
                     : u"\nThe commands for backups end with: 0 done, 1 failed, 2 wrong options, 3 the backup is faulty, "
-                      "4 the folder or database is in use, 5 wrong passphrase\n"_s;
+                      "4 the folder or database is in use, 5 wrong passphrase, 6 restored, but not to the last minute\n"_s;
     return text;
 }
 

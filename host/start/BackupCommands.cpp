@@ -157,7 +157,7 @@ private:
         OfficeAccess office(m_options, m_folder);
         office.open();
         restoreInto(office, file);
-        return BackupCommands::Done;
+        return restored();
     }
 
     void restoreInto(const OfficeAccess &office, const BackupFile &file)
@@ -171,13 +171,16 @@ private:
         say(text(u"restored; the state before: %1"_s, u"بازگردانده شد؛ وضع پیش از آن: %1"_s).arg(copy.path()));
     }
 
-    // The last minute may be one of long ago.
-    void tellReach(const BackupFile &file) const
+    // The last minute that is known may be one of long ago.
+    void tellReach(const BackupFile &file)
     {
         const BinaryLogReplay::Reach reach = BackupPointInTime(m_folder).reach(file);
-        if (m_moment->lastMinute && !reach.upToNow)
+        m_endsEarly = m_moment->lastMinute && !reach.upToNow;
+        if (m_endsEarly)
             complain(reach.words());
     }
+
+    BackupCommands::Exit restored() const { return m_endsEarly ? BackupCommands::Partly : BackupCommands::Done; }
 
     // Where the database cannot be opened or read, it is put aside and a new one is made.
     int restoreFolder(const BackupFile &file)
@@ -188,7 +191,7 @@ private:
             try {
                 office.open();
                 restoreInto(office, file);
-                return BackupCommands::Done;
+                return restored();
             } catch (const ServerError &error) {
                 using Kind = ServerError::Kind;
                 if (error.kind() != Kind::Damaged && error.kind() != Kind::DidNotStart && error.kind() != Kind::EndedUnexpectedly)
@@ -201,7 +204,7 @@ private:
             m_folder, file, m_passphrase, ProgressLines(), {},
             m_moment ? BackupPointInTime(m_folder).ontoNew(file, *m_moment) : std::function<void(const KConnectionSettings &)>());
         say(damaged.isEmpty() ? text(u"restored"_s, u"بازگردانده شد"_s) : text(u"restored; the damaged database: %1"_s, u"بازگردانده شد؛ پایگاه داده آسیب‌دیده: %1"_s).arg(damaged));
-        return BackupCommands::Done;
+        return restored();
     }
 
     int list()
@@ -267,6 +270,7 @@ private:
     const DataFolder &m_folder;
     bool m_persian;
     QString m_passphrase;
+    bool m_endsEarly = false;
     std::optional<BackupMoment> m_moment; // to which is restored; nothing: that of the backup
 };
 

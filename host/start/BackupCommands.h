@@ -15,7 +15,8 @@ enum Exit {
     WrongOptions = 2,
     Different = 3, // the backup is not what its manifest says
     InUse = 4,     // another program has the folder, or works on the database
-    WrongPassphrase = 5
+    WrongPassphrase = 5,
+    Partly = 6 // restored, but not to the last minute
 };
 
 // Does what the options name. The result is one line on the standard output (of --list-backups, one for each backup), progress and
