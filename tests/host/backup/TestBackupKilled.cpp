@@ -17,6 +17,9 @@
 #include <QProcess>
 #include <QTest>
 
+#include <chrono>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -139,6 +142,69 @@ private Q_SLOTS:
         EmbeddedServer server(folder, PrivateTestServer::options());
         server.start();
         QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Cars"), u"20001"_s);
+    }
+
+    // The server itself dies while the tables change places, a little later each time: all of them are the old ones or the new ones.
+    void serverDiesWhileTheTablesChangePlaces()
+    {
+        constexpr int tables = 25;
+        const QTemporaryDir place(PrivateTestServer::folderTemplate());
+        const DataFolder folder(place.filePath(u"office"_s));
+        // One that keeps what is saved, like an office's.
+        EmbeddedServer server(folder);
+        server.start();
+        const KConnectionSettings settings = server.connectionSettings();
+        const auto fill = [&](const QByteArray &generation) {
+            KConnection connection(settings);
+            for (int number = 0; number < tables; ++number) {
+                const QByteArray table = 'T' + QByteArray::number(number);
+                connection.run("CREATE TABLE IF NOT EXISTS " + table + " (i INT) ENGINE=InnoDB");
+                connection.run("DELETE FROM " + table);
+                connection.run("INSERT INTO " + table + " VALUES(" + generation + ")");
+            }
+        };
+        // How many tables there are, and of which generations.
+        const auto generations = [&] {
+            KConnection connection(settings);
+            QSet<QByteArray> found;
+            const QStringList present = BackupSql::tablesOf(connection, settings.database);
+            for (const QString &table : present)
+                found.insert(BackupSql::value(connection, "SELECT MIN(i) FROM " + BackupSql::name(table)));
+            return std::pair(present.size(), found);
+        };
+        fill("2");
+        const BackupFile backup = BackupTaking(settings).take({folder.backupsPath()});
+        int restored = 0;
+        for (int round = 0; round < 6; ++round) {
+            fill("1");
+            BackupRestoring::Request request{backup, {}, folder.backupsPath()};
+            request.copiesFirst = false;
+            std::thread killer;
+            request.beforeExchange = [&](const QString &) {
+                killer = std::thread([&, process = server.processId()] {
+                    std::this_thread::sleep_for(std::chrono::milliseconds(4 * round * round));
+                    platform::forceStop(process);
+                });
+            };
+            try {
+                static_cast<void>(BackupRestoring(settings).restore(request));
+            } catch (const ServerError &) {
+                // It lost its server in the middle.
+            } catch (const CMySQLException &) {
+                // It lost it when it wanted to clean.
+            }
+            killer.join();
+            server.restart();
+            BackupRestoring(settings).cleanLeft();
+            const auto [count, found] = generations();
+            QCOMPARE(count, tables);
+            QCOMPARE(found.size(), 1);
+            restored += found.contains("2") ? 1 : 0;
+            KConnection connection(settings);
+            QVERIFY(!BackupSql::hasDatabase(connection, settings.database + u"_replaced"_s));
+            QVERIFY(!BackupSql::hasDatabase(connection, settings.database + u"_restoring"_s));
+        }
+        qInfo() << "restored all the same:" << restored << "of 6";
     }
 
     // Between the two renames: the damaged database is aside, the restored one has not its name yet.
