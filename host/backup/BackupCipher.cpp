@@ -82,6 +82,26 @@ QByteArray number(quint32 value)
 
 }
 
+namespace {
+
+Effort &currentEffort()
+{
+    static Effort effort;
+    return effort;
+}
+
+}
+
+void setUsualEffort(Effort effort)
+{
+    currentEffort() = effort;
+}
+
+Effort usualEffort()
+{
+    return currentEffort();
+}
+
 struct Sealer::State
 {
     crypto_secretstream_xchacha20poly1305_state stream;

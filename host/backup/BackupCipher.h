@@ -32,10 +32,14 @@ struct Effort
     quint32 memoryKiB = 256 * 1024;
 };
 
+// For tests: of what is sealed from now on where no other is asked for.
+void setUsualEffort(Effort effort);
+Effort usualEffort();
+
 class Sealer
 {
 public:
-    explicit Sealer(const QString &passphrase, Effort effort = {});
+    explicit Sealer(const QString &passphrase, Effort effort = usualEffort());
     ~Sealer();
     // To be written before all pieces.
     QByteArray header() const;

@@ -22,6 +22,7 @@ const QString heldName = u"/.held"_s;
 constexpr qint64 mebibyte = 1024LL * 1024;
 constexpr qint64 bareServerMiB = 200;
 constexpr int scratchRedoLogMiB = 48;
+constexpr int startLimit = 10 * 60 * 1000;
 // Rows and their keys take more than the statements that bring them.
 constexpr qint64 roomPerByte = 2;
 constexpr qint64 roomPerPackedByte = 15;
@@ -121,7 +122,9 @@ void BackupScratch::load(const BackupFile &file, const QString &passphrase, cons
     ServerOptions options;
     options.programs = m_programs;
     options.unsafeButFast = true;
-    options.lowPriority = true;
+    options.lowPriority = m_low;
+    // With little of the computer left to it, and whoever waits can give up.
+    options.startLimitMilliseconds = startLimit;
     options.redoLogMiB = scratchRedoLogMiB;
     options.freeMiBForNewDatabase = static_cast<int>(bareServerMiB);
     m_held->server = std::make_unique<EmbeddedServer>(folder(), options);
@@ -131,7 +134,7 @@ void BackupScratch::load(const BackupFile &file, const QString &passphrase, cons
     };
     m_held->server->start([&](const QString &) { turn(); });
     BackupLoading loading(settings(), m_programs);
-    loading.setLowPriority(true);
+    loading.setLowPriority(m_low);
     loading.load(file, settings().database, passphrase, progress);
 }
 

@@ -10,7 +10,7 @@
 #include <memory>
 
 // A server of its own, away from the office's data, that holds one backup: to verify it, to look into it, to take single records out of
-// it. It works with the lowest priority and is gone with the object; what a killed program left goes with the next one. The object
+// it. It is gone with the object; what a killed program left goes with the next one. The object
 // stays in the thread that made it: the server ends with that thread.
 class BackupScratch
 {
@@ -21,6 +21,8 @@ public:
     BackupScratch(const BackupScratch &) = delete;
     BackupScratch &operator=(const BackupScratch &) = delete;
 
+    // Gives way to everything else on the computer, for what nobody waits for. On a busy computer it then takes minutes.
+    void setLowPriority(bool low) { m_low = low; }
     // Starts the server and loads the backup. Throws ServerError as BackupLoading does, and DiskFull before anything is written where there
     // is too little room. To be called once.
     void load(const BackupFile &file, const QString &passphrase = {}, const BackupLoading::Progress &progress = {});
@@ -37,4 +39,5 @@ private:
     std::unique_ptr<Held> m_held;
     DataFolder m_office;
     ServerPrograms m_programs;
+    bool m_low = false;
 };

@@ -112,6 +112,7 @@ BackupVerification::Result BackupVerification::run(BackupFile &file, const QStri
     try {
         readThrough(file, passphrase, progress);
         BackupScratch scratch(m_office, m_programs);
+        scratch.setLowPriority(m_low);
         scratch.load(file, passphrase, progress);
         KConnection connection(scratch.settings());
         const QString database = scratch.settings().database;

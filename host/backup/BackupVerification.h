@@ -22,6 +22,8 @@ public:
 
     explicit BackupVerification(const DataFolder &office, const ServerPrograms &programs = ServerPrograms::installed());
 
+    // Whether it gives way to everything else on the computer, as it does unless somebody waits for it.
+    void setLowPriority(bool low) { m_low = low; }
     // Writes the result into the manifest, also that a damaged file failed; a backup without a manifest gets none. Throws ServerError
     // WrongPassphrase, Cancelled, and whatever says nothing about the backup (DiskFull, ProgramMissing, DidNotStart ...).
     Result run(BackupFile &file, const QString &passphrase = {}, const BackupLoading::Progress &progress = {}) const;
@@ -33,4 +35,5 @@ public:
 private:
     DataFolder m_office;
     ServerPrograms m_programs;
+    bool m_low = true;
 };

@@ -55,6 +55,7 @@ const QList<Option> &shownOptions()
         {"output", "FILE", u"file that --decrypt writes"_s, u"پرونده‌ای که --decrypt می‌نویسد"_s},
         {"passphrase-file", "FILE", u"file whose first line encrypts or opens the backup; - for the standard input"_s,
          u"پرونده‌ای که سطر نخست آن پشتیبان را رمز یا باز می‌کند؛ - یعنی ورودی استاندارد"_s},
+        {"normal-priority", nullptr, u"with --verify: do not give way to other programs"_s, u"همراه --verify: اولویت برنامه کم نشود"_s},
         {"help", nullptr, u"show this text"_s, u"نمایش همین متن"_s},
         {"version", nullptr, u"show the version"_s, u"نمایش نسخه برنامه"_s},
     };
@@ -126,9 +127,11 @@ Problem contradictionOfBackups(const QCommandLineParser &parser, const HostOptio
     const QStringList commands = namesOf(parser, {"backup", "verify", "restore", "list-backups", "decrypt"});
     if (commands.size() > 1)
         return {u"--%1 and --%2 cannot be used together."_s.arg(commands[0], commands[1]), u"--%1 و --%2 با هم به کار نمی‌روند."_s.arg(commands[0], commands[1])};
-    const QStringList details = namesOf(parser, {"output", "passphrase-file", "to"});
+    const QStringList details = namesOf(parser, {"output", "normal-priority", "passphrase-file", "to"});
     if (commands.isEmpty())
         return details.isEmpty() ? Problem() : Problem{u"--%1 needs a command for backups, such as --backup."_s.arg(details[0]), u"--%1 همراه یکی از فرمان‌های پشتیبان، مانند --backup، معنا دارد."_s.arg(details[0])};
+    if (options.normalPriority && options.verifyFile.isEmpty())
+        return {u"--normal-priority needs --verify."_s, u"--normal-priority همراه --verify معنا دارد."_s};
     if (!options.isBackupCommand())
         return {u"--%1 needs the name of a file."_s.arg(commands[0]), u"--%1 به نام پرونده نیاز دارد."_s.arg(commands[0])};
     if (parser.isSet(u"to"_s) && (options.restoreFile.isEmpty() || options.connect))
@@ -179,6 +182,7 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.listBackups = parser.isSet(u"list-backups"_s);
     options.decryptFile = parser.value(u"decrypt"_s);
     options.outputFile = parser.value(u"output"_s);
+    options.normalPriority = parser.isSet(u"normal-priority"_s);
     options.passphraseFile = parser.value(u"passphrase-file"_s);
     options.lookInto = parser.value(u"look-into"_s);
     options.help = parser.isSet(u"help"_s);

@@ -36,9 +36,10 @@ struct HostOptions
     QString restoreTo; // the moment to which, see BackupMoment; empty: that of the backup
     bool listBackups = false;
     QString decryptFile;
-    QString outputFile;     // of decryptFile
-    QString passphraseFile; // "-": standard input
-    QString lookInto; // a backup to be shown instead of the office of the folder; its passphrase, if any, comes on standard input
+    QString outputFile;          // of decryptFile
+    QString passphraseFile;      // "-": standard input
+    bool normalPriority = false; // of verifyFile: somebody waits for it
+    QString lookInto;            // a backup to be shown instead of the office of the folder; its passphrase, if any, comes on standard input
 
     bool help = false;
     bool version = false;

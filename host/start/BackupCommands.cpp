@@ -129,7 +129,9 @@ private:
     int verify()
     {
         BackupFile file(m_options.verifyFile);
-        const BackupVerification::Result result = BackupVerification(m_folder).run(file, m_passphrase, ProgressLines());
+        BackupVerification verification(m_folder);
+        verification.setLowPriority(!m_options.normalPriority);
+        const BackupVerification::Result result = verification.run(file, m_passphrase, ProgressLines());
         for (const QString &difference : result.differences)
             complain(difference);
         const bool passed = result.verification.state == BackupManifest::Verification::State::Passed;

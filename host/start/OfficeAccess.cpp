@@ -12,6 +12,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Nobody sits before it, and at night the computer may be busy with other things.
+constexpr int patientMilliseconds = 120'000;
+
+}
+
 OfficeAccess::OfficeAccess(const HostOptions &options, const DataFolder &folder)
     : m_options(options)
     , m_folder(folder)
@@ -64,6 +71,7 @@ void OfficeAccess::openServer()
     if (m_isOurs) {
         ServerOptions options;
         options.takeBackup = BackupTaking::beforeServerUpgrade(m_folder);
+        options.startLimitMilliseconds = patientMilliseconds;
         m_server = std::make_unique<EmbeddedServer>(m_folder, options);
         m_server->start();
         m_settings = m_server->connectionSettings();

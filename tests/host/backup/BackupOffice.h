@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include "host/backup/BackupCipher.h"
 #include "host/backup/BackupTaking.h"
 #include "host/server/ServerError.h"
+#include "tests/support/PrivateTestServer.h"
 #include "tests/support/TestDatabase.h"
 
 #include <QDir>
@@ -18,11 +20,14 @@ class BackupOffice
 {
 public:
     BackupOffice()
-        : m_folder(std::make_unique<QTemporaryDir>()) { }
+        : m_folder(std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate()))
+    {
+        BackupCipher::setUsualEffort({1, 8192});
+    }
 
     void renew()
     {
-        m_folder = std::make_unique<QTemporaryDir>();
+        m_folder = std::make_unique<QTemporaryDir>(PrivateTestServer::folderTemplate());
         m_database.recreate();
     }
 

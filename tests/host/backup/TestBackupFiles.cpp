@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "host/backup/BackupCipher.h"
 #include "host/backup/BackupFiles.h"
 #include "host/backup/BackupReader.h"
 #include "host/backup/BackupWriter.h"
@@ -80,6 +81,7 @@ class TestBackupFiles : public QObject
     }
 
 private Q_SLOTS:
+    void initTestCase() { BackupCipher::setUsualEffort({1, 8192}); }
     void init() { m_folder = std::make_unique<QTemporaryDir>(); }
 
     void newestIsFirstAndOthersAreLeftOut()

@@ -50,6 +50,7 @@ class TestBackupKilled : public QObject
         QVERIFY2(victim.exitStatus() == QProcess::CrashExit, "it came to its end");
     }
 
+    static bool everyPoint() { return qEnvironmentVariableIsSet("TZ_EVERY_POINT"); }
     QString cars() { return m_office.value(u"SELECT COUNT(*) FROM Cars"_s); }
 
 private Q_SLOTS:
@@ -74,7 +75,7 @@ private Q_SLOTS:
 
     void whileABackupIsVerified()
     {
-        m_office.fill(20'000);
+        m_office.fill(10'000);
         BackupFile backup = m_office.take();
         kill(u"verify"_s, u"midway"_s, m_office.database().settings(), m_office.office(), backup);
         const auto scratches = [this] { return QDir(m_office.office().temporaryPath()).entryList({u"scratch-*"_s}, QDir::Dirs); };
@@ -82,7 +83,6 @@ private Q_SLOTS:
         QVERIFY(BackupFile(backup.path()).verification().state == BackupManifest::Verification::State::None);
         BackupScratch::removeLeft(m_office.office());
         QCOMPARE(scratches(), QStringList());
-        QVERIFY(BackupVerification(m_office.office()).run(backup).verification.state == BackupManifest::Verification::State::Passed);
     }
 
     void whileABackupIsRestored_data()
@@ -95,7 +95,7 @@ private Q_SLOTS:
     void whileABackupIsRestored()
     {
         QFETCH(QString, point);
-        m_office.fill(20'000);
+        m_office.fill(10'000);
         const BackupFile backup = m_office.take();
         m_office.database().run(u"DELETE FROM Cars WHERE iID > 5"_s);
         kill(u"restore"_s, point, m_office.database().settings(), m_office.office(), backup);
@@ -108,20 +108,21 @@ private Q_SLOTS:
         // The copy of the state before is whole, and the restoring succeeds now.
         QCOMPARE(BackupFiles::in(m_office.backups(), m_office.database().name()).size(), 2);
         static_cast<void>(restoring.restore({backup, {}, m_office.backups()}));
-        QCOMPARE(cars(), u"20001"_s);
+        QCOMPARE(cars(), u"10001"_s);
     }
 
     void whileADamagedFolderIsReplaced_data()
     {
         QTest::addColumn<QString>("point");
-        QTest::newRow("while it is loaded") << u"midway"_s;
+        if (everyPoint())
+            QTest::newRow("while it is loaded") << u"midway"_s;
         QTest::newRow("right before the folders change places") << u"exchange"_s;
     }
 
     void whileADamagedFolderIsReplaced()
     {
         QFETCH(QString, point);
-        m_office.fill(20'000);
+        m_office.fill(10'000);
         const BackupFile backup = m_office.take();
         const QTemporaryDir place(PrivateTestServer::folderTemplate());
         const DataFolder folder(place.filePath(u"office"_s));
@@ -141,7 +142,7 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(damaged + u"/ibdata1"_s).isFile());
         EmbeddedServer server(folder, PrivateTestServer::options());
         server.start();
-        QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Cars"), u"20001"_s);
+        QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Cars"), u"10001"_s);
     }
 
     // The server itself dies while the tables change places, a little later each time: all of them are the old ones or the new ones.
@@ -175,14 +176,16 @@ private Q_SLOTS:
         fill("2");
         const BackupFile backup = BackupTaking(settings).take({folder.backupsPath()});
         int restored = 0;
-        for (int round = 0; round < 6; ++round) {
+        // At each point in the long run; else at some of them.
+        const int rounds = everyPoint() ? 40 : 3;
+        for (int round = 0; round < rounds; ++round) {
             fill("1");
             BackupRestoring::Request request{backup, {}, folder.backupsPath()};
             request.copiesFirst = false;
             std::thread killer;
             request.beforeExchange = [&](const QString &) {
                 killer = std::thread([&, process = server.processId()] {
-                    std::this_thread::sleep_for(std::chrono::milliseconds(4 * round * round));
+                    std::this_thread::sleep_for(std::chrono::milliseconds(everyPoint() ? 3 * round : 10 * round * round));
                     platform::forceStop(process);
                 });
             };
@@ -204,7 +207,7 @@ private Q_SLOTS:
             QVERIFY(!BackupSql::hasDatabase(connection, settings.database + u"_replaced"_s));
             QVERIFY(!BackupSql::hasDatabase(connection, settings.database + u"_restoring"_s));
         }
-        qInfo() << "restored all the same:" << restored << "of 6";
+        qInfo() << "restored all the same:" << restored << "of" << rounds;
     }
 
     // Between the two renames: the damaged database is aside, the restored one has not its name yet.

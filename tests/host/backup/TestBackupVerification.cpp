@@ -22,7 +22,12 @@ class TestBackupVerification : public QObject
 
     BackupOffice m_office;
 
-    BackupVerification verification() const { return BackupVerification(m_office.office()); }
+    BackupVerification verification() const
+    {
+        BackupVerification verification(m_office.office());
+        verification.setLowPriority(false);
+        return verification;
+    }
     QStringList scratches() const { return QDir(m_office.office().temporaryPath()).entryList({u"scratch-*"_s}, QDir::Dirs); }
 
 private Q_SLOTS:

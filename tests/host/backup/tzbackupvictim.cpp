@@ -55,7 +55,9 @@ int main(int argumentCount, char **arguments)
         if (work == u"take"_s) {
             static_cast<void>(BackupTaking(settings).take({folder.backupsPath()}, midway));
         } else if (work == u"verify"_s) {
-            static_cast<void>(BackupVerification(folder).run(file, {}, midway));
+            BackupVerification verification(folder);
+            verification.setLowPriority(false);
+            static_cast<void>(verification.run(file, {}, midway));
         } else if (work == u"restore"_s) {
             BackupRestoring::Request request{file, {}, folder.backupsPath()};
             request.beforeExchange = [&](const QString &) { die(); };

@@ -3,6 +3,7 @@
 
 #include "host/backup/BackupFiles.h"
 #include "host/backup/BackupSql.h"
+#include "host/frame/HostOptions.h"
 #include "host/server/BinaryLog.h"
 #include "host/server/InstanceLock.h"
 #include "host/server/Platform.h"
@@ -116,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(BackupFile(path).manifest()->reason == BackupManifest::Reason::CommandLine);
         // The same name once more.
         QCOMPARE(run({u"--backup"_s, path}).code, int(BackupCommands::Failed));
-        const Answer verified = run({u"--verify"_s, path});
+        const Answer verified = run({u"--verify"_s, path, u"--normal-priority"_s});
         QVERIFY2(verified.code == BackupCommands::Done, qPrintable(verified.words));
         QCOMPARE(verified.result, u"passed: 1 tables, 500 rows"_s);
     }
@@ -194,15 +195,15 @@ private Q_SLOTS:
         QCOMPARE(run({u"--backup"_s, path, u"--passphrase-file"_s, secret}).code, int(BackupCommands::Done));
         QVERIFY(textOfBackup(path, u"گذرواژه"_s).contains("Persons"));
         QCOMPARE(run({u"--restore"_s, path, u"--passphrase-file"_s, u"-"_s}, "other\n").code, int(BackupCommands::WrongPassphrase));
-        QCOMPARE(run({u"--verify"_s, path}).code, int(BackupCommands::WrongPassphrase));
-        QCOMPARE(run({u"--verify"_s, path, u"--passphrase-file"_s, u"-"_s}, "گذرواژه\n").code, int(BackupCommands::Done));
+        QCOMPARE(run({u"--verify"_s, path, u"--normal-priority"_s}).code, int(BackupCommands::WrongPassphrase));
+        QCOMPARE(run({u"--verify"_s, path, u"--normal-priority"_s, u"--passphrase-file"_s, u"-"_s}, "گذرواژه\n").code, int(BackupCommands::Done));
         const Answer decrypted = run({u"--decrypt"_s, path, u"--output"_s, file(u"open.sql.zst"_s), u"--passphrase-file"_s, secret});
         QVERIFY2(decrypted.code == BackupCommands::Done, qPrintable(decrypted.words));
         QCOMPARE(textOfBackup(file(u"open.sql.zst"_s)), textOfBackup(path, u"گذرواژه"_s));
         QVERIFY(!(QFile::permissions(file(u"open.sql.zst"_s)) & (QFile::ReadGroup | QFile::ReadOther)));
         // The secret that others can read, and the name that does not say what is in the file.
         QVERIFY(QFile::setPermissions(secret, QFile::ReadOwner | QFile::ReadOther));
-        QCOMPARE(run({u"--verify"_s, path, u"--passphrase-file"_s, secret}).code, int(BackupCommands::Failed));
+        QCOMPARE(run({u"--verify"_s, path, u"--normal-priority"_s, u"--passphrase-file"_s, secret}).code, int(BackupCommands::Failed));
         QVERIFY(QFile::setPermissions(secret, QFile::ReadOwner));
         QCOMPARE(run({u"--backup"_s, file(u"other.sql.zst"_s), u"--passphrase-file"_s, secret}).code, int(BackupCommands::WrongOptions));
     }
@@ -212,7 +213,7 @@ private Q_SLOTS:
         const QString path = file(u"mine.sql.zst"_s);
         QCOMPARE(run({u"--backup"_s, path}).code, int(BackupCommands::Done));
         QVERIFY(QFile::resize(path, QFileInfo(path).size() - 10));
-        const Answer verified = run({u"--verify"_s, path});
+        const Answer verified = run({u"--verify"_s, path, u"--normal-priority"_s});
         QCOMPARE(verified.code, int(BackupCommands::Different));
         QCOMPARE(verified.result, u"failed"_s);
         QVERIFY(verified.words.contains(path));
@@ -262,6 +263,7 @@ private Q_SLOTS:
         QTest::newRow("decrypting to nowhere") << u"--decrypt a --passphrase-file b"_s;
         QTest::newRow("decrypting without a passphrase") << u"--decrypt a --output b"_s;
         QTest::newRow("output alone") << u"--output a"_s;
+        QTest::newRow("priority without verifying") << u"--backup a --normal-priority"_s;
         QTest::newRow("passphrase alone") << u"--passphrase-file a"_s;
         QTest::newRow("moment alone") << u"--to now"_s;
         QTest::newRow("moment of a backup") << u"--backup a --to now"_s;
@@ -274,7 +276,13 @@ private Q_SLOTS:
     void optionsThatMakeNoSense()
     {
         QFETCH(QString, line);
-        const Answer answer = run(line.split(u' '));
+        for (const bool persian : {false, true})
+            QVERIFY(!HostOptions::parse(line.split(u' '), persian).error.isEmpty());
+    }
+
+    void wrongOptionsEndWithTheirOwnCode()
+    {
+        const Answer answer = run({u"--backup"_s, u"a"_s, u"--verify"_s, u"b"_s});
         QCOMPARE(answer.code, int(BackupCommands::WrongOptions));
         QVERIFY(!answer.words.isEmpty());
     }
