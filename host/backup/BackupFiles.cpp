@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -51,20 +52,24 @@ QString freePath(const QString &folder, const QString &database, BackupFile::For
 
 void removeLeft(const QString &folder)
 {
-    const QFileInfoList parts = QDir(folder).entryInfoList({u"*.sql*"_s + BackupWriter::unfinished()}, QDir::Files | QDir::NoSymLinks);
-    for (const QFileInfo &part : parts) {
-        platform::FileLock lock(part.filePath());
-        // One that is being written is locked by its writer.
-        if (lock.tryLock() == platform::FileLock::Result::Taken)
-            QFile::remove(part.filePath());
-    }
-    const QFileInfoList manifests = QDir(folder).entryInfoList({u"*.sql*.json"_s, u"*.sql*.json.new"_s}, QDir::Files | QDir::NoSymLinks);
-    for (const QFileInfo &manifest : manifests) {
-        const QString file = manifest.filePath().left(manifest.filePath().lastIndexOf(u".json"_s));
-        const bool isAlone = manifest.fileName().endsWith(u".new"_s)
-            || !(QFileInfo::exists(file) || QFileInfo::exists(file + BackupWriter::unfinished()));
-        if (isAlone && manifest.lastModified().secsTo(QDateTime::currentDateTime()) > secondsOfLeftManifests)
-            QFile::remove(manifest.filePath());
+    // The names that we give, and no others: the folder may be anybody's.
+    static const QRegularExpression ours(u"^.+-\\d{8}-\\d{6}(?:-\\d{1,6})?\\.sql\\.zst(?:\\.enc)?(\\.part|\\.json|\\.json\\.new)$"_s);
+    const QFileInfoList files = QDir(folder).entryInfoList(QDir::Files | QDir::NoSymLinks);
+    for (const QFileInfo &file : files) {
+        const QRegularExpressionMatch match = ours.match(file.fileName());
+        if (!match.hasMatch())
+            continue;
+        if (match.captured(1) == BackupWriter::unfinished()) {
+            platform::FileLock lock(file.filePath());
+            // One that is being written is locked by its writer.
+            if (lock.tryLock() == platform::FileLock::Result::Taken)
+                QFile::remove(file.filePath());
+            continue;
+        }
+        const QString backup = file.filePath().chopped(match.capturedLength(1));
+        const bool isAlone = match.captured(1) == u".json.new" || !(QFileInfo::exists(backup) || QFileInfo::exists(backup + BackupWriter::unfinished()));
+        if (isAlone && file.lastModified().secsTo(QDateTime::currentDateTime()) > secondsOfLeftManifests)
+            QFile::remove(file.filePath());
     }
 }
 
@@ -75,7 +80,17 @@ BackupFile copy(const BackupFile &file, const QString &folder)
                           u"پوشه دوم پشتیبان %1 در دسترس نیست؛ دیسک یا پوشه اشتراکی آن را وصل نمایید."_s.arg(ServerError::shownPath(folder)),
                           folder + u" is not there"_s);
     removeLeft(folder);
-    const QString target = folder + u'/' + QFileInfo(file.path()).fileName();
+    QString target = folder + u'/' + QFileInfo(file.path()).fileName();
+    BackupFile there(target);
+    if (QFileInfo::exists(target)) {
+        const bool isSame = file.manifest() && there.manifest() && there.size() == file.size() && there.manifest()->digest == file.manifest()->digest;
+        if (isSame) {
+            there.setManifest(*file.manifest());
+            return there;
+        }
+        // Another office's backup of the same second.
+        target = freePath(folder, file.manifest() ? file.manifest()->database : QFileInfo(file.path()).baseName(), file.format(), file.taken());
+    }
     QFile source(file.path());
     if (!source.open(QIODevice::ReadOnly))
         throw ServerError(ServerError::Kind::DumpFailed, u"پرونده %1 خوانده نشد."_s.arg(ServerError::shownPath(file.path())),

@@ -64,6 +64,14 @@ QList<int> BackupKeeping::outdated(const QList<Backup> &backups, const Kept &kep
     keepNewestOf(
         backups, good, kept.monthly, [](const QDate &date) { return shamsiText(date).left(7); }, stay);
 
+    // One that failed may be all there is of its day.
+    for (int index = 0; index < backups.size(); ++index) {
+        const Backup &backup = backups.at(index);
+        const bool isReplaced = std::any_of(good.cbegin(), good.cend(), [&](int other) { return backups.at(other).taken.date() == backup.taken.date(); });
+        if (backup.failed && !isReplaced && backup.taken > now.addMonths(-1))
+            stay.insert(index);
+    }
+
     QList<int> go;
     for (int index = 0; index < backups.size(); ++index) {
         if (!stay.contains(index))

@@ -25,7 +25,7 @@ struct Backup
 };
 
 // The positions of those that go. Never the newest, the newest verified one, one of the last day, nor a safety copy of the last month. Failed ones
-// stand in for nothing.
+// stand in for nothing, and stay for a month where they are all there is of their day.
 QList<int> outdated(const QList<Backup> &backups, const Kept &kept, const QDateTime &now);
 
 }

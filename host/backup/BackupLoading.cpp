@@ -9,12 +9,100 @@
 #include "host/server/ServerConfig.h"
 #include "host/server/ToolProcess.h"
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 #include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// A row whose statement was written in hexadecimal takes twice the packet with which it was saved. Larger ones are taken while one lives, where
+// the account may say so.
+class LargePackets
+{
+public:
+    explicit LargePackets(const KConnectionSettings &server)
+        : m_connection(server)
+    {
+        m_before = BackupSql::value(m_connection, "SELECT @@GLOBAL.max_allowed_packet");
+        set("1073741824");
+    }
+    ~LargePackets() { set(m_before); }
+    LargePackets(const LargePackets &) = delete;
+    LargePackets &operator=(const LargePackets &) = delete;
+
+private:
+    void set(const QByteArray &bytes)
+    {
+        try {
+            m_connection.run("SET GLOBAL max_allowed_packet=" + bytes);
+        } catch (const CMySQLException &) {
+            // A row that is too large for the server then ends the loading.
+        }
+    }
+
+    KConnection m_connection;
+    QByteArray m_before;
+};
+
+// An account for one loading, which may touch one database alone. Its name is always the same for the database, so that one that a kill
+// left is used again.
+class ConfinedAccount
+{
+public:
+    ConfinedAccount(const KConnectionSettings &server, const QString &database)
+        : m_connection(server)
+        , m_settings(server)
+    {
+        const QByteArray digest = QCryptographicHash::hash(database.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
+        m_settings.user = u"tzload_"_s + QString::fromLatin1(digest);
+        m_settings.password = ServerConfig::newPassword();
+        m_account = BackupSql::text(m_settings.user) + '@' + (server.host.isEmpty() ? "'localhost'" : "'%'");
+        // In a grant these two stand for any letters.
+        const QString pattern = QString(database).replace(u'_', u"\\_"_s).replace(u'%', u"\\%"_s);
+        try {
+            m_connection.run("CREATE OR REPLACE USER " + m_account + " IDENTIFIED BY " + BackupSql::text(m_settings.password));
+            m_isMade = true;
+            m_connection.run("GRANT ALL PRIVILEGES ON " + BackupSql::name(pattern) + ".* TO " + m_account);
+        } catch (const CMySQLException &error) {
+            if (error.category() == CMySQLException::Category::ConnectionLost)
+                throw;
+            drop();
+            return;
+        }
+        try {
+            m_connection.run("GRANT BINLOG ADMIN ON *.* TO " + m_account);
+        } catch (const CMySQLException &) {
+            // Then the log gets what is loaded too.
+        }
+    }
+    ~ConfinedAccount() { drop(); }
+    ConfinedAccount(const ConfinedAccount &) = delete;
+    ConfinedAccount &operator=(const ConfinedAccount &) = delete;
+
+    // False: the office's account may not make others.
+    bool isMade() const { return m_isMade; }
+    KConnectionSettings settings() const { return m_settings; }
+
+private:
+    void drop()
+    {
+        if (!m_isMade)
+            return;
+        m_isMade = false;
+        try {
+            m_connection.run("DROP USER IF EXISTS " + m_account);
+        } catch (const CMySQLException &) {
+            // It may touch nothing that matters, and nobody knows its password.
+        }
+    }
+
+    KConnection m_connection;
+    KConnectionSettings m_settings;
+    QByteArray m_account;
+    bool m_isMade = false;
+};
 
 // The binary log is for what people change; where the account may not say so, the log gets it too.
 bool mayLeaveLogOut(const KConnectionSettings &settings)
@@ -45,14 +133,20 @@ void BackupLoading::load(const BackupFile &file, const QString &database, const 
     const QString folder = QFileInfo(file.path()).path();
     BackupReader reader(file, passphrase);
     try {
-        const auto options = BackupTools::privateFile(ServerConfig::clientOptions(KConnection::atNodeInUse(m_server)));
+        const KConnectionSettings server = KConnection::atNodeInUse(m_server);
+        const LargePackets packets(server);
+        const auto account = m_confined ? std::make_unique<ConfinedAccount>(server, database) : nullptr;
+        const KConnectionSettings loader = account && account->isMade() ? account->settings() : server;
+        const auto options = BackupTools::privateFile(ServerConfig::clientOptions(loader));
         const auto words = BackupTools::privateFile();
         ToolProcess client;
         client.program = m_programs.client;
         // In the sandbox a file of statements cannot make the client run programs or read other files.
         client.arguments = {ServerConfig::fromFile(options->fileName()), u"--batch"_s, u"--loose-sandbox"_s,
                             u"--default-character-set=utf8mb4"_s, u"--max-allowed-packet=1G"_s};
-        if (mayLeaveLogOut(m_server))
+        if (m_confined && !account->isMade())
+            client.arguments << u"--one-database"_s;
+        if (mayLeaveLogOut(loader))
             client.arguments << u"--init-command=SET SESSION sql_log_bin=0"_s;
         client.arguments << database;
         client.source = [&reader] { return reader.next(); };

@@ -21,6 +21,8 @@ public:
 
     // Slows down for everybody else on the computer.
     void setLowPriority(bool low) { m_low = low; }
+    // Nothing but the database that is loaded can be changed then, whatever the file's statements say: for a server that holds more.
+    void setConfined(bool confined) { m_confined = confined; }
     // Throws ServerError WrongPassphrase, BackupDamaged (altered or cut off), DumpFailed, DiskFull, ProgramMissing or Cancelled; the database
     // then holds a part.
     void load(const BackupFile &file, const QString &database, const QString &passphrase = {}, const Progress &progress = {}) const;
@@ -29,4 +31,5 @@ private:
     KConnectionSettings m_server;
     ServerPrograms m_programs;
     bool m_low = false;
+    bool m_confined = false;
 };

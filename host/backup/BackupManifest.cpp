@@ -203,6 +203,7 @@ QByteArray BackupManifest::toJson() const
         {u"tables"_s, written(tables)},
         {u"books"_s, QJsonObject{{u"documents"_s, books.documents}, {u"unbalanced"_s, books.unbalanced}, {u"total"_s, books.total}}},
         {u"lastChange"_s, lastChange},
+        {u"largestPacket"_s, largestPacket},
         {u"logFile"_s, logFile},
         {u"logPosition"_s, logPosition},
     };
@@ -240,6 +241,7 @@ std::optional<BackupManifest> BackupManifest::fromJson(const QByteArray &json, Q
     Fields books(fields.object("books"), found);
     manifest.books = {books.whole("documents"), books.whole("unbalanced"), books.number("total")};
     manifest.lastChange = fields.whole("lastChange");
+    manifest.largestPacket = fields.whole("largestPacket");
     manifest.logFile = fields.text("logFile");
     manifest.logPosition = fields.whole("logPosition");
     if (!isName(manifest.database) || !(manifest.logFile.isEmpty() || isName(manifest.logFile, 255)))

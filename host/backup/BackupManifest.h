@@ -69,8 +69,9 @@ struct BackupManifest
     bool oneSnapshot = false;
     QList<Table> tables;
     Books books;
-    qint64 lastChange = 0; // the newest key in Changes of a change of rows; 0: none, or no such table
-    QString logFile;       // of the server's binary log, as of the dump; empty: it keeps none
+    qint64 lastChange = 0;    // the newest key in Changes of a change of rows; 0: none, or no such table
+    qint64 largestPacket = 0; // that the server took, in bytes; 0: not known
+    QString logFile;          // of the server's binary log, as of the dump; empty: it keeps none
     qint64 logPosition = 0;
     Verification verification;
 

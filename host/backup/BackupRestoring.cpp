@@ -9,6 +9,7 @@
 #include "host/backup/BackupTaking.h"
 #include "host/backup/BackupTools.h"
 #include "host/server/BinaryLog.h"
+#include "host/server/DatabaseBootstrap.h"
 #include "host/server/EmbeddedServer.h"
 #include "host/server/Platform.h"
 #include "host/server/ServerState.h"
@@ -115,6 +116,7 @@ public:
     Exchange &operator=(const Exchange &) = delete;
 
     QString aside() const { return m_aside; }
+    QString replaced() const { return m_replaced; }
 
     // Ends with the connection, also when the program is killed.
     bool lock()
@@ -139,6 +141,12 @@ public:
         move(BackupSql::tablesOf(m_connection, m_database), m_database, m_replaced, moves);
         move(BackupSql::tablesOf(m_connection, m_aside), m_aside, m_database, moves);
         m_connection.run("RENAME TABLE " + moves.join(", "));
+    }
+
+    // Where the answer to the RENAME was lost, the tables say what became of it.
+    bool hasHappened()
+    {
+        return BackupSql::tablesOf(m_connection, m_aside).isEmpty() && !BackupSql::tablesOf(m_connection, m_replaced).isEmpty();
     }
 
     void finish()
@@ -228,44 +236,79 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
 {
     requireNotNewer(request.file);
     const KLongWork work;
+    bool isExchanged = false;
+    BackupFile copy;
     try {
-        const QStringList others = request.despiteOthers ? QStringList() : othersAtWork();
-        if (!others.isEmpty())
-            throw ServerError(ServerError::Kind::InUse,
-                              u"تا دیگران با همین پایگاه داده کار می‌کنند پشتیبان بازگردانده نمی‌شود: %1"_s.arg(others.join(u"، "_s)),
-                              u"others are at work: "_s + others.join(u' '));
+        requireAlone(request);
         KConnection connection(serverOf(m_settings));
         Exchange exchange(connection, m_settings.database);
         if (!exchange.lock())
             throw busy();
         exchange.clean();
         requireNoTriggers(connection, m_settings.database);
-        BackupFile copy;
-        if (request.copiesFirst)
-            copy = BackupTaking(m_settings, m_programs).take({request.backupsFolder, {}, BackupManifest::Reason::BeforeRestore, request.copyPassphrase}, [&](qint64, qint64) { return !progress || progress(0, request.file.size()); });
         BackupManifest present;
         present.database = m_settings.database;
         BackupState::readVersions(connection, present);
         exchange.beginAside();
         try {
-            BackupLoading(m_settings, m_programs).load(request.file, exchange.aside(), request.passphrase, progress);
+            BackupLoading loading(m_settings, m_programs);
+            loading.setConfined(true);
+            loading.load(request.file, exchange.aside(), request.passphrase, progress);
             requireUsable(request.file, connection, exchange.aside(), present.moduleVersion);
             if (request.beforeExchange)
                 request.beforeExchange(exchange.aside());
             markRestored(request.file, connection, exchange.aside());
+            // As late as can be: what is saved from here on is in the copy only if it is looked for.
+            requireAlone(request);
+            if (request.copiesFirst)
+                copy = copyOf(m_settings, request, [&] { return !progress || progress(request.file.size(), request.file.size()); });
             // Before the exchange: a kill in between leaves a log that ends too early, never one that leads from one state into another.
             BinaryLog::beginAnew(connection);
             exchange.run();
+            isExchanged = true;
         } catch (...) {
-            exchange.dropAside();
+            if (!isExchanged && !exchange.hasHappened())
+                exchange.dropAside();
             throw;
         }
+        if (request.copiesFirst)
+            copyWhatCameLater(connection, exchange.replaced(), request, copy);
         exchange.finish();
-        KTableSchema::forgetAll();
-        return copy;
     } catch (const CMySQLException &error) {
-        throw BackupTools::failure(failedToRestore(request.file), request.backupsFolder, error.GetErrorMessage());
+        // What is left to clean, the next program cleans.
+        if (!isExchanged)
+            throw BackupTools::failure(failedToRestore(request.file), request.backupsFolder, error.GetErrorMessage());
+        qCWarning(lcRestoring).noquote() << "restored, but not cleaned up:" << error.GetErrorMessage();
     }
+    KTableSchema::forgetAll();
+    return copy;
+}
+
+void BackupRestoring::requireAlone(const Request &request) const
+{
+    const QStringList others = request.despiteOthers ? QStringList() : othersAtWork();
+    if (!others.isEmpty())
+        throw ServerError(ServerError::Kind::InUse,
+                          u"تا دیگران با همین پایگاه داده کار می‌کنند پشتیبان بازگردانده نمی‌شود: %1"_s.arg(others.join(u"، "_s)),
+                          u"others are at work: "_s + others.join(u' '));
+}
+
+BackupFile BackupRestoring::copyOf(const KConnectionSettings &settings, const Request &request, const std::function<bool()> &goesOn) const
+{
+    BackupTaking::Request copy{request.backupsFolder, {}, BackupManifest::Reason::BeforeRestore, request.copyPassphrase};
+    copy.knownAs = m_settings.database;
+    return BackupTaking(settings, m_programs).take(copy, [&](qint64, qint64) { return goesOn(); });
+}
+
+// Others may have saved between the copy and the exchange. Their rows stand in the replaced tables, and are copied once more before those go.
+void BackupRestoring::copyWhatCameLater(KConnection &connection, const QString &replaced, const Request &request, BackupFile &copy) const
+{
+    if (!copy.manifest() || BackupState::tables(connection, replaced) == copy.manifest()->tables)
+        return;
+    qCInfo(lcRestoring) << "somebody saved while the backup was restored; the replaced tables are copied again";
+    KConnectionSettings settings = m_settings;
+    settings.database = replaced;
+    copy = copyOf(settings, request, [] { return true; });
 }
 
 QStringList BackupRestoring::othersAtWork() const
@@ -316,9 +359,9 @@ QString BackupRestoring::intoNewFolder(const DataFolder &folder, const BackupFil
         throw ServerError(ServerError::Kind::InUse,
                           u"پوشه %1 هم‌اکنون در برنامه دیگری باز است؛ آن برنامه را ببندید و دوباره تلاش کنید."_s.arg(ServerError::shownPath(folder.path())),
                           u"server.lock is held"_s);
+    // What a killed program had restored is the office until this one is through.
+    DatabaseBootstrap(folder, options).finishRestoring();
     const DataFolder made(folder.restoringPath());
-    QDir(made.path()).removeRecursively();
-    QDir(folder.restoredDatabasePath()).removeRecursively();
     try {
         made.create();
         // The account stays as it is.

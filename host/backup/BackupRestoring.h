@@ -47,6 +47,10 @@ public:
                                  const std::function<void(const KConnectionSettings &loaded)> &beforeExchange = {});
 
 private:
+    void requireAlone(const Request &request) const;
+    BackupFile copyOf(const KConnectionSettings &settings, const Request &request, const std::function<bool()> &goesOn) const;
+    void copyWhatCameLater(KConnection &connection, const QString &replaced, const Request &request, BackupFile &copy) const;
+
     KConnectionSettings m_settings;
     ServerPrograms m_programs;
 };

@@ -17,7 +17,7 @@ namespace {
 Q_LOGGING_CATEGORY(lcSnapshot, "tz.backup")
 
 constexpr int longestHoldMilliseconds = 700;
-constexpr int triesToHold = 5;
+constexpr int triesToHold = 3;
 constexpr int pauseMilliseconds = 200;
 
 }
@@ -34,12 +34,14 @@ BackupSnapshot::~BackupSnapshot() = default;
 bool BackupSnapshot::tryToHold()
 {
     auto holder = std::make_unique<KConnection>(m_settings);
+    // Also within a KLongWork: everybody who writes waits behind this.
+    holder->run(QByteArrayLiteral("SET SESSION lock_wait_timeout=1"));
     if (BackupSql::rows(*holder, "SHOW VARIABLES LIKE 'wsrep_on'").value(0).value(1) == "ON")
         return false;
     for (int attempt = 1;; ++attempt) {
         try {
-            m_held.start();
             holder->run(QByteArrayLiteral("FLUSH TABLES WITH READ LOCK"));
+            m_held.start();
             break;
         } catch (const CMySQLException &error) {
             if (error.serverCode() != ER_LOCK_WAIT_TIMEOUT || attempt == triesToHold) {
@@ -58,16 +60,30 @@ bool BackupSnapshot::hold()
     letGo();
     m_reader = std::make_unique<KConnection>(m_settings);
     m_reader->run(QByteArrayLiteral("SET SESSION TRANSACTION ISOLATION LEVEL REPEATABLE READ"));
+    // It says nothing for as long as the dump takes.
+    m_reader->run(QByteArrayLiteral("SET SESSION wait_timeout=86400 /*M!100300 , idle_transaction_timeout=0 */"));
     const bool held = tryToHold();
     m_reader->run(QByteArrayLiteral("START TRANSACTION WITH CONSISTENT SNAPSHOT"));
     if (!held)
         return false;
-    const QList<QByteArrayList> log = BackupSql::rows(*m_holder, "SHOW MASTER STATUS");
-    if (!log.isEmpty()) {
+    readLogPosition();
+    return true;
+}
+
+void BackupSnapshot::readLogPosition()
+{
+    m_logFile.clear();
+    try {
+        const QList<QByteArrayList> log = BackupSql::rows(*m_holder, "SHOW MASTER STATUS");
+        if (log.isEmpty())
+            return;
         m_logFile = QString::fromUtf8(log.constFirst().value(0));
         m_logPosition = log.constFirst().value(1).toLongLong();
+    } catch (const CMySQLException &error) {
+        if (error.category() == CMySQLException::Category::ConnectionLost)
+            throw;
+        // An account that may hold the writers need not see the log.
     }
-    return true;
 }
 
 void BackupSnapshot::letGo()

@@ -35,6 +35,7 @@ public:
 
 private:
     bool tryToHold();
+    void readLogPosition();
 
     KConnectionSettings m_settings;
     std::unique_ptr<KConnection> m_holder;

@@ -64,6 +64,7 @@ qint64 lastChange(KConnection &connection, const QString &database)
 void readVersions(KConnection &connection, BackupManifest &manifest)
 {
     manifest.server = QString::fromUtf8(value(connection, "SELECT VERSION()"));
+    manifest.largestPacket = value(connection, "SELECT @@GLOBAL.max_allowed_packet").toLongLong();
     manifest.lastChange = lastChange(connection, manifest.database);
     if (!hasTable(connection, manifest.database, u"Properties"_s))
         return;

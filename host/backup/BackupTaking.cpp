@@ -61,12 +61,17 @@ public:
     }
 
 private:
+    QString knownAs() const { return m_request.knownAs.isEmpty() ? m_settings.database : m_request.knownAs; }
+
     void askSize()
     {
         KConnection connection(m_settings);
         m_expected = BackupSql::value(connection,
                                       "SELECT SUM(data_length) FROM information_schema.tables WHERE table_schema=" + BackupSql::text(m_settings.database))
                          .toLongLong();
+        const QList<QByteArrayList> views = BackupSql::rows(connection, "SELECT TABLE_NAME FROM information_schema.VIEWS WHERE TABLE_SCHEMA=" + BackupSql::text(m_settings.database));
+        for (const QByteArrayList &view : views)
+            m_views << QString::fromUtf8(view.constFirst());
         if (!BackupSql::hasDatabase(connection, m_settings.database))
             throw ServerError(ServerError::Kind::DumpFailed, failedMessage(), u"there is no database "_s + m_settings.database);
     }
@@ -115,7 +120,7 @@ private:
         QDateTime now = QDateTime::currentDateTime();
         now.setTimeSpec(Qt::UTC);
         const auto format = m_request.passphrase.isEmpty() ? BackupFile::Format::Compressed : BackupFile::Format::Encrypted;
-        m_path = m_request.file.isEmpty() ? BackupFiles::freePath(m_request.folder, m_settings.database, format, now) : m_request.file;
+        m_path = m_request.file.isEmpty() ? BackupFiles::freePath(m_request.folder, knownAs(), format, now) : m_request.file;
         m_writer = std::make_unique<BackupWriter>(m_path, m_request.passphrase);
         m_seen = 0;
         m_end.clear();
@@ -136,6 +141,9 @@ private:
                           u"--default-character-set=utf8mb4"_s,
                           u"--max-allowed-packet=1G"_s,
                           m_settings.database};
+        // They hold no rows, and say with whose rights they are to be run, which only an administrator may.
+        for (const QString &view : std::as_const(m_views))
+            tool.arguments.insert(tool.arguments.size() - 1, u"--ignore-table=%1.%2"_s.arg(m_settings.database, view));
         tool.errorFile = words->fileName();
         // Nothing of the dump's tables comes before its transaction, so their first words end the wait of the writers.
         tool.sink = [this](const QByteArray &statements) {
@@ -187,6 +195,7 @@ private:
         manifest.logPosition = m_isOneMoment ? m_snapshot.logPosition() : 0;
         KConnection &connection = m_snapshot.connection();
         BackupState::readVersions(connection, manifest);
+        manifest.database = knownAs();
         manifest.tables = BackupState::tables(connection, m_settings.database);
         tell(m_writer->plainBytes());
         manifest.books = BackupState::books(connection, m_settings.database);
@@ -200,6 +209,7 @@ private:
     BackupSnapshot m_snapshot;
     std::unique_ptr<BackupWriter> m_writer;
     QString m_path;
+    QStringList m_views;
     QByteArray m_end;
     QDateTime m_taken;
     qint64 m_expected = 0;

@@ -25,6 +25,7 @@ public:
         QString file = {}; // the path instead of a name in the folder; there must be no such file
         BackupManifest::Reason reason = BackupManifest::Reason::ByHand;
         QString passphrase = {}; // empty: not encrypted
+        QString knownAs = {};    // the database's name for file and manifest, where it stands under another one for now
     };
 
     // settings.database names the database.

@@ -151,6 +151,9 @@ void BackupWriter::finish(const std::optional<BackupManifest> &manifest)
     QString reason;
     if (!platform::flushToDisk(output.file.fileName(), &reason))
         throw output.failed(false, output.file.fileName() + u": "_s + reason);
+    if (QFileInfo::exists(output.path))
+        throw ServerError(ServerError::Kind::DumpFailed, u"پرونده %1 از پیش هست؛ نام دیگری برای پشتیبان بدهید."_s.arg(ServerError::shownPath(output.path)),
+                          u"the file exists"_s);
     // Before the file itself, so that a file of its own name has its manifest from the first moment on.
     BackupFile backup(output.path);
     if (manifest)

@@ -11,6 +11,7 @@
 #include "host/server/ServerLog.h"
 #include "host/server/ServerState.h"
 #include "host/server/ToolProcess.h"
+#include "host/server/WayBack.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -192,6 +193,7 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
     if (m_isNewDatabase) {
         const QString waiting = u"ساختن پایگاه داده برای نخستین بار…"_s;
         tell(progress, waiting);
+        requireNoDamagedDatabase();
         requireRoom(m_options.freeMiBForNewDatabase);
         QFile::remove(m_folder.statePath());
         bootstrap.create(m_settings.password, [&](qint64) { tell(progress, waiting); });
@@ -201,6 +203,17 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
         throw ServerError(ServerError::Kind::Damaged, damage->message(m_folder), u"missing or empty: "_s + damage->file);
     if (!accountKnown)
         makeAccountAnew(progress);
+}
+
+// An office whose damaged database was put aside is no new one.
+void EmbeddedServer::requireNoDamagedDatabase() const
+{
+    const QStringList aside = QDir(m_folder.path()).entryList({u"database-damaged-*"_s}, QDir::Dirs);
+    if (!aside.isEmpty())
+        throw ServerError(ServerError::Kind::Damaged,
+                          u"پوشه %1 پایگاه داده ندارد؛ پایگاه داده آسیب‌دیده آن در %2 است."_s.arg(ServerError::shownPath(m_folder.path()), ServerError::shownPath(aside.constLast()))
+                              + u'\n' + WayBack(m_folder).sentences(),
+                          u"no database beside "_s + aside.constLast());
 }
 
 // A folder that was restored without its client.cnf, or with another one, opens all the same: the owner of the files

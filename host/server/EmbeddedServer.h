@@ -64,6 +64,7 @@ Q_SIGNALS:
 private:
     void prepare(const Progress &progress);
     void requireRoom(int mebibytes) const;
+    void requireNoDamagedDatabase() const;
     void endLeftovers(const Progress &progress);
     void loadOrMakeAccount(const Progress &progress);
     void launch(const Progress &progress);

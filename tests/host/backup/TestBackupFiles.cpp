@@ -214,6 +214,19 @@ private Q_SLOTS:
         QCOMPARE(files(), QStringList{u"office-20260102-030405.sql.zst.part"_s});
     }
 
+    void filesOfOthersStay()
+    {
+        const QStringList others{u"download.sql.part"_s, u"schema.sql.json"_s, u"office.sql.zst.part"_s};
+        for (const QString &name : others) {
+            put(name);
+            QFile file(path(name));
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            file.setFileTime(QDateTime::currentDateTime().addDays(-9), QFileDevice::FileModificationTime);
+        }
+        BackupFiles::removeLeft(m_folder->path());
+        QCOMPARE(files().size(), others.size());
+    }
+
     void nameIsFreeInEveryFormat()
     {
         const QDateTime moment(QDate(2026, 1, 2), QTime(3, 4, 5), Qt::UTC);
@@ -231,8 +244,20 @@ private Q_SLOTS:
         QCOMPARE(textOfBackup(copy.path()), dumpText);
         QVERIFY(copy.manifest() == backup.manifest());
         QCOMPARE(QDir(second.path()).entryList(QDir::Files).size(), 2);
-        // It is there already.
-        QVERIFY(kindOfFailure([&] { BackupFiles::copy(backup, second.path()); }).has_value());
+        // It is there already: what is known by now of the backup is known of the copy too.
+        BackupFile verified = backup;
+        BackupManifest manifest = *verified.manifest();
+        manifest.verification = {BackupManifest::Verification::State::Passed, manifest.takenUtc};
+        verified.setManifest(manifest);
+        QCOMPARE(BackupFiles::copy(verified, second.path()).path(), copy.path());
+        QVERIFY(BackupFile(copy.path()).verification().state == BackupManifest::Verification::State::Passed);
+        QCOMPARE(textOfBackup(copy.path()), dumpText);
+        // Another office's backup of the same name gets one of its own, and leaves that one as it is.
+        QVERIFY(backup.remove());
+        const BackupFile other = written(u"office-20260102-030405.sql.zst"_s, "other\n-- Dump completed\n");
+        const BackupFile otherCopy = BackupFiles::copy(other, second.path());
+        QVERIFY(otherCopy.path() != copy.path());
+        QVERIFY(BackupFile(copy.path()).verification().state == BackupManifest::Verification::State::Passed);
         QCOMPARE(textOfBackup(copy.path()), dumpText);
     }
 

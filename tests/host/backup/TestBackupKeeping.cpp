@@ -49,7 +49,8 @@ private Q_SLOTS:
         row("days without a backup do not count", u"1d 10d 20d"_s, 3, 0, 0, u""_s);
         row("the newest verified one stays", u"1d 2d 30dv 40dv"_s, 1, 0, 0, u"2d 40dv"_s);
         row("a failed one stands in for nothing", u"1df 2d 3d"_s, 1, 0, 0, u"3d"_s);
-        row("failed ones go", u"1d 2df 3df"_s, 7, 4, 12, u"2df 3df"_s);
+        row("failed ones go where their day has a good one", u"1d 2d 2df 3df"_s, 7, 4, 12, u"2df"_s);
+        row("failed ones of long ago go", u"1d 40df"_s, 7, 4, 12, u"40df"_s);
         row("a safety copy of the last month stays", u"1d 20ds 40ds"_s, 1, 0, 0, u"40ds"_s);
         // The week began yesterday, on Saturday.
         row("weeks begin on Saturday", u"1d 2d 3d 8d 9d"_s, 0, 3, 0, u"3d 8d"_s);

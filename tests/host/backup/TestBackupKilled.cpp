@@ -105,8 +105,7 @@ private Q_SLOTS:
         const BackupRestoring restoring(m_office.database().settings());
         QTRY_VERIFY((restoring.cleanLeft(), m_office.databasesBeside().isEmpty()));
         QCOMPARE(cars(), u"5"_s);
-        // The copy of the state before is whole, and the restoring succeeds now.
-        QCOMPARE(BackupFiles::in(m_office.backups(), m_office.database().name()).size(), 2);
+        // The restoring succeeds now.
         static_cast<void>(restoring.restore({backup, {}, m_office.backups()}));
         QCOMPARE(cars(), u"10001"_s);
     }
@@ -210,9 +209,28 @@ private Q_SLOTS:
         qInfo() << "restored all the same:" << restored << "of" << rounds;
     }
 
+    void officeWhoseDatabaseIsAsideIsNoNewOne()
+    {
+        const QTemporaryDir place(PrivateTestServer::folderTemplate());
+        const DataFolder folder(place.filePath(u"office"_s));
+        QVERIFY(QDir().mkpath(folder.databasePath() + u"-damaged-20260101-000000"_s));
+        EmbeddedServer server(folder, PrivateTestServer::options());
+        const ServerError error = BackupOffice::failureOf([&] { server.start(); });
+        QCOMPARE(error.kind(), ServerError::Kind::Damaged);
+        QVERIFY(!QFileInfo::exists(folder.databasePath()));
+    }
+
     // Between the two renames: the damaged database is aside, the restored one has not its name yet.
+    void whileTheFoldersChangePlaces_data()
+    {
+        QTest::addColumn<bool>("restoresAgain");
+        QTest::newRow("and the program is started") << false;
+        QTest::newRow("and another restoring fails") << true;
+    }
+
     void whileTheFoldersChangePlaces()
     {
+        QFETCH(bool, restoresAgain);
         const QTemporaryDir place(PrivateTestServer::folderTemplate());
         const DataFolder folder(place.filePath(u"office"_s));
         {
@@ -221,6 +239,13 @@ private Q_SLOTS:
             KConnection(server.connectionSettings()).run(QByteArrayLiteral("CREATE TABLE Restored (i INT) ENGINE=InnoDB"));
         }
         QVERIFY(QDir().rename(folder.databasePath(), folder.restoredDatabasePath()));
+        QVERIFY(QDir().mkdir(folder.databasePath() + u"-damaged-20260101-000000"_s));
+        if (restoresAgain) {
+            m_office.fill(1);
+            const BackupFile backup = m_office.take();
+            QVERIFY(QFile::resize(backup.path(), 10));
+            QVERIFY(BackupOffice::failureOf([&] { BackupRestoring::intoNewFolder(folder, backup, {}, {}, PrivateTestServer::options()); }).kind() == ServerError::Kind::BackupDamaged);
+        }
         EmbeddedServer server(folder, PrivateTestServer::options());
         server.start();
         QCOMPARE(cellOf(server.connectionSettings(), "SELECT COUNT(*) FROM Restored"), u"0"_s);

@@ -29,6 +29,7 @@ BackupManifest wholeManifest()
     manifest.tables = {{u"Docs"_s, 17, 4294967295}, {u"Journal"_s, -1}};
     manifest.books = {5, 1, 1234567890.25};
     manifest.lastChange = 77;
+    manifest.largestPacket = 134217728;
     manifest.logFile = u"tzauto-bin.000003"_s;
     manifest.logPosition = 4711;
     manifest.verification = {BackupManifest::Verification::State::Failed, QDateTime(QDate(2026, 11, 22), QTime(11, 0), Qt::UTC), u"جدول «اشخاص» نیست."_s};

@@ -212,6 +212,58 @@ private Q_SLOTS:
         QCOMPARE(m_office.databasesBeside(), QStringList());
     }
 
+    // As an administrator's own dump, or a hostile one: nothing but the aside database is touched.
+    void statementsForTheLivingDatabaseDoNotReachIt_data()
+    {
+        QTest::addColumn<QByteArray>("statements");
+        QTest::newRow("another database is chosen") << QByteArray("USE `%1`;\nDROP TABLE IF EXISTS Cars;\nCREATE TABLE Cars (i INT);");
+        QTest::newRow("a table of its by its full name") << QByteArray("DELETE FROM `%1`.Cars;\nCREATE TABLE a (i INT);");
+        QTest::newRow("it is dropped") << QByteArray("DROP DATABASE `%1`;");
+        QTest::newRow("an account is made") << QByteArray("CREATE USER made@localhost;\nCREATE TABLE a (i INT);");
+    }
+
+    void statementsForTheLivingDatabaseDoNotReachIt()
+    {
+        QFETCH(QByteArray, statements);
+        m_office.fill(5);
+        const BackupFile backup = made(statements.replace("%1", m_office.database().name().toUtf8()));
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup))); });
+        QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+        QCOMPARE(cars(), u"6"_s);
+        QCOMPARE(tables(), u"Cars,Docs,Documents"_s);
+        QCOMPARE(m_office.value(u"SELECT COUNT(*) FROM mysql.global_priv WHERE User LIKE 'tzload%' OR User='made'"_s), u"0"_s);
+    }
+
+    // A large attachment: as a literal it fits into the server's packet, in hexadecimal it does not.
+    void rowThatFillsAPacketComesBack()
+    {
+        m_office.fill(1);
+        m_office.database().run(u"INSERT INTO Cars(sName,oData) VALUES('large',REPEAT('x',12000000))"_s);
+        const BackupFile backup = m_office.take();
+        const QString before = m_office.value(u"SELECT @@GLOBAL.max_allowed_packet"_s);
+        m_office.database().run(u"SET GLOBAL max_allowed_packet=16777216"_s);
+        KConnection::closeThreadConnections();
+        m_office.database().run(u"DELETE FROM Cars"_s);
+        BackupRestoring::Request request = requestFor(backup);
+        request.copiesFirst = false;
+        static_cast<void>(restoring().restore(request));
+        QCOMPARE(m_office.value(u"SELECT @@GLOBAL.max_allowed_packet"_s), u"16777216"_s);
+        m_office.database().run(u"SET GLOBAL max_allowed_packet=%1"_s.arg(before));
+        QCOMPARE(m_office.value(u"SELECT MAX(LENGTH(oData)) FROM Cars"_s), u"12000000"_s);
+    }
+
+    // Rows that somebody saves at the last moment are in the copy of the state before.
+    void whatIsSavedMeanwhileIsInTheCopy()
+    {
+        m_office.fill(5);
+        const BackupFile backup = m_office.take();
+        BackupRestoring::Request request = requestFor(backup);
+        request.beforeExchange = [&](const QString &) { m_office.database().run(u"INSERT INTO Cars(sName) VALUES('meanwhile')"_s); };
+        const BackupFile copy = restoring().restore(request);
+        QCOMPARE(cars(), u"6"_s);
+        QVERIFY(textOfBackup(copy.path()).contains("'meanwhile'"));
+    }
+
     // Commands of the client that would run programs.
     void statementsCannotRunPrograms()
     {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "host/backup/BackupFiles.h"
+#include "host/backup/BackupSnapshot.h"
+#include "host/backup/BackupSql.h"
 #include "host/backup/BackupState.h"
 #include "host/backup/BackupTaking.h"
 #include "tests/host/backup/BackupOffice.h"
@@ -120,6 +122,44 @@ private Q_SLOTS:
         QVERIFY(table(backups.constLast(), u"Docs"_s)->rows > table(backups.constFirst(), u"Docs"_s)->rows);
     }
 
+    // A desk that waits in the middle of saving: the backup goes on without its moment, and nobody else waits for long.
+    void openTransactionOfAnotherHoldsNobodyUp()
+    {
+        m_office.fill(100);
+        KConnection waiting(m_office.database().settings());
+        waiting.run(QByteArrayLiteral("START TRANSACTION"));
+        waiting.run(QByteArrayLiteral("UPDATE Cars SET sName='held' WHERE iID=1"));
+        std::atomic<bool> over{false};
+        std::atomic<int> failures{0};
+        std::thread writer([&] {
+            try {
+                KConnection connection(m_office.database().settings());
+                connection.run(QByteArrayLiteral("SET SESSION lock_wait_timeout=5"));
+                while (!over)
+                    connection.run(QByteArrayLiteral("INSERT INTO Docs(dBed) VALUES(1)"));
+            } catch (const CMySQLException &error) {
+                qWarning() << error.what();
+                ++failures;
+            }
+        });
+        const BackupFile backup = m_office.take();
+        over = true;
+        writer.join();
+        waiting.run(QByteArrayLiteral("ROLLBACK"));
+        QCOMPARE(failures.load(), 0);
+        QVERIFY(textOfBackup(backup.path()).contains("INSERT INTO `Cars` VALUES"));
+        QCOMPARE(table(backup, u"Cars"_s)->rows, 101);
+    }
+
+    // Its connection says nothing for as long as the dump takes.
+    void snapshotIsNotCutOffWhenItIsIdle()
+    {
+        BackupSnapshot snapshot(m_office.database().settings());
+        QVERIFY(snapshot.hold());
+        snapshot.letGo();
+        QCOMPARE(BackupSql::value(snapshot.connection(), "SELECT @@SESSION.idle_transaction_timeout"), QByteArray("0"));
+    }
+
     // As on an office server, whose account may not hold the others.
     void accountThatMayNotHoldWritersSaysSoInTheManifest()
     {
@@ -131,6 +171,10 @@ private Q_SLOTS:
         settings.user = account;
         settings.password = u"x"_s;
         const BackupFile backup = BackupTaking(settings).take({m_office.backups()});
+        // One that may hold them need not be shown the binary log.
+        m_office.database().run(u"GRANT RELOAD ON *.* TO '%1'@'localhost'"_s.arg(account));
+        const BackupFile held = BackupTaking(settings).take({m_office.backups()});
+        QVERIFY(held.manifest()->oneSnapshot && held.manifest()->logFile.isEmpty());
         m_office.database().run(u"DROP USER '%1'@'localhost'"_s.arg(account));
         QVERIFY(!backup.manifest()->oneSnapshot);
         QCOMPARE(table(backup, u"Cars"_s)->rows, 6);

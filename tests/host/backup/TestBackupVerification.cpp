@@ -124,6 +124,36 @@ private Q_SLOTS:
         QVERIFY(BackupFile(backup.path()).verification().state == State::None);
     }
 
+    void onlyWhatTheServerRefusesSpeaksAgainstTheBackup_data()
+    {
+        QTest::addColumn<QByteArray>("words");
+        QTest::addColumn<bool>("failed");
+        QTest::newRow("a bad statement") << QByteArray("ERROR 1064 (42000) at line 7: You have an error") << true;
+        QTest::newRow("the server was ended") << QByteArray("ERROR 2013 (HY000) at line 7: Lost connection") << false;
+        QTest::newRow("no room left") << QByteArray("ERROR 1114 (HY000) at line 7: The table is full") << false;
+        QTest::newRow("the client was ended") << QByteArray("Killed") << false;
+    }
+
+    // A good backup that this computer could not load today is not a bad one.
+    void onlyWhatTheServerRefusesSpeaksAgainstTheBackup()
+    {
+        QFETCH(QByteArray, words);
+        QFETCH(bool, failed);
+        BackupFile backup = m_office.take();
+        ServerPrograms programs = ServerPrograms::installed();
+        programs.client = m_office.office().path() + u"/client"_s;
+        QFile script(programs.client);
+        QVERIFY(script.open(QIODevice::WriteOnly));
+        script.write("#!/bin/sh\ncat > /dev/null\necho '" + words + "' >&2\nexit 1\n");
+        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+        script.close();
+        BackupVerification verification(m_office.office(), programs);
+        verification.setLowPriority(false);
+        const ServerError error = BackupOffice::failureOf([&] { verification.run(backup); });
+        QCOMPARE(error.kind() == ServerError::Kind::Timeout, failed); // it did not end with an error
+        QVERIFY(BackupFile(backup.path()).verification().state == (failed ? State::Failed : State::None));
+    }
+
     void tooLittleRoomIsToldBefore()
     {
         BackupFile backup = m_office.take();
