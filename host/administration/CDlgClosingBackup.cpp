@@ -52,10 +52,12 @@ void CDlgClosingBackup::showProgress()
     m_bar->setValue(int(done * wholeBackup));
 }
 
-// The window goes when the backup has ended, which it does soon.
+// While one is being taken, the window goes when that has ended, which it does soon.
 void CDlgClosingBackup::reject()
 {
     m_keeper.cancel();
+    if (!m_keeper.isTaking())
+        KDialog::reject();
 }
 
 void CDlgClosingBackup::run(BackupKeeper &keeper)
