@@ -6,7 +6,7 @@ from . import CLERK, OTHER_CLERK
 from .fault import check
 from .folder import differences
 
-WORKS = (4, 10)
+WORKS = (3, 6)
 
 
 class History:
