@@ -23,6 +23,8 @@ QString freshName()
     return u"%1_%2_%3"_s.arg(test).arg(QCoreApplication::applicationPid()).arg(++counter);
 }
 
+bool isAlone = false;
+
 QByteArray quotedName(const QString &name)
 {
     return '`' + name.toUtf8() + '`';
@@ -30,10 +32,20 @@ QByteArray quotedName(const QString &name)
 
 }
 
+TestDatabase::Alone::Alone()
+{
+    isAlone = true;
+}
+
+TestDatabase::Alone::~Alone()
+{
+    isAlone = false;
+}
+
 TestDatabase::TestDatabase(int database)
     : m_database(database)
 {
-    if (const std::optional<KConnectionSettings> run = PrivateTestServer::ofThisRun()) {
+    if (const std::optional<KConnectionSettings> run = isAlone ? std::nullopt : PrivateTestServer::ofThisRun()) {
         m_settings = *run;
     } else {
         m_ownServer = std::make_unique<PrivateTestServer>();

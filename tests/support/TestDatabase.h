@@ -18,6 +18,16 @@ class PrivateTestServer;
 class TestDatabase
 {
 public:
+    // While one lives, new databases are on a server of their own, even where the run has one: for tests of what stops a whole server for a
+    // moment, as a backup does. As a member before the database.
+    struct Alone
+    {
+        Alone();
+        ~Alone();
+        Alone(const Alone &) = delete;
+        Alone &operator=(const Alone &) = delete;
+    };
+
     explicit TestDatabase(int database = 0);
     ~TestDatabase();
     TestDatabase(const TestDatabase &) = delete;

@@ -69,6 +69,7 @@ private:
     }
     static void takeAndWait(BackupKeeper &keeper, BackupManifest::Reason reason = BackupManifest::Reason::Interval);
 
+    TestDatabase::Alone m_alone; // a backup stops the whole server for a moment
     HostTestOffice m_office;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<VerifyingProgram> m_verifies;

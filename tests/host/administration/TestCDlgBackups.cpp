@@ -78,6 +78,7 @@ private:
             KTransaction::runReplayable([] { KChangeLog::note(u"Persons"_s, 1, KChange::Kind::Changed); });
     }
 
+    TestDatabase::Alone m_alone; // a backup stops the whole server for a moment
     HostTestOffice m_office;
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<VerifyingProgram> m_verifies;
