@@ -63,7 +63,7 @@ void BackupJob::take(const BackupTaking::Progress &progress)
         expected = nowExpected;
         return !cancelled && (!progress || progress(nowDone, nowExpected));
     });
-    if (!secondFolder.isEmpty())
+    if (!secondFolder.isEmpty() && !cancelled)
         copyToSecond();
     removeOutdated();
     removeCopies();

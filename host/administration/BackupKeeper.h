@@ -45,6 +45,9 @@ public:
     // What a backup of the current database takes, as the office and this computer want it. Throws CMySQLException.
     static std::shared_ptr<BackupJob> newJob(const DataFolder &folder, BackupManifest::Reason reason);
 
+    // Writes what became of verifying that backup into its copy in the second folder, too, on a thread of its own.
+    void mirror(const QString &path);
+
     bool isTaking() const { return m_thread != nullptr; }
     bool isVerifying() const { return m_process.isRunning(); }
     // Of the backup that is being taken, 0 to 1; below 0 while nothing is known.
@@ -72,7 +75,6 @@ private:
     void tellSecondFolder(const QString &problem);
     void verified(BackupProcess::Outcome outcome, const QString &words);
     void verify(const BackupFile &file);
-    void mirror(const QString &path);
     void verifyNewest();
     bool takesByItself() const;
     void noteInLog() const;

@@ -197,6 +197,8 @@ void CDlgBackups::verifySelected()
             return;
     }
     qCInfo(lcHost).noquote() << "backup verified:" << file.path() << words;
+    if (m_keeper)
+        m_keeper->mirror(file.path());
     refill();
     const BackupManifest::Verification found = BackupFile(file.path()).verification();
     if (*outcome == BackupProcess::Outcome::Passed)
