@@ -137,7 +137,7 @@ RecordParts brandParts()
                            return KSql::formatted("iBrandID IN (SELECT cm.iID FROM CarModels cm WHERE cm.iClassID=%1)", brand.key());
                        },
                        .references = {{u"iBrandID"_s, modelTable}}};
-    return {.table = brandTable, .form = u"CarsAll"_s, .references = {user()}, .parts = {models, classes}, .settle = [](KWholeRow &brand, int database, QStringList &) { requireFreeName(brand, CatalogLevel::Brand, 0, database); }};
+    return {.table = brandTable, .form = u"CarsAll"_s, .references = {user()}, .parts = {models, classes}, .known = {u"sName"_s}, .settle = [](KWholeRow &brand, int database, QStringList &) { requireFreeName(brand, CatalogLevel::Brand, 0, database); }};
 }
 
 RecordParts modelParts()
@@ -146,6 +146,7 @@ RecordParts modelParts()
             .form = u"CarsAll"_s,
             .references = {{u"iClassID"_s, brandTable, u"برند"_s, Gone::Refused}, user()},
             .parts = {RecordParts::byColumn(classTable, u"تیپ"_s, u"iBrandID"_s, modelTable)},
+            .known = {u"sName"_s, u"iClassID"_s},
             .settle = [](KWholeRow &model, int database, QStringList &) {
                 requireFreeName(model, CatalogLevel::Model, model.number(u"iClassID"), database);
             }};
@@ -157,6 +158,7 @@ RecordParts classParts()
             .form = u"CarsAll"_s,
             .references = {{u"iBrandID"_s, modelTable, u"مدل"_s, Gone::Refused}, user()},
             .parts = {},
+            .known = {u"sName"_s, u"iBrandID"_s},
             .settle = [](KWholeRow &carClass, int database, QStringList &) {
                 requireFreeName(carClass, CatalogLevel::Class, carClass.number(u"iBrandID"), database);
             }};

@@ -50,6 +50,11 @@ QList<qint32> KWholeRow::keys(const QString &table, const KSql &condition, int d
                   database);
 }
 
+QList<qint32> KWholeRow::numbers(const QString &table, const QString &column, const KSql &condition, int database)
+{
+    return keysOf(KSql::formatted("SELECT %1 FROM %2 WHERE %3", KSql::name(column), KSql::name(table), condition), database);
+}
+
 QList<qint32> KWholeRow::present(const QString &table, const QList<qint32> &keys, int database)
 {
     if (keys.isEmpty())

@@ -36,6 +36,8 @@ public:
     static std::optional<KWholeRow> read(const QString &table, qint32 key, int database = 0);
     // The keys of the rows, in their order. forUpdate: nobody changes or adds such rows until the transaction ends.
     static QList<qint32> keys(const QString &table, const KSql &condition, int database = 0, bool forUpdate = false);
+    // The numbers that a column has in such rows.
+    static QList<qint32> numbers(const QString &table, const QString &column, const KSql &condition, int database = 0);
     // Those of the keys that the table has now, whatever this transaction has read before; they stay until it ends.
     static QList<qint32> present(const QString &table, const QList<qint32> &keys, int database = 0);
 

@@ -64,6 +64,8 @@ struct RecordParts
     QList<RecordPart> parts;
     // The column of a code that no two rows share; empty: there is none.
     QString code = {};
+    // The columns by which people tell one from another, where it is not sure that the same key means the same one.
+    QStringList known = {};
     // Run before the record comes back, alone with what is being entered in its table: makes its row fit to those that are there, and says
     // in notes what it changed. What it throws (KAccountingError) keeps the record from coming back.
     std::function<void(KWholeRow &row, int database, QStringList &notes)> settle = {};

@@ -35,12 +35,13 @@ bool isPresent(const QString &table, qint32 key, int database)
 
 }
 
-RecordReturn::RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch, Document document)
+RecordReturn::RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch, Document document, IsMeant isMeant)
     : m_package(package)
     , m_deleted(deleted)
     , m_database(database)
     , m_fetch(std::move(fetch))
     , m_whichDocument(document)
+    , m_isMeant(std::move(isMeant))
     , m_parts(BinnedRecords::of(package.table()))
 {
 }
@@ -104,13 +105,18 @@ bool RecordReturn::follow(KWholeRow &row, const QList<RecordReference> &referenc
     });
 }
 
+bool RecordReturn::isThere(const QString &table, qint32 key) const
+{
+    return isPresent(table, key, m_database) && (!m_isMeant || m_isMeant(table, key));
+}
+
 bool RecordReturn::resolve(KWholeRow &row, const RecordReference &reference, qint32 key)
 {
-    if (isPresent(reference.table, key, m_database))
+    if (isThere(reference.table, key))
         return true;
     // Another desk may bring it back in the same moment.
     const std::optional<qint32> fetched = m_fetch ? m_fetch(reference.table, key) : std::nullopt;
-    if (fetched || isPresent(reference.table, key, m_database)) {
+    if (fetched || isThere(reference.table, key)) {
         row.set(reference.column, fetched.value_or(key));
         return true;
     }
@@ -125,6 +131,9 @@ bool RecordReturn::resolve(KWholeRow &row, const RecordReference &reference, qin
         row.set(reference.column, 0);
         break;
     case RecordReference::Gone::Kept:
+        // Somebody else has the key by now.
+        if (isPresent(reference.table, key, m_database))
+            row.set(reference.column, 0);
         break;
     }
     const QString sentence = gone + u"؛ بدون آن بازگشت."_s;
@@ -139,8 +148,12 @@ void RecordReturn::findTakenKeys()
     for (const RecordPackage::Ref &ref : m_package.rows())
         tables.append(ref.table);
     tables.removeDuplicates();
-    for (const QString &table : std::as_const(tables))
-        m_taken.insert(table, KWholeRow::present(table, m_package.keysOf(table), m_database));
+    for (const QString &table : std::as_const(tables)) {
+        const QList<qint32> keys = m_package.keysOf(table);
+        m_taken.insert(table, KWholeRow::present(table, keys, m_database));
+        if (m_isMeant)
+            m_taken[table] += KWholeRow::numbers(u"Bin"_s, u"iRecordID"_s, KSql::formatted("sTable=%1 AND iRecordID IN (%2)", KSql::quoted(table), KSql::list(keys)), m_database);
+    }
 }
 
 // The books of an earlier year stand as they were closed. Where the deletion reached into them after that, taking it back makes them again

@@ -30,8 +30,12 @@ public:
         LeftOut // of a record that is there twice then: money counts once
     };
 
-    // deleted: when the record went; invalid: that is not known.
-    RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch, Document document = Document::Own);
+    // Whether the row that is there under that key is the one that is referred to. A key may have been given again since a backup was taken.
+    using IsMeant = std::function<bool(const QString &table, qint32 key)>;
+
+    // deleted: when the record went; invalid: that is not known. isMeant: none where a key means one row for ever; with one, keys of what
+    // is in the bin are taken.
+    RecordReturn(const RecordPackage &package, const QDateTime &deleted, int database, Fetch fetch, Document document = Document::Own, IsMeant isMeant = {});
 
     // Returns the key of the record now. Throws KAccountingError, with a sentence on what stands in the way, and CMySQLException; the
     // transaction is not to be committed then.
@@ -44,6 +48,7 @@ private:
     void settleCode(KWholeRow &own);
     // False: the row does not come back.
     bool follow(KWholeRow &row, const QList<RecordReference> &references);
+    bool isThere(const QString &table, qint32 key) const;
     bool resolve(KWholeRow &row, const RecordReference &reference, qint32 key);
     void findTakenKeys();
     void drawDocument(KWholeRow &own);
@@ -59,10 +64,11 @@ private:
     int m_database;
     Fetch m_fetch;
     Document m_whichDocument;
+    IsMeant m_isMeant;
     const RecordParts *m_parts;
     QHash<QString, QList<qint32>> m_taken;
     QHash<std::pair<QString, qint32>, qint32> m_keys; // of the rows that are back
-    qint32 m_oldCode = 0; // where it became another
+    qint32 m_oldCode = 0;                             // where it became another
     qint32 m_newCode = 0;
     std::optional<KWholeRow> m_document;
     QStringList m_notes;

@@ -11,7 +11,9 @@
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/lists/FilterClauses.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/Placeholders.h"
+#include "suite/db/KChangeLog.h"
 #include "suite/db/KMySQL.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/db/KTransaction.h"
@@ -75,7 +77,43 @@ QHash<qint32, KWholeRow> byKey(const QString &table, const QList<qint32> &keys, 
     return rows;
 }
 
-// One restoring out of a backup, with the records that are missed along the way.
+// The columns by which people tell one from another; empty: of that table nothing is known.
+QStringList knownBy(const QString &table)
+{
+    if (table == u"Users")
+        return {u"sUser"_s};
+    if (table == u"CustomFields")
+        return {u"iTable"_s, u"sName"_s};
+    const RecordParts *parts = BinnedRecords::of(table);
+    return parts ? parts->known : QStringList();
+}
+
+// None of what both of them say differs.
+bool isSameOne(const KWholeRow &then, const KWholeRow &now)
+{
+    const QStringList known = knownBy(then.table());
+    return std::ranges::all_of(known, [&](const QString &column) {
+        const QString before = then.text(column);
+        const QString after = now.text(column);
+        return before == after || before.isEmpty() || after.isEmpty();
+    });
+}
+
+// One in the office that is known by all the same; 0: there is none, or too little is known.
+qint32 officeKeyOf(const KWholeRow &then)
+{
+    QList<KSql> all;
+    for (const QString &column : knownBy(then.table())) {
+        if (then.text(column).isEmpty())
+            return 0;
+        all.append(KSql::formatted("%1=%2", KSql::name(column), KSql::quoted(then.text(column))));
+    }
+    const QList<qint32> keys = all.isEmpty() ? QList<qint32>() : KWholeRow::keys(then.table(), KSql::joined(all, " AND "));
+    return keys.isEmpty() ? 0 : keys.constFirst();
+}
+
+// One restoring out of a backup, with the records that are missed along the way. Since the backup was taken, the office may have given its
+// keys to others.
 class FromBackup
 {
 public:
@@ -88,7 +126,8 @@ public:
     {
         const RecordPackage package = RecordPackage::ofRecord(table, key, m_backup);
         RecordReturn comingBack(
-            package, QDateTime(), 0, [this](const QString &other, qint32 otherKey) { return bringAlong(other, otherKey); }, document);
+            package, deletedAt(package), 0, [this](const QString &other, qint32 otherKey) { return bringAlongOnce(other, otherKey); }, document,
+            [this](const QString &other, qint32 otherKey) { return isMeant(other, otherKey); });
         const qint32 now = comingBack.run();
         notes += comingBack.notes();
         if (const RecordParts *parts = BinnedRecords::of(table); parts && parts->recount)
@@ -99,17 +138,52 @@ public:
     QStringList notes;
 
 private:
+    bool isMeant(const QString &table, qint32 key) const
+    {
+        const std::optional<KWholeRow> then = KWholeRow::read(table, key, m_backup);
+        const std::optional<KWholeRow> now = KWholeRow::read(table, key, 0);
+        return then && now && isSameOne(*then, *now);
+    }
+
+    // Books that the backup knows as closed were closed with its documents. Else the history says when the record went.
+    QDateTime deletedAt(const RecordPackage &package) const
+    {
+        const QList<qint32> documents = package.keysOf(u"Documents"_s);
+        if (documents.isEmpty())
+            return {};
+        if (OfficeSettings::read({}, m_backup).fiscalYear() > package.row({u"Documents"_s, documents.constFirst()}).number(u"iFiscalYear"))
+            return OfficeSettings::read().serverTime();
+        const std::optional<KChange> last = KChangeLog::last(package.table(), package.key());
+        return last && last->kind == KChange::Kind::Deleted ? last->when : QDateTime();
+    }
+
+    std::optional<qint32> bringAlongOnce(const QString &table, qint32 key)
+    {
+        const auto known = m_along.constFind({table, key});
+        if (known != m_along.cend())
+            return *known;
+        const std::optional<qint32> now = bringAlong(table, key);
+        m_along.insert({table, key}, now);
+        return now;
+    }
+
     std::optional<qint32> bringAlong(const QString &table, qint32 key)
     {
+        const std::optional<KWholeRow> then = KWholeRow::read(table, key, m_backup);
+        if (!then)
+            return std::nullopt;
+        if (const qint32 met = officeKeyOf(*then))
+            return met;
         if (!BinnedRecords::of(table))
             return std::nullopt;
         // What the office deleted itself is newer than the backup.
-        if (const std::optional<BinRestoring::Along> along = BinRestoring::bringAlong(table, key, 0)) {
-            notes += along->notes;
-            return along->key;
+        const std::optional<Bin::Entry> binned = Bin::entryOf(table, key);
+        if (binned && isSameOne(*then, RecordPackage::ofBin(binned->id).row({table, key}))) {
+            if (const std::optional<BinRestoring::Along> along = BinRestoring::bringAlong(table, key, 0)) {
+                notes += along->notes;
+                return along->key;
+            }
         }
-        if (!KWholeRow::read(table, key, m_backup))
-            return std::nullopt;
         try {
             const qint32 now = bringBack(table, key, RecordReturn::Document::Own);
             notes.append(u"%1 هم بازگشت."_s.arg(RecordSubjects::nameOf(table, now)));
@@ -121,6 +195,7 @@ private:
     }
 
     int m_backup;
+    QHash<std::pair<QString, qint32>, std::optional<qint32>> m_along;
 };
 
 QString valueOf(const QList<RecordWords::Line> &lines, const QString &caption)

@@ -38,5 +38,6 @@ void PersonParts::enter()
                           .parts = {RecordParts::files(RecordKind::Person), RecordParts::customValues(RecordKind::Person),
                                     RecordParts::byKind(u"Alarms"_s, u"یادآوری"_s, RecordKind::Person)},
                           .code = u"iCode"_s,
+                          .known = {u"sName2"_s, u"sNationalCode"_s},
                           .settle = &settlePerson});
 }

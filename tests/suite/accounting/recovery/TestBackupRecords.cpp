@@ -130,6 +130,61 @@ private Q_SLOTS:
         QVERIFY2(restored.message.contains(u"رضا احمدی هم بازگشت"_s), qPrintable(restored.message));
     }
 
+    // After going back to an older database, the keys of the lost days are given again.
+    void aKeyThatSomebodyElseHasNowIsNotTakenForTheSame()
+    {
+        const int key = plannedContract();
+        takeBackup();
+        removeForGood(key);
+        run(u"UPDATE Persons SET sName='حسن',sFamily='نوری',sName2='حسن نوری',sNationalCode='1'"_s);
+        const BinRestoring::Restored restored = BackupRecords::restore(contracts, key, backup, false);
+        QCOMPARE(value(u"SELECT GROUP_CONCAT(p.sName2 ORDER BY p.iID) FROM Persons p JOIN AutomobilContracts c ON p.iID IN (c.iPersonFirstID,c.iPersonSecondID)"_s), u"رضا احمدی,مریم کریمی"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs d JOIN Persons p ON p.iID=d.iPersonID WHERE p.sName2='حسن نوری'"_s), u"0"_s);
+        QCOMPARE(value(u"SELECT COUNT(DISTINCT d.iPersonID) FROM Docs d JOIN AutomobilContracts c ON d.iPersonID IN (c.iPersonFirstID,c.iPersonSecondID)"_s), u"2"_s);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Persons"_s), u"4"_s);
+        QVERIFY2(restored.message.contains(u"رضا احمدی هم بازگشت"_s), qPrintable(restored.message));
+    }
+
+    void aPersonThatIsThereUnderAnotherKeyIsMet()
+    {
+        const int key = plannedContract();
+        run(u"UPDATE Persons SET sNationalCode=CONCAT('00000000',iID)"_s);
+        takeBackup();
+        removeForGood(key);
+        run(u"UPDATE Persons SET iID=iID+1000"_s);
+        BackupRecords::restore(contracts, key, backup, false);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Persons"_s), u"2"_s);
+        QCOMPARE(value(u"SELECT CONCAT(iPersonFirstID>1000,iPersonSecondID>1000) FROM AutomobilContracts"_s), u"11"_s);
+    }
+
+    void theYearOfTheDocumentIsThatOfItsBooks_data()
+    {
+        QTest::addColumn<int>("backupYear"); // later than the document's
+        QTest::addColumn<bool>("isNoted");   // the deletion, after this year was opened
+        QTest::addColumn<int>("movedBy");
+        QTest::newRow("closed when the backup was taken") << 1 << false << 0;
+        QTest::newRow("deleted out of closed books") << 0 << true << 0;
+        QTest::newRow("nobody knows") << 0 << false << 1;
+    }
+    void theYearOfTheDocumentIsThatOfItsBooks()
+    {
+        QFETCH(int, backupYear);
+        QFETCH(bool, isNoted);
+        QFETCH(int, movedBy);
+        const int key = plannedContract();
+        const int year = value(u"SELECT iFiscalYear FROM Documents"_s).toInt();
+        GetDBSetting()->SetFiscalYear(year + backupYear);
+        takeBackup();
+        removeForGood(key);
+        if (!isNoted)
+            run(u"DELETE FROM Changes"_s);
+        GetDBSetting()->SetFiscalYear(year + 1);
+        m_office->setFiscalYearOpening(QDate::currentDate().addDays(-30));
+        BackupRecords::restore(contracts, key, backup, false);
+        QCOMPARE(value(u"SELECT iFiscalYear FROM AutomobilContracts"_s).toInt(), year + movedBy);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Docs d JOIN AutomobilContracts c ON c.iDocNum=d.iDocNum AND c.iFiscalYear=d.iFiscalYear"_s), u"4"_s);
+    }
+
     void whatWasReceivedThenIsOpenNow()
     {
         const int key = plannedContract();
