@@ -57,7 +57,7 @@ QSize UndoOffer::sizeHint() const
 void UndoOffer::offer(const Bin::Entry &entry)
 {
     m_entry = entry;
-    m_changes = KConnection::changes();
+    m_changes = KConnection::changesOfThread();
     m_sentence->setText(u"%1 حذف شد."_s.arg(entry.name()));
     m_key->setEnabled(true);
     m_over.start();
@@ -86,6 +86,6 @@ void UndoOffer::choose()
 void UndoOffer::look()
 {
     // It does not vanish from under the hand that is on it.
-    if (KConnection::changes() != m_changes && !m_button->hasFocus())
+    if (KConnection::changesOfThread() != m_changes && !m_button->hasFocus())
         withdraw();
 }

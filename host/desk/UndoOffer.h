@@ -12,7 +12,7 @@ class ElidedLabel;
 class QPushButton;
 class QShortcut;
 
-// What was deleted last, in the status line, with the button that takes it back: for some seconds, or until this program changes anything
+// What was deleted last, in the status line, with the button that takes it back: for some seconds, or until its user changes anything
 // else. Ctrl+Z presses it as long as no field takes that key for what was typed.
 class UndoOffer final : public QWidget
 {
@@ -24,6 +24,8 @@ public:
     void offer(const Bin::Entry &entry);
     void withdraw();
     bool isOffered() const { return m_entry.id != 0; }
+    // Withdraws it once the window's thread has changed anything since; asked twice a second.
+    void look();
 
     QSize sizeHint() const override;
 
@@ -33,10 +35,9 @@ Q_SIGNALS:
 
 private:
     void choose();
-    void look();
 
     Bin::Entry m_entry;
-    quint64 m_changes = 0; // KConnection::changes() when it was offered
+    quint64 m_changes = 0; // KConnection::changesOfThread() when it was offered
     ElidedLabel *m_sentence;
     QPushButton *m_button;
     QShortcut *m_key;

@@ -43,6 +43,7 @@ Registry &registry()
 }
 
 std::atomic<quint64> changeCount{0};
+thread_local quint64 threadChangeCount = 0;
 
 // A node that is gone is no reason to wait: another one has the data.
 constexpr int nodeTimeoutSeconds = 3;
@@ -363,6 +364,7 @@ void KConnection::execute(const QByteArray &utf8Statement)
     // A statement with rows to fetch has changed none; of the others it is known by now how many it changed.
     if (mysql_field_count(connection) == 0 && mysql_affected_rows(connection) > 0) {
         ++changeCount;
+        ++threadChangeCount;
         m_changedRows = true;
     }
 }
@@ -418,6 +420,11 @@ void KConnection::applyLockWaits()
 quint64 KConnection::changes()
 {
     return changeCount;
+}
+
+quint64 KConnection::changesOfThread()
+{
+    return threadChangeCount;
 }
 
 quint64 KConnection::lastInsertedId() const

@@ -76,6 +76,8 @@ public:
     // Statements of this program, in any thread and on any database, that added, set or deleted at least one row. It only grows: what was read at
     // one count is stale at the next, unless the change was another's or was rolled back.
     static quint64 changes();
+    // The same of the calling thread alone: what its user did, and not what is done beside.
+    static quint64 changesOfThread();
 
     // Called with every statement before it runs, in whatever thread; for the log and for tests. Null removes it.
     using StatementObserver = std::function<void(const QString &)>;

@@ -10,6 +10,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
+#include "suite/db/KConnection.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -20,6 +21,8 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -110,6 +113,24 @@ private Q_SLOTS:
         addPerson(u"علی"_s);
         QTRY_VERIFY(!offer().isOffered());
         QVERIFY(!offer().isVisible());
+    }
+
+    // A backup that is taken beside, or what another thread notes, is no change by the user.
+    void whatIsDoneBesideDoesNotEndIt()
+    {
+        remove(addPerson(u"رضا"_s));
+        const quint64 before = KConnection::changes();
+        std::thread beside([] {
+            KConnection::forThread().run(KSql("INSERT INTO Properties(sSection,sKey,sValue) VALUES('beside','a','b')"));
+            KConnection::closeThreadConnections();
+        });
+        beside.join();
+        QVERIFY(KConnection::changes() > before);
+        offer().look();
+        QVERIFY(offer().isOffered());
+        addPerson(u"علی"_s);
+        offer().look();
+        QVERIFY(!offer().isOffered());
     }
 
     void theLastDeletionIsTheOneThatIsOffered()
