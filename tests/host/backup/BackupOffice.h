@@ -76,6 +76,7 @@ public:
     }
 
 private:
+    TestDatabase::Alone m_alone; // a backup holds all writers of a server
     TestDatabase m_database;
     std::unique_ptr<QTemporaryDir> m_folder;
 };

@@ -54,6 +54,7 @@ private:
     static void storeModuleVersion(double version) { CTblProperties::DBWriteSetting(u"Schema"_s, u"TzAuto"_s, version); }
     QStringList dumps() const;
 
+    TestDatabase::Alone m_alone; // a backup holds all writers of a server
     TestDatabase m_database;
     std::unique_ptr<QTemporaryDir> m_backups;
     QStringList m_waitedFor;

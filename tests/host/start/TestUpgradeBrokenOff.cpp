@@ -27,6 +27,7 @@ class TestUpgradeBrokenOff : public QObject
 {
     Q_OBJECT
 
+    TestDatabase::Alone m_alone; // a backup holds all writers of a server
     TestDatabase m_database;
     OldOffice m_office{m_database};
     QTemporaryDir m_dumps;
