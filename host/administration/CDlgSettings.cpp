@@ -3,7 +3,7 @@
 
 #include "host/administration/CDlgSettings.h"
 
-#include "host/administration/BackupFields.h"
+#include "host/keeping/BackupFields.h"
 #include "host/frame/HostLook.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/administration/BackupStanding.h"
+#include "host/keeping/BackupStanding.h"
 
 #include <QToolButton>
 

@@ -4,9 +4,9 @@
 #include "host/desk/MainWindow.h"
 
 #include "auto/CAutoDBSetting.h"
-#include "host/administration/Backup.h"
-#include "host/administration/BackupKeeper.h"
-#include "host/administration/CDlgBackups.h"
+#include "host/recovery/Backup.h"
+#include "host/keeping/BackupKeeper.h"
+#include "host/recovery/CDlgBackups.h"
 #include "host/desk/BackupBand.h"
 #include "host/desk/BackupSign.h"
 #include "host/desk/CDlgAbout.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/administration/RestoreRequest.h"
+#include "host/recovery/RestoreRequest.h"
 #include "host/server/DataFolder.h"
 #include "suite/accounting/bin/Bin.h"
 

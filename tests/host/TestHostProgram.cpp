@@ -3,9 +3,9 @@
 
 #include "host/HostProgram.h"
 
-#include "host/administration/BackupPassphrase.h"
-#include "host/administration/BackupProcess.h"
-#include "host/administration/CDlgBackups.h"
+#include "host/keeping/BackupPassphrase.h"
+#include "host/keeping/BackupProcess.h"
+#include "host/recovery/CDlgBackups.h"
 #include "host/backup/BackupFiles.h"
 #include "host/backup/BackupRestoring.h"
 #include "host/desk/BackupBand.h"
@@ -18,7 +18,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "host/administration/CDlgDamage.h"
+#include "host/recovery/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
 #include "host/frame/HostLog.h"

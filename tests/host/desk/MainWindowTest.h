@@ -5,7 +5,7 @@
 
 #include "host/desk/MainWindow.h"
 
-#include "host/administration/BackupKeeper.h"
+#include "host/keeping/BackupKeeper.h"
 #include "host/desk/BackupBand.h"
 #include "host/desk/BackupSign.h"
 #include "host/frame/AutoModule.h"
