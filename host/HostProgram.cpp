@@ -9,6 +9,7 @@
 #include "host/keeping/BackupProcess.h"
 #include "host/keeping/BackupProgress.h"
 #include "host/keeping/CDlgClosingBackup.h"
+#include "host/backup/BackupPointInTime.h"
 #include "host/backup/BackupRestoring.h"
 #include "host/backup/BackupTaking.h"
 #include "host/start/BackupCommands.h"
@@ -428,6 +429,9 @@ void HostProgram::restore(const RestoreRequest &request)
     const KConnectionSettings settings = KConnection::settings(0);
     OfficeSession::end();
     KConnection::closeThreadConnections();
+    const auto broughtForward = request.lastMinute
+        ? BackupPointInTime(m_folder).onto(settings, request.file, {.lastMinute = true})
+        : std::function<void(const QString &)>();
     try {
         BackupFile copy;
         {
@@ -436,7 +440,8 @@ void HostProgram::restore(const RestoreRequest &request)
                 copy = BackupRestoring(settings).restore({.file = request.file,
                                                           .passphrase = request.passphrase,
                                                           .backupsFolder = m_folder.backupsPath(),
-                                                          .copyPassphrase = BackupPassphrase(m_folder).read()},
+                                                          .copyPassphrase = BackupPassphrase(m_folder).read(),
+                                                          .beforeExchange = broughtForward},
                                                          progress);
             });
         }
@@ -444,7 +449,8 @@ void HostProgram::restore(const RestoreRequest &request)
         prepareSchema();
         m_splash.hide();
         qCInfo(lcHost).noquote() << "restored:" << request.file.path() << "copy of the state before:" << copy.path();
-        g_pDlgMessage->Show(u"بازگردانده شد به %1.\nپشتیبان وضع پیش از آن: %2"_s.arg(when, ServerError::shownPath(copy.path())));
+        const QString forward = request.lastMinute ? u" و تغییرهای ثبت شده پس از آن"_s : QString();
+        g_pDlgMessage->Show(u"بازگردانده شد به %1%2.\nپشتیبان وضع پیش از آن: %2"_s.arg(when, forward, ServerError::shownPath(copy.path())));
     } catch (const ServerError &error) {
         m_splash.hide();
         qCCritical(lcHost).noquote() << "restore:" << error.detail();

@@ -14,6 +14,7 @@
 #include "host/recovery/BackupViewer.h"
 #include "host/recovery/CDlgBackupUnlock.h"
 #include "host/recovery/RestoreLoss.h"
+#include "host/recovery/RestoreQuestions.h"
 #include "host/server/ServerError.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
@@ -236,9 +237,10 @@ void CDlgBackups::restoreSelected()
     const std::optional<QString> passphrase = passphraseOf(file);
     if (!passphrase)
         return;
-    if (g_pDlgYesNo->Ask(RestoreLoss::question(file, RestoreLoss::changesSince(file)), this) != KMessageDialog::Yes)
+    const std::optional<RestoreExtent> extent = RestoreQuestions::extent(file, m_folder, this);
+    if (!extent || g_pDlgYesNo->Ask(RestoreLoss::question(file, RestoreLoss::changesSince(file), *extent), this) != KMessageDialog::Yes)
         return;
-    m_request = {file, *passphrase};
+    m_request = {file, *passphrase, extent->lastMinute};
     done(Accepted);
 }
 

@@ -3,12 +3,14 @@
 
 #include "host/recovery/CDlgDamage.h"
 
+#include "host/backup/BackupPointInTime.h"
 #include "host/backup/BackupRestoring.h"
 #include "host/frame/StartupClock.h"
 #include "host/keeping/BackupProgress.h"
 #include "host/keeping/BackupsHere.h"
 #include "host/recovery/BackupColumns.h"
 #include "host/recovery/CDlgBackupUnlock.h"
+#include "host/recovery/RestoreQuestions.h"
 #include "host/server/ServerError.h"
 #include "host/server/ServerOptions.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -109,19 +111,27 @@ void CDlgDamage::restoreSelected()
     const std::optional<QString> passphrase = CDlgBackupUnlock::passphraseFor(file, m_folder, this);
     if (!passphrase)
         return;
-    const QString question = u"اطلاعات دفتر به %1 بازگردانده می‌شود و آنچه پس از آن ثبت شده است از دست می‌رود. بازگردانده شود؟"_s.arg(
-        BackupListing::whenText(file));
-    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes && restore(file, *passphrase))
+    const std::optional<RestoreExtent> extent = RestoreQuestions::extent(file, m_folder, this);
+    if (!extent)
+        return;
+    QString said = extent->words();
+    if (!extent->lastMinute || !extent->reach.upToNow)
+        said += (said.isEmpty() ? u""_s : u" "_s) + u"آنچه پس از آن ثبت شده است از دست می‌رود."_s;
+    const QString question = u"اطلاعات دفتر به %1 بازگردانده می‌شود. %2 بازگردانده شود؟"_s.arg(BackupListing::whenText(file), said);
+    if (g_pDlgYesNo->Ask(question, this) == KMessageDialog::Yes && restore({file, *passphrase, extent->lastMinute}))
         done(Accepted);
 }
 
-bool CDlgDamage::restore(const BackupFile &file, const QString &passphrase)
+bool CDlgDamage::restore(const RestoreRequest &request)
 {
+    const BackupFile file = request.file;
+    const auto broughtForward = request.lastMinute ? BackupPointInTime(m_folder).ontoNew(file, {.lastMinute = true})
+                                                   : std::function<void(const KConnectionSettings &)>();
     try {
         QString aside;
         BackupProgress window(u"بازگرداندن پشتیبان"_s, u"ساختن پایگاه داده تازه از پشتیبان %1…"_s.arg(BackupListing::whenText(file)), this);
         window.run([&](const BackupProgress::Progress &progress) {
-            aside = BackupRestoring::intoNewFolder(m_folder, file, passphrase, progress);
+            aside = BackupRestoring::intoNewFolder(m_folder, file, request.passphrase, progress, {}, broughtForward);
         });
         QString text = u"پایگاه داده به %1 بازگردانده شد."_s.arg(BackupListing::whenText(file));
         if (!aside.isEmpty())

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/recovery/BackupListing.h"
+#include "host/recovery/RestoreRequest.h"
 #include "host/server/DataFolder.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -33,7 +34,7 @@ private:
     void build(const QString &what);
     void fill();
     void chooseFolder();
-    bool restore(const BackupFile &file, const QString &passphrase);
+    bool restore(const RestoreRequest &request);
 
     DataFolder m_folder;
     QString m_shownFolder;

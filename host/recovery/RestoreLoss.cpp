@@ -22,16 +22,27 @@ std::optional<qint64> RestoreLoss::changesSince(const BackupFile &file, int data
     return reachesBack ? std::optional<qint64>(log.GetLongFieldValue(0)) : std::nullopt;
 }
 
-QString RestoreLoss::question(const BackupFile &file, std::optional<qint64> changes)
+namespace {
+
+QString lostText(std::optional<qint64> changes, const RestoreExtent &extent)
 {
+    if (extent.lastMinute && extent.reach.upToNow)
+        return extent.words();
     QString lost = u"آنچه پس از آن ثبت شده است از دست می‌رود."_s;
-    if (changes)
+    if (changes && !extent.lastMinute)
         lost = *changes == 0 ? u"پس از آن چیزی ثبت نشده است."_s : u"%1 تغییری که پس از آن ثبت شده است از دست می‌رود."_s.arg(*changes);
+    return extent.words().isEmpty() ? lost : extent.words() + u' ' + lost;
+}
+
+}
+
+QString RestoreLoss::question(const BackupFile &file, std::optional<qint64> changes, const RestoreExtent &extent)
+{
     QString state;
     if (BackupListing::isBad(file))
         state = u"\nاین پشتیبان در آزمون ایراد داشته است."_s;
     else if (file.verification().state == BackupManifest::Verification::State::None)
         state = u"\nاین پشتیبان هنوز آزموده نشده است."_s;
     return u"همه اطلاعات دفتر به %1 بازگردانده می‌شود. %2%3\nپیش از آن از وضع کنونی پشتیبان گرفته می‌شود و برنامه به صفحه ورود می‌رود. بازگردانده شود؟"_s
-        .arg(BackupListing::whenText(file), lost, state);
+        .arg(BackupListing::whenText(file), lostText(changes, extent), state);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "host/backup/BackupFile.h"
+#include "host/recovery/RestoreExtent.h"
 
 #include <optional>
 
@@ -15,6 +16,6 @@ namespace RestoreLoss {
 std::optional<qint64> changesSince(const BackupFile &file, int database = 0);
 
 // Asks whether to go back: as of when, and what is lost.
-QString question(const BackupFile &file, std::optional<qint64> changes);
+QString question(const BackupFile &file, std::optional<qint64> changes, const RestoreExtent &extent = {});
 
 }

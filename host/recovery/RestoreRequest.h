@@ -12,4 +12,5 @@ struct RestoreRequest
 {
     BackupFile file; // one that does not exist: nothing is to be done
     QString passphrase;
+    bool lastMinute = false; // brought forward by the log of changes, as far as that leads
 };

@@ -10,6 +10,7 @@
 #include "host/backup/BackupRestoring.h"
 #include "host/desk/BackupBand.h"
 #include "host/desk/BackupSign.h"
+#include "host/server/BinaryLog.h"
 #include "host/server/EmbeddedServer.h"
 #include "host/server/ServerDamage.h"
 #include "host/server/TableNames.h"
@@ -72,6 +73,7 @@ private Q_SLOTS:
     void damagedOfficeComesBack();
     void everyTableIsMetWithItsWay();
     void closingTakesABackupOfWhatChanged();
+    void goesBackToABackupAndAsksForTheLogin_data();
     void goesBackToABackupAndAsksForTheLogin();
     void takenBackupIsProvedByAProgramOfItsOwn();
     void backupIsOnlyShown();
@@ -568,9 +570,25 @@ void TestHostProgram::closingTakesABackupOfWhatChanged()
     QCOMPARE(backups().size(), 2);
 }
 
+void TestHostProgram::goesBackToABackupAndAsksForTheLogin_data()
+{
+    QTest::addColumn<bool>("keepsLog");
+    QTest::addColumn<bool>("lastMinute");
+    QTest::addColumn<QStringList>("asked");
+    const QString lost = u"تغییری که پس از آن ثبت شده"_s;
+    const QString choice = u"تا آخرین دقیقه بازگردانده شود؟"_s;
+    QTest::newRow("no log of changes") << false << false << QStringList{lost};
+    QTest::newRow("as of the backup") << true << false << QStringList{choice, lost};
+    QTest::newRow("to the last minute") << true << true << QStringList{choice, u"تغییرهای پس از پشتیبان تا آخرین دقیقه بازگردانده می‌شود"_s};
+}
+
 void TestHostProgram::goesBackToABackupAndAsksForTheLogin()
 {
+    QFETCH(const bool, keepsLog);
+    QFETCH(const bool, lastMinute);
+    QFETCH(const QStringList, asked);
     makeOffice();
+    BinaryLog(DataFolder(m_options.dataDir)).setWanted(keepsLog);
     QCOMPARE(workOnce([](MainWindow *) { addUser(u"mina"_s); }), 0);
     const QString file = backups().constFirst().path();
     QStringList windows;
@@ -583,6 +601,8 @@ void TestHostProgram::goesBackToABackupAndAsksForTheLogin()
                      logIn(*login, u"sara"_s, u"gallery7"_s);
                      login->accept();
                  } else if (auto *dialog = qobject_cast<CDlgBackups *>(window)) {
+                     if (keepsLog && !lastMinute)
+                         g_pDlgYesNo->answerNext(KMessageDialog::No);
                      dialog->runCommand(u"restore");
                  } else if (auto *main = qobject_cast<MainWindow *>(window)) {
                      if (logins == 1 && !before) {
@@ -601,8 +621,11 @@ void TestHostProgram::goesBackToABackupAndAsksForTheLogin()
              0);
     QCOMPARE(logins, 2);
     QVERIFY(before);
-    QVERIFY(!after);
-    QVERIFY(g_pDlgYesNo->takeShown().constFirst().contains(u"تغییری که پس از آن ثبت شده"_s));
+    QCOMPARE(after, lastMinute);
+    const QStringList questions = g_pDlgYesNo->takeShown();
+    QCOMPARE(questions.size(), asked.size());
+    for (int each = 0; each < asked.size(); ++each)
+        QVERIFY2(questions.at(each).contains(asked.at(each)), qPrintable(questions.at(each)));
     QVERIFY(g_pDlgMessage->takeShown().join(u'\n').contains(u"بازگردانده شد به"_s));
     const QList<BackupFile> files = backups();
     QVERIFY(std::any_of(files.cbegin(), files.cend(), [](const BackupFile &each) {
