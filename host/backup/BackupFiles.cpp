@@ -3,6 +3,7 @@
 
 #include "host/backup/BackupFiles.h"
 
+#include "host/backup/BackupTools.h"
 #include "host/backup/BackupWriter.h"
 #include "host/server/DumpFiles.h"
 #include "host/server/Platform.h"
@@ -73,7 +74,7 @@ void removeLeft(const QString &folder)
     }
 }
 
-BackupFile copy(const BackupFile &file, const QString &folder)
+BackupFile copy(const BackupFile &file, const QString &folder, const std::function<bool()> &goesOn)
 {
     if (!QFileInfo(folder).isDir())
         throw ServerError(ServerError::Kind::FolderNotWritable,
@@ -100,6 +101,8 @@ BackupFile copy(const BackupFile &file, const QString &folder)
         const QByteArray chunk = source.read(copiedAtOnce);
         if (chunk.isEmpty())
             break;
+        if (goesOn && !goesOn())
+            throw BackupTools::cancelled();
         writer.writeAsIs(chunk);
     }
     if (source.error() != QFile::NoError || writer.fileBytes() != file.size())

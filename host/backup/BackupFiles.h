@@ -7,6 +7,8 @@
 
 #include <QList>
 
+#include <functional>
+
 // The backups of a folder.
 namespace BackupFiles {
 
@@ -18,7 +20,8 @@ QString freePath(const QString &folder, const QString &database, BackupFile::For
 // Removes what programs that have ended left unfinished in the folder. One that is being written stays.
 void removeLeft(const QString &folder);
 // Copies the finished backup with its manifest into another folder, for the user alone: there is the whole file or none. Returns the copy.
-// Throws ServerError FolderNotWritable (also when the folder is missing: a disk that is not plugged in is not made anew) or DiskFull.
-BackupFile copy(const BackupFile &file, const QString &folder);
+// Throws ServerError FolderNotWritable (also when the folder is missing: a disk that is not plugged in is not made anew), DiskFull, or Cancelled,
+// as soon as goesOn, asked once per mebibyte, is false.
+BackupFile copy(const BackupFile &file, const QString &folder, const std::function<bool()> &goesOn = {});
 
 }

@@ -37,6 +37,12 @@ bool isCopyOf(const BackupFile &copy, const BackupFile &file)
     return copy.manifest() && !copy.manifest()->digest.isEmpty() && copyMark(copy) == copyMark(file);
 }
 
+BackupJob::Copying &copying()
+{
+    static BackupJob::Copying copying;
+    return copying;
+}
+
 }
 
 QList<BackupFile> BackupJob::outdated(const QString &folder, const QString &database, const BackupKeeping::Kept &kept, const QDateTime &now)
@@ -63,8 +69,14 @@ void BackupJob::take(const BackupTaking::Progress &progress)
         expected = nowExpected;
         return !cancelled && (!progress || progress(nowDone, nowExpected));
     });
-    if (!secondFolder.isEmpty() && !cancelled)
-        copyToSecond();
+    if (!secondFolder.isEmpty() && !cancelled) {
+        step = Step::Copying;
+        const QString said = copyToSecond();
+        Step now = Step::Copying;
+        if (!step.compare_exchange_strong(now, Step::Tidying))
+            return;
+        secondProblem = said;
+    }
     removeOutdated();
     removeCopies();
 }
@@ -105,14 +117,35 @@ void BackupJob::mirrorVerification(const BackupFile &file, const QString &folder
     copy.setManifest(manifest);
 }
 
-void BackupJob::copyToSecond()
+// What there is to tell of it.
+QString BackupJob::copyToSecond()
 {
+    const auto goesOn = [this] { return !cancelled; };
     try {
-        BackupFiles::copy(*file, secondFolder);
+        if (copying())
+            copying()(*file, secondFolder, goesOn);
+        else
+            BackupFiles::copy(*file, secondFolder, goesOn);
     } catch (const ServerError &error) {
         qCWarning(lcHost).noquote() << "second folder:" << error.detail();
-        secondProblem = error.userMessage();
+        return error.kind() == ServerError::Kind::Cancelled ? QString() : error.userMessage();
+    } catch (const std::exception &error) {
+        qCWarning(lcHost).noquote() << "second folder:" << error.what();
+        return u"رونوشت پشتیبان در پوشه دوم به سبب خطایی پیش‌بینی نشده نوشته نشد."_s;
     }
+    return {};
+}
+
+bool BackupJob::letGo()
+{
+    cancelled = true;
+    Step now = Step::Copying;
+    return step.compare_exchange_strong(now, Step::LetGo);
+}
+
+void BackupJob::setCopying(Copying other)
+{
+    copying() = std::move(other);
 }
 
 void BackupJob::run(const BackupTaking::Progress &progress)

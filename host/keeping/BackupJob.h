@@ -7,6 +7,7 @@
 #include "host/backup/BackupTaking.h"
 
 #include <atomic>
+#include <functional>
 #include <optional>
 
 // One backup from its beginning to its end, as a thread of its own does it: taken, copied into the second folder, and those that are too
@@ -32,6 +33,22 @@ struct BackupJob
     QString detail;  // for the log
     QString secondProblem;
 
+    // Where it is. What is written to the second folder can hang for as long as a share does.
+    enum class Step {
+        Taking,
+        Copying,
+        Tidying,
+        LetGo
+    };
+    std::atomic<Step> step = Step::Taking;
+    // Ends it. True: it was copying to the second folder, and what became of it until then stands here; its thread changes nothing of that
+    // any more, and nobody need wait for it.
+    bool letGo();
+
+    // What copies a backup; tests put another in its place, empty: back to BackupFiles::copy.
+    using Copying = std::function<void(const BackupFile &file, const QString &folder, const std::function<bool()> &goesOn)>;
+    static void setCopying(Copying copying);
+
     // Throws nothing. progress is asked besides, where there is one.
     void run(const BackupTaking::Progress &progress = {});
 
@@ -42,7 +59,7 @@ struct BackupJob
 
 private:
     void take(const BackupTaking::Progress &progress);
-    void copyToSecond();
+    QString copyToSecond();
     void removeOutdated();
     void removeCopies();
 };

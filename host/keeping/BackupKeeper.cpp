@@ -34,6 +34,15 @@ constexpr int minute = 60 * 1000;
 constexpr int minutesBeforeFirst = 2;
 constexpr int minutesAfterAnError = 10;
 
+constexpr int patienceWithMirror = 3000;
+
+// Nobody waits for it any more; it goes when it ends.
+void leaveBehind(std::unique_ptr<QThread> thread)
+{
+    QObject::connect(thread.get(), &QThread::finished, thread.get(), &QObject::deleteLater);
+    static_cast<void>(thread.release());
+}
+
 const QString leaseName = u"backup"_s;
 const QString kindInLog = u"Backup"_s;
 const QString toldSection = u"Backup"_s;
@@ -91,12 +100,10 @@ BackupKeeper::BackupKeeper(const DataFolder &folder, bool isPrivate, QObject *pa
 BackupKeeper::~BackupKeeper()
 {
     stopVerifying();
-    if (m_mirror)
-        m_mirror->wait();
-    if (!m_thread)
-        return;
-    m_job->cancelled = true;
-    m_thread->wait();
+    if (m_mirror && !m_mirror->wait(patienceWithMirror))
+        leaveBehind(std::move(m_mirror));
+    if (m_thread && !letGoOfCopying())
+        m_thread->wait();
 }
 
 void BackupKeeper::start()
@@ -208,6 +215,21 @@ void BackupKeeper::jobEnded()
     m_thread->wait();
     // Its signal is being handled.
     m_thread.release()->deleteLater();
+    finishJob();
+}
+
+bool BackupKeeper::letGoOfCopying()
+{
+    if (!m_job->letGo())
+        return false;
+    qCWarning(lcHost) << "the copy in the second folder was given up";
+    disconnect(m_thread.get(), nullptr, this, nullptr);
+    leaveBehind(std::move(m_thread));
+    return true;
+}
+
+void BackupKeeper::finishJob()
+{
     const std::shared_ptr<BackupJob> job = std::move(m_job);
     if (job->file) {
         noteInLog();
@@ -335,8 +357,8 @@ double BackupKeeper::progress() const
 
 void BackupKeeper::cancel()
 {
-    if (m_job)
-        m_job->cancelled = true;
+    if (m_job && letGoOfCopying())
+        finishJob();
     stopVerifying();
 }
 

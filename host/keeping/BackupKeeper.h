@@ -28,7 +28,7 @@ class BackupKeeper : public QObject
 public:
     // isPrivate: the database is that of a private server.
     BackupKeeper(const DataFolder &folder, bool isPrivate, QObject *parent = nullptr);
-    // Gives up what runs, and waits for its end.
+    // Gives up what runs, and waits for its end; not for a second folder that does not answer.
     ~BackupKeeper() override;
 
     // From now on it looks every minute, for the first time after a while, when the user is at work.
@@ -52,7 +52,8 @@ public:
     bool isVerifying() const { return m_process.isRunning(); }
     // Of the backup that is being taken, 0 to 1; below 0 while nothing is known.
     double progress() const;
-    // Gives up what is being taken; taken() comes when it has ended. Verifying ends at once.
+    // Gives up what is being taken; taken() comes when it has ended. One that stands in the first folder already counts as taken, and its copying is
+    // let go of at once. Verifying ends at once.
     void cancel();
     void stopVerifying();
 
@@ -70,6 +71,8 @@ Q_SIGNALS:
 private:
     void runJob(std::shared_ptr<BackupJob> job);
     void jobEnded();
+    void finishJob();
+    bool letGoOfCopying();
     void succeeded(const BackupJob &job);
     void fail(const QString &message, const QString &detail);
     void tellSecondFolder(const QString &problem);

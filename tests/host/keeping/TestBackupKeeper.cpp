@@ -17,6 +17,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QScopeGuard>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -45,6 +47,8 @@ private Q_SLOTS:
     void secondFolderGetsAWholeCopy();
     void givenUpNothingIsLeft();
     void endsWithTheKeeper();
+    void copyingThatHangsIsLetGo_data();
+    void copyingThatHangsIsLetGo();
     void passphraseReachesTheVerifyingByItsInput();
     void passphraseThatCannotBeReadMakesNoOpenBackup();
     void verifyingThatFails_data();
@@ -295,6 +299,45 @@ void TestBackupKeeper::endsWithTheKeeper()
         QTRY_VERIFY(m_verifies->wasCalled());
         QVERIFY(keeper.isVerifying());
     }
+}
+
+void TestBackupKeeper::copyingThatHangsIsLetGo_data()
+{
+    QTest::addColumn<bool>("atOnce");
+    QTest::newRow("given up by the user") << false;
+    QTest::newRow("the keeper ends") << true;
+}
+
+void TestBackupKeeper::copyingThatHangsIsLetGo()
+{
+    QFETCH(bool, atOnce);
+    const QString share = m_folder->filePath(u"share"_s);
+    QVERIFY(QDir().mkpath(share));
+    BackupsHere::setSecondFolder(share);
+    const auto begun = std::make_shared<QSemaphore>();
+    const auto answers = std::make_shared<QSemaphore>();
+    const auto ended = std::make_shared<QSemaphore>();
+    BackupJob::setCopying([=](const BackupFile &, const QString &, const std::function<bool()> &) {
+        begun->release();
+        answers->acquire();
+        ended->release();
+    });
+    const auto restored = qScopeGuard([] { BackupJob::setCopying({}); });
+    auto keeper = std::make_unique<BackupKeeper>(folder(), true);
+    QSignalSpy taken(keeper.get(), &BackupKeeper::taken);
+    QVERIFY(keeper->take(BackupManifest::Reason::Closing));
+    QVERIFY(begun->tryAcquire(1, 60000));
+    if (!atOnce) {
+        keeper->cancel();
+        QCOMPARE(taken, QList<QVariantList>{{true}});
+        QVERIFY(!keeper->isTaking());
+    }
+    keeper.reset();
+    // The share has not answered yet.
+    QCOMPARE(ended->available(), 0);
+    QCOMPARE(files().size(), 1);
+    answers->release();
+    QVERIFY(ended->tryAcquire(1, 60000));
 }
 
 void TestBackupKeeper::passphraseReachesTheVerifyingByItsInput()
