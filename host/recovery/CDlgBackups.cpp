@@ -227,6 +227,7 @@ void CDlgBackups::restoreSelected()
     if (!selected() || !isIdle())
         return;
     const BackupFile file = selected()->file;
+    const bool isSecond = selected()->isSecond;
     const QStringList others = BackupRestoring(KConnection::settings(0)).othersAtWork();
     if (!others.isEmpty()) {
         g_pDlgWarning->Show(u"تا وقتی دیگران با این پایگاه داده کار می‌کنند نمی‌توان آن را بازگرداند. برنامه را روی این رایانه‌ها ببندید:\n%1"_s.arg(
@@ -238,7 +239,12 @@ void CDlgBackups::restoreSelected()
     if (!passphrase)
         return;
     const std::optional<RestoreExtent> extent = RestoreQuestions::extent(file, m_folder, this);
-    if (!extent || g_pDlgYesNo->Ask(RestoreLoss::question(file, RestoreLoss::changesSince(file), *extent), this) != KMessageDialog::Yes)
+    if (!extent)
+        return;
+    // Only the changes of this office can be counted.
+    const QString question = isSecond ? RestoreLoss::warningOfOtherOffice() + RestoreLoss::question(file, std::nullopt, *extent)
+                                      : RestoreLoss::question(file, RestoreLoss::changesSince(file), *extent);
+    if (g_pDlgYesNo->Ask(question, this) != KMessageDialog::Yes)
         return;
     m_request = {file, *passphrase, extent->lastMinute};
     done(Accepted);

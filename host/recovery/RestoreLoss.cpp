@@ -46,3 +46,9 @@ QString RestoreLoss::question(const BackupFile &file, std::optional<qint64> chan
     return u"همه اطلاعات دفتر به %1 بازگردانده می‌شود. %2%3\nپیش از آن از وضع کنونی پشتیبان گرفته می‌شود و برنامه به صفحه ورود می‌رود. بازگردانده شود؟"_s
         .arg(BackupListing::whenText(file), lostText(changes, extent), state);
 }
+
+QString RestoreLoss::warningOfOtherOffice()
+{
+    return u"این پشتیبان در پوشه خود این دفتر نیست و شاید از دفتر دیگری باشد که در همین پوشه دوم پشتیبان می‌گیرد؛ آنگاه همه اطلاعات آن دفتر به جای "
+           "اطلاعات این دفتر می‌نشیند. پیش از بازگرداندن، با «نمایش» آن را بررسی نمایید.\n\n"_s;
+}

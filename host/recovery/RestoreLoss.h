@@ -17,5 +17,7 @@ std::optional<qint64> changesSince(const BackupFile &file, int database = 0);
 
 // Asks whether to go back: as of when, and what is lost.
 QString question(const BackupFile &file, std::optional<qint64> changes, const RestoreExtent &extent = {});
+// What is to be known besides of one that the office's own folder does not hold: several offices may share a second folder.
+QString warningOfOtherOffice();
 
 }

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void anotherBackupDuringTheQuestionIsNotTheOneDeleted();
     void onlyProvedOneIsNotDeletedLightly();
     void restoringSaysWhatIsLost();
+    void oneOfTheSecondFolderAloneMayBeAnotherOffices();
     void changesAreCountedFromTheLog();
     void othersAtWorkAreNamedAndNothingIsRestored();
     void recordsAreChosenFromTheLoadedBackup();
@@ -289,6 +290,27 @@ void TestCDlgBackups::restoringSaysWhatIsLost()
     QVERIFY(dialog.runCommand(u"restore"));
     QCOMPARE(dialog.request().file.path(), file.path());
     QCOMPARE(dialog.result(), int(QDialog::Accepted));
+}
+
+void TestCDlgBackups::oneOfTheSecondFolderAloneMayBeAnotherOffices()
+{
+    const QString usb = m_folder->filePath(u"usb"_s);
+    QVERIFY(QDir().mkpath(usb));
+    BackupsHere::setSecondFolder(usb);
+    const BackupFile file = take();
+    BackupFiles::copy(file, usb);
+    CDlgBackups dialog(folder(), nullptr);
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    QVERIFY(dialog.runCommand(u"restore"));
+    QVERIFY(!g_pDlgYesNo->takeShown().constFirst().contains(u"دفتر دیگری"_s));
+    QVERIFY(file.remove());
+    dialog.refill();
+    g_pDlgYesNo->answerNext(KMessageDialog::No);
+    QVERIFY(dialog.runCommand(u"restore"));
+    const QStringList questions = g_pDlgYesNo->takeShown();
+    QCOMPARE(questions.size(), 1);
+    QVERIFY2(questions.constFirst().contains(u"شاید از دفتر دیگری"_s), qPrintable(questions.constFirst()));
+    QVERIFY(!dialog.request().file.exists());
 }
 
 void TestCDlgBackups::changesAreCountedFromTheLog()
