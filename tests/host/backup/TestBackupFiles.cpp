@@ -271,6 +271,15 @@ private Q_SLOTS:
         QCOMPARE(textOfBackup(backup.path()), dumpText);
     }
 
+    void givenUpNothingIsLeftOfTheCopy()
+    {
+        const BackupFile backup = written(u"office-20260102-030405.sql.zst"_s);
+        const QTemporaryDir second;
+        QCOMPARE(kindOfFailure([&] { BackupFiles::copy(backup, second.path(), [] { return false; }); }), ServerError::Kind::Cancelled);
+        QCOMPARE(QDir(second.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+        QCOMPARE(textOfBackup(backup.path()), dumpText);
+    }
+
     void damagedOriginalIsNotCopied()
     {
         const BackupFile backup = written(u"office-20260102-030405.sql.zst"_s);
