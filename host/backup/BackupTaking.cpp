@@ -191,8 +191,10 @@ private:
         manifest.digest = m_writer->digest();
         manifest.encrypted = !m_request.passphrase.isEmpty();
         manifest.oneSnapshot = m_isOneMoment;
-        manifest.logFile = m_isOneMoment ? m_snapshot.logFile() : QString();
-        manifest.logPosition = m_isOneMoment ? m_snapshot.logPosition() : 0;
+        // From the tables under another name the log does not go on.
+        const bool goesOn = m_isOneMoment && knownAs() == m_settings.database;
+        manifest.logFile = goesOn ? m_snapshot.logFile() : QString();
+        manifest.logPosition = goesOn ? m_snapshot.logPosition() : 0;
         KConnection &connection = m_snapshot.connection();
         BackupState::readVersions(connection, manifest);
         manifest.database = knownAs();

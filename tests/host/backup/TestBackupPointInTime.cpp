@@ -112,6 +112,21 @@ private Q_SLOTS:
         QCOMPARE(this->rows(), u"2,3"_s);
     }
 
+    // Tables that were replaced stand beside for a while; the log goes on with those that took their place.
+    void aCopyOfWhatWasReplacedHasNoPlaceInTheLog()
+    {
+        begin(true);
+        run("CREATE DATABASE tzauto_replaced");
+        run("CREATE TABLE tzauto_replaced.Cars LIKE Cars");
+        KConnectionSettings replaced = settings();
+        replaced.database = u"tzauto_replaced"_s;
+        BackupTaking::Request request{folder().backupsPath()};
+        request.knownAs = settings().database;
+        const BackupFile copy = BackupTaking(replaced).take(request);
+        QCOMPARE(copy.manifest()->logFile, QString());
+        QVERIFY(!BackupPointInTime(folder()).reach(copy).possible);
+    }
+
     void aPlainRestoringBeginsTheLogAnewToo()
     {
         begin(true);
