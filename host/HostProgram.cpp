@@ -450,7 +450,7 @@ void HostProgram::restore(const RestoreRequest &request)
         m_splash.hide();
         qCInfo(lcHost).noquote() << "restored:" << request.file.path() << "copy of the state before:" << copy.path();
         const QString forward = request.lastMinute ? u" و تغییرهای ثبت شده پس از آن"_s : QString();
-        g_pDlgMessage->Show(u"بازگردانده شد به %1%2.\nپشتیبان وضع پیش از آن: %2"_s.arg(when, forward, ServerError::shownPath(copy.path())));
+        g_pDlgMessage->Show(u"بازگردانده شد به %1%2.\nپشتیبان وضع پیش از آن: %3"_s.arg(when, forward, ServerError::shownPath(copy.path())));
     } catch (const ServerError &error) {
         m_splash.hide();
         qCCritical(lcHost).noquote() << "restore:" << error.detail();

@@ -626,7 +626,9 @@ void TestHostProgram::goesBackToABackupAndAsksForTheLogin()
     QCOMPARE(questions.size(), asked.size());
     for (int each = 0; each < asked.size(); ++each)
         QVERIFY2(questions.at(each).contains(asked.at(each)), qPrintable(questions.at(each)));
-    QVERIFY(g_pDlgMessage->takeShown().join(u'\n').contains(u"بازگردانده شد به"_s));
+    const QString told = g_pDlgMessage->takeShown().join(u'\n');
+    QVERIFY2(told.contains(u"بازگردانده شد به"_s) && told.contains(m_options.dataDir) && !told.contains(u'%'), qPrintable(told));
+    QCOMPARE(told.contains(u"و تغییرهای ثبت شده پس از آن"_s), lastMinute);
     const QList<BackupFile> files = backups();
     QVERIFY(std::any_of(files.cbegin(), files.cend(), [](const BackupFile &each) {
         return each.manifest() && each.manifest()->reason == BackupManifest::Reason::BeforeRestore;
