@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 void HistoryButton::addTo(QWidget *window, QHBoxLayout *footer, const QString &table, qint32 key)
 {
-    if (key < 1 || !RecordHistory::isOffered(table))
+    if ((key < 1 && !RecordHistory::isOfSettings(table)) || !RecordHistory::isOffered(table))
         return;
     auto *button = new QPushButton(LookIcons::icon(u":/icons/history.svg"_s), RecordHistory::caption(), window);
     button->setAccessibleName(RecordHistory::caption());

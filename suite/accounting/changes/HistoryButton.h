@@ -16,7 +16,7 @@ class QWidget;
 namespace HistoryButton {
 
 // Adds it to the footer of the window; nothing where the user may not read the history of the table, or the record is not saved yet. key: of
-// the record when the button is pressed.
+// the record when the button is pressed; 0 for settings ("Properties:" and their section).
 TZACCOUNTING_EXPORT void addTo(QWidget *window, QHBoxLayout *footer, const QString &table, qint32 key);
 
 }

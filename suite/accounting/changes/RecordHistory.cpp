@@ -15,6 +15,11 @@ RecordHistory::Show historyWindow = nullptr;
 
 }
 
+bool RecordHistory::isOfSettings(const QString &table)
+{
+    return table.startsWith("Properties:"_L1);
+}
+
 void RecordHistory::setWindow(Show show)
 {
     historyWindow = show;
@@ -30,7 +35,7 @@ bool RecordHistory::isOffered(const QString &table)
 
 void RecordHistory::show(const QString &table, qint32 key, QWidget *parent)
 {
-    if (key > 0 && isOffered(table))
+    if ((key > 0 || isOfSettings(table)) && isOffered(table))
         historyWindow(table, key, parent);
 }
 

@@ -18,7 +18,9 @@ using Show = void (*)(const QString &table, qint32 key, QWidget *parent);
 TZACCOUNTINGDATA_EXPORT void setWindow(Show show);
 // Whether records of the table have a history that the current user may read.
 TZACCOUNTINGDATA_EXPORT bool isOffered(const QString &table);
-// Shows it in a modal window. Nothing for key 0, or where it is not offered.
+// Whether the name is that of a section of the settings, which has one history under the key 0.
+TZACCOUNTINGDATA_EXPORT bool isOfSettings(const QString &table);
+// Shows it in a modal window. Nothing for key 0 of a record, or where it is not offered.
 TZACCOUNTINGDATA_EXPORT void show(const QString &table, qint32 key, QWidget *parent);
 
 // The caption of the command.

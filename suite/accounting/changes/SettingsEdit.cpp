@@ -20,12 +20,16 @@ QString kindOf(const QString &section)
     return u"Properties:"_s + section;
 }
 
-// Keys say by their first letter what their text stands for.
-QVariant noted(const QString &key, const QString &text)
+// Keys say by their first letter what their text stands for: "bClosed", "dPercentCommission", "iHours", "dateOpening".
+QVariant noted(const SettingsEdit::Setting &setting, const QString &text)
 {
     if (text.isEmpty())
         return {};
-    return key.startsWith(u'b') && key.size() > 1 && key.at(1).isUpper() ? QVariant(text != "0"_L1) : QVariant(text);
+    if (!setting.words.isEmpty())
+        return setting.words.value(text.toInt(), text);
+    const QChar kind = setting.key.size() > 1 && setting.key.at(1).isUpper() ? setting.key.front() : QChar();
+    return kind == u'b' ? QVariant(text != "0"_L1) : kind == u'd' ? QVariant(text.toDouble())
+                                                                  : QVariant(text);
 }
 
 QList<CTblValues::Field> fieldsOf(const QList<SettingsEdit::Setting> &settings)
@@ -102,7 +106,7 @@ void SettingsEdit::storeRow()
         if (isSameValue(stored, wanted))
             continue;
         CTblProperties::DBWriteSetting(setting.section, setting.key, wanted, m_values->database());
-        changed[setting.section].append({setting.caption, noted(setting.key, stored.toString()), noted(setting.key, wanted), setting.isSecret});
+        changed[setting.section].append({setting.caption, noted(setting, stored.toString()), noted(setting, wanted), setting.isSecret});
     }
     if (!changed.isEmpty())
         changed.insert(m_settings.constFirst().section, changed.value(m_settings.constFirst().section));

@@ -20,8 +20,9 @@ public:
     {
         QString section;
         QString key;
-        QString caption;       // as the user knows it, also in the history
-        bool isSecret = false; // a password, whose values are never noted
+        QString caption;        // as the user knows it, also in the history
+        bool isSecret = false;  // a password, whose values are never noted
+        QStringList words = {}; // what the history calls 0, 1 and so on; empty: as the key's first letter says
     };
 
     // read: as the window read them, with their sections. Settings of one group, by their names, count as one field.

@@ -13,6 +13,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -59,11 +60,20 @@ QString shownSize(const QString &size)
     return isSize ? u"%1 کیلوبایت"_s.arg(DToMoney(std::max(bytes / 1024, 1.0), 0)) : size;
 }
 
+// With the digits that it has, and none of those that a binary number brings along.
+QString shownExactly(double number)
+{
+    const double whole = std::trunc(number);
+    return whole == number ? DToMoney(number, 0) : QString::number(number, 'g', 12);
+}
+
 // A value of a kind that no record class declares.
 QString shownPlain(const QVariant &value)
 {
     if (value.metaType().id() == QMetaType::Bool)
         return yesOrNo(value.toBool());
+    if (const int type = value.metaType().id(); type == QMetaType::Double || type == QMetaType::LongLong || type == QMetaType::Int)
+        return shownExactly(value.toDouble());
     const QString text = value.toString();
     return isDate(text) ? shownDate(text) : text;
 }

@@ -97,8 +97,19 @@ void enterSettings()
         {u"Company"_s, u"مشخصات نمایشگاه"_s},
         {u"AutomobilContracts"_s, u"تنظیمات قرارداد"_s},
     };
-    for (const auto &[section, kind] : sections)
-        RecordSubjects::enter({.table = u"Properties:"_s + section, .kind = kind, .form = {}, .make = RecordSubject::maker<CTblProperties>()});
+    // One window changes the first five, which are one history.
+    const auto ofTheOffice = [](qint32, int) {
+        QList<RecordSubject::Part> parts;
+        for (const QString &section : {u"Money"_s, u"FiscalYear"_s, u"Backup"_s, u"Bin"_s})
+            parts.append({u"Properties:"_s + section, 0});
+        return parts;
+    };
+    for (const auto &[section, kind] : sections) {
+        RecordSubject subject{.table = u"Properties:"_s + section, .kind = kind, .form = {}, .make = RecordSubject::maker<CTblProperties>()};
+        if (section == "Database"_L1)
+            subject.parts = ofTheOffice;
+        RecordSubjects::enter(std::move(subject));
+    }
 }
 
 void enterBooks()

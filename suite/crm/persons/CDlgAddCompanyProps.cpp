@@ -3,6 +3,7 @@
 
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -67,11 +68,19 @@ QString captionOf(const QString &key)
     return u"نوع شخص"_s;
 }
 
+QStringList officeKinds()
+{
+    return {u"حقیقی"_s, u"حقوقی"_s};
+}
+
 QList<SettingsEdit::Setting> editedSettings()
 {
     QList<SettingsEdit::Setting> settings;
-    for (const CompanyDetails::Part &part : CompanyDetails().parts())
+    for (const CompanyDetails::Part &part : CompanyDetails().parts()) {
         settings.append({CompanyDetails::section(), part.key, captionOf(part.key)});
+        if (part.key == "kind"_L1)
+            settings.back().words = QStringList{QString()} + officeKinds();
+    }
     return settings;
 }
 
@@ -108,7 +117,7 @@ void CDlgAddCompanyProps::build()
 {
     auto *page = new CardPage(840, this);
     FormGrid *grid = page->addForm();
-    m_kind->addItems({u"حقیقی"_s, u"حقوقی"_s});
+    m_kind->addItems(officeKinds());
     for (const Field &field : fields) {
         if (field.text == &CompanyDetails::manager)
             addLabelled(grid, u"نوع شخص :"_s, m_kind);
@@ -119,6 +128,7 @@ void CDlgAddCompanyProps::build()
         m_edits.append(edit);
     }
     setContent(page, createButtons());
+    HistoryButton::addTo(this, footer(), u"Properties:"_s + CompanyDetails::section(), 0);
     connect(m_kind, &QComboBox::currentIndexChanged, this, &CDlgAddCompanyProps::updateHints);
     m_edits.front()->setFocus();
 }

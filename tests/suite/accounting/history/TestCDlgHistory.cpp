@@ -43,6 +43,7 @@ private Q_SLOTS:
     void everythingIsForAdministrators();
     void othersReadWhatTheirListsShow();
     void olderEntriesSayThatNothingIsKnown();
+    void settingsHaveOneHistory();
     void filtersLeaveOut();
     void failedSignInsAreLimited();
     void signInIsTheUsersOwn();
@@ -237,6 +238,17 @@ void TestCDlgHistory::olderEntriesSayThatNothingIsKnown()
     page.open();
     QCOMPARE(page.list()->cellText(0, u"changes"), u"جزئیات ثبت نشده است"_s);
     QCOMPARE(page.details()->count(), 0);
+}
+
+void TestCDlgHistory::settingsHaveOneHistory()
+{
+    KChangeLog::note(u"Properties:Money"_s, 0, KChange::Kind::Changed, 0, {{u"نام واحد پول"_s, u"ریال"_s, u"تومان"_s}, {u"سقف"_s, 500000.0, 1500000.0}, {u"درصد"_s, 0.1, 0.3}, {u"سال"_s, u"1404"_s, u"1405"_s}});
+    KChangeLog::note(u"Properties:Company"_s, 0, KChange::Kind::Changed, 0, {{u"نام"_s, u"الف"_s, u"ب"_s}});
+    CDlgHistory page(u"Properties:Database"_s, 0);
+    QCOMPARE(page.title(), u"تاریخچه: تنظیمات"_s);
+    page.open();
+    QCOMPARE(page.list()->count(), 1);
+    QCOMPARE(page.list()->cellText(0, u"changes"), u"نام واحد پول : ریال ← تومان؛ سقف : 500,000 ← 1,500,000؛ درصد : 0.1 ← 0.3؛ سال : 1404 ← 1405"_s);
 }
 
 void TestCDlgHistory::filtersLeaveOut()

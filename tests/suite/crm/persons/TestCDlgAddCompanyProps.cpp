@@ -3,6 +3,11 @@
 
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 
+#include "suite/accounting/changes/RecordHistory.h"
+#include "suite/accounting/history/CDlgHistory.h"
+#include "suite/accounting/history/HistoryRows.h"
+#include "suite/accounting/history/HistoryWords.h"
+#include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/Hand.h"
@@ -12,6 +17,8 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QPushButton>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +30,7 @@ private Q_SLOTS:
     void initTestCase() { QApplication::setLayoutDirection(Qt::RightToLeft); }
     void init();
     void everyFieldIsKept();
+    void whatChangedIsNotedByItsLabel();
     void nameIsRequired();
     void hintsFollowTheKind();
     void cancelWritesNothing();
@@ -86,6 +94,39 @@ void TestCDlgAddCompanyProps::everyFieldIsKept()
     QCOMPARE(stored.kind, CompanyDetails::kindLegal);
     CDlgAddCompanyProps again;
     QVERIFY(again.details() == stored);
+}
+
+void TestCDlgAddCompanyProps::whatChangedIsNotedByItsLabel()
+{
+    OfficeSubjects::enter();
+    m_office.db.run(u"DELETE FROM Changes"_s);
+    const auto save = [](const QString &label, const QString &text, int kind) {
+        CDlgAddCompanyProps dialog;
+        dialog.show();
+        Hand::named<KEdit>(&dialog, label)->setText(text);
+        Hand::named<QComboBox>(&dialog, u"نوع شخص :"_s)->setCurrentIndex(kind);
+        dialog.accept();
+        return dialog.result() == QDialog::Accepted;
+    };
+    const auto last = [] {
+        const QList<HistoryEntry> entries = HistoryRows::read("sTable='Properties:Company'");
+        return entries.isEmpty() ? QString() : HistoryWords::sentence(entries.constFirst());
+    };
+    QVERIFY(save(u"نام :"_s, u"نمایشگاه"_s, 1));
+    QVERIFY2(last().contains(u"نام : (خالی) ← نمایشگاه"_s) && last().contains(u"نوع شخص : (خالی) ← حقوقی"_s), qPrintable(last()));
+    m_office.db.run(u"DELETE FROM Changes"_s);
+    QVERIFY(save(u"شماره ثبت :"_s, u"1"_s, 0));
+    QCOMPARE(last(), u"شماره ثبت : (خالی) ← 1؛ نوع شخص : حقوقی ← حقیقی"_s);
+    m_office.db.run(u"DELETE FROM Changes"_s);
+    QVERIFY(save(u"شماره ثبت :"_s, u"1"_s, 0));
+    QVERIFY(last().isEmpty());
+    RecordHistory::setWindow(&CDlgHistory::Show);
+    const auto reset = qScopeGuard([] { RecordHistory::setWindow(nullptr); });
+    CDlgAddCompanyProps administrators;
+    QVERIFY(Hand::named<QPushButton>(&administrators, RecordHistory::caption()));
+    m_office.loginClerk();
+    CDlgAddCompanyProps clerks;
+    QVERIFY(!Hand::named<QPushButton>(&clerks, RecordHistory::caption()));
 }
 
 void TestCDlgAddCompanyProps::nameIsRequired()
