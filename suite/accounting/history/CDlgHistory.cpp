@@ -18,6 +18,7 @@
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/ShamsiDate.h"
 
+#include <QSet>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -164,7 +165,13 @@ void CDlgHistory::beginRows()
 // The cells of one save's notes become one row.
 void CDlgHistory::completeRows(QVector<KListModel::Row> &rows)
 {
+    QSet<qint32> listed;
+    for (const HistoryEntry &entry : std::as_const(m_read))
+        listed.insert(entry.id);
+    if (rowLimit() > 0 && m_read.size() >= rowLimit())
+        HistoryRows::addBefore(m_read);
     QList<HistoryEntry> entries = HistoryMerge::of(m_read);
+    entries.removeIf([&listed](const HistoryEntry &entry) { return !listed.contains(entry.id); });
     HistoryRows::complete(entries);
     m_read.clear();
     m_entries.clear();

@@ -14,11 +14,15 @@
 #include <QMap>
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using Titles = QHash<int, QString>;
+
+constexpr int mostOfOneSave = 100; // notes
 
 bool isAdministrator()
 {
@@ -151,6 +155,17 @@ void HistoryRows::complete(QList<HistoryEntry> &entries, int database)
     }
 }
 
+void HistoryRows::addBefore(QList<HistoryEntry> &entries, int database)
+{
+    if (entries.isEmpty())
+        return;
+    const int oldest = std::ranges::min_element(entries, {}, &HistoryEntry::id)->id;
+    CTblChanges notes(database);
+    notes.m_filter = KSql::formatted("iID<%1 AND iID>=%2 AND ", oldest, oldest - mostOfOneSave) + readable();
+    for (notes.Open(true, true, true); !notes.IsEOF(); notes.MoveNext())
+        entries.append(entryOf(notes));
+}
+
 QList<HistoryEntry> HistoryRows::read(const KSql &condition, int limit, int database)
 {
     CTblChanges notes(database);
@@ -160,7 +175,12 @@ QList<HistoryEntry> HistoryRows::read(const KSql &condition, int limit, int data
     QList<HistoryEntry> entries;
     for (notes.Open(true, true, true); !notes.IsEOF(); notes.MoveNext())
         entries.append(entryOf(notes));
+    const bool isCut = limit > 0 && entries.size() >= limit;
+    const int oldest = isCut ? entries.constLast().id : 0;
+    if (isCut)
+        addBefore(entries, database);
     entries = HistoryMerge::of(entries);
+    entries.removeIf([oldest](const HistoryEntry &entry) { return entry.id < oldest; });
     complete(entries, database);
     return entries;
 }

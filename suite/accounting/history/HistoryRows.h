@@ -24,6 +24,10 @@ TZACCOUNTINGDATA_EXPORT HistoryEntry entryOf(const CTblChanges &note);
 // Computers are for administrators alone. Throws CMySQLException.
 TZACCOUNTINGDATA_EXPORT void complete(QList<HistoryEntry> &entries, int database = 0);
 
+// Adds the notes just before the oldest one, for a limit may have cut what one save noted: HistoryMerge makes one entry of it again. What
+// else is among them is nobody's. Throws CMySQLException.
+TZACCOUNTINGDATA_EXPORT void addBefore(QList<HistoryEntry> &entries, int database = 0);
+
 // Reads, merges (HistoryMerge) and completes, newest first. limit: of the notes; 0: all. Of what the current user may read.
 TZACCOUNTINGDATA_EXPORT QList<HistoryEntry> read(const KSql &condition, int limit = 0, int database = 0);
 

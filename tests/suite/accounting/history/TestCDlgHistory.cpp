@@ -43,6 +43,7 @@ private Q_SLOTS:
     void everythingIsForAdministrators();
     void othersReadWhatTheirListsShow();
     void olderEntriesSayThatNothingIsKnown();
+    void limitCutsNoSaveInTwo();
     void settingsHaveOneHistory();
     void filtersLeaveOut();
     void failedSignInsAreLimited();
@@ -238,6 +239,30 @@ void TestCDlgHistory::olderEntriesSayThatNothingIsKnown()
     page.open();
     QCOMPARE(page.list()->cellText(0, u"changes"), u"جزئیات ثبت نشده است"_s);
     QCOMPARE(page.details()->count(), 0);
+}
+
+void TestCDlgHistory::limitCutsNoSaveInTwo()
+{
+    const int key = addService(u"نظافت"_s);
+    // Two steps of one save: the row, then its code.
+    renameService(key, u"نظافت کامل"_s);
+    CTblServices service;
+    QVERIFY(service.IsRecordExist(u"iID"_s, key));
+    service.Edit();
+    service.m_iCode = 13;
+    service.Update(true);
+    m_office->database.run(u"UPDATE Changes SET date=NOW() ORDER BY iID DESC LIMIT 2"_s);
+    const QString whole = HistoryWords::sentence(HistoryRows::read("TRUE").constFirst());
+    QVERIFY2(whole.contains(u"نظافت کامل"_s) && whole.contains(u"13"_s), qPrintable(whole));
+    const QList<HistoryEntry> read = HistoryRows::read("TRUE", 1);
+    QCOMPARE(read.size(), 1);
+    QCOMPARE(HistoryWords::sentence(read.constFirst()), whole);
+    CDlgHistory page;
+    page.open();
+    page.setRowLimit(1);
+    page.refill();
+    QCOMPARE(page.list()->count(), 1);
+    QCOMPARE(page.list()->cellText(0, u"changes"), whole);
 }
 
 void TestCDlgHistory::settingsHaveOneHistory()
