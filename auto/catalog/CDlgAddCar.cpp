@@ -3,6 +3,7 @@
 
 #include "auto/catalog/CDlgAddCar.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "auto/catalog/CatalogEntries.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -47,6 +48,11 @@ void CDlgAddCar::setEdited(int key, const QString &name)
     m_name->setText(name);
     m_name->selectAll();
     showTitle();
+}
+
+void CDlgAddCar::offerHistory(const QString &table)
+{
+    HistoryButton::addTo(this, footer(), table, m_key);
 }
 
 void CDlgAddCar::showTitle()

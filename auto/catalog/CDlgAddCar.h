@@ -19,6 +19,8 @@ public:
     explicit CDlgAddCar(const QString &heading, QWidget *parent = nullptr);
 
     void setEdited(int key, const QString &name);
+    // The button of the edited entry's history; the table is that of its level. After setEdited.
+    void offerHistory(const QString &table);
     void setParentKey(int key) { m_parentKey = key; }
     // Off unless set. The check looks among the models, and at the parent as CatalogFilter::sameName says.
     void setCheckDuplicates(bool on) { m_checkDuplicates = on; }

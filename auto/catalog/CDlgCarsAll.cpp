@@ -361,6 +361,7 @@ void CDlgCarsAll::editEntry(CatalogLevel level)
     edit.remember([] {});
     CDlgAddCar editor(panel(level)->heading(), this);
     editor.setEdited(key, entry->value(u"sName").toString());
+    editor.offerHistory(entry->GetTableName());
     editor.setSave([&](const QString &typed) { return saveEntry(&editor, edit, typed, [] {}); });
     if (editor.exec() != Accepted)
         return;

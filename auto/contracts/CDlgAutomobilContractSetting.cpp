@@ -3,6 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
+#include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -99,6 +100,7 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(const OfficeSettings 
     cards->addCard(createDemandGroup());
     cards->addCard(createMoneyGroup());
     setContent(content, createButtons());
+    HistoryButton::addTo(this, footer(), u"Properties:"_s + ContractSettings::section(), 0);
     showSettings(ContractSettings::of(settings));
     m_edit.remember([this] { writeSettings(); });
     resize(LookSizes::scaled(usualWidth), sizeHint().height());

@@ -4,6 +4,7 @@
 #include "host/administration/CDlgSettings.h"
 
 #include "host/keeping/BackupFields.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "host/frame/HostLook.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -102,6 +103,7 @@ void CDlgSettings::build()
     placeDatabase(page->addForm(u"پایگاه داده"_s));
     placeLook(page->addForm(u"نمایش"_s));
     setContent(page, createButtons());
+    HistoryButton::addTo(this, footer(), u"Properties:Database"_s, 0);
 }
 
 void CDlgSettings::placeCompany(FormGrid *grid)

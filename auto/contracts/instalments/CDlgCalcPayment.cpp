@@ -3,6 +3,8 @@
 
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 
+#include "auto/db/PlanTrace.h"
+#include "suite/accounting/changes/HistoryButton.h"
 #include "auto/contracts/instalments/InstalmentQuestions.h"
 #include "auto/contracts/instalments/LateFee.h"
 #include "auto/contracts/instalments/PlanFollowing.h"
@@ -232,6 +234,7 @@ void CDlgCalcPayment::addCommands(QDialogButtonBox *close)
         connect(added, &QPushButton::clicked, this, [this, command = command] { guarded(command); });
         m_buttons.append(added);
     }
+    HistoryButton::addTo(this, footer(), PlanTrace::name(), m_confirmed ? m_contractID : 0);
     button(calculateCaption)->setDefault(true);
     LookMarks::setButton(button(calculateCaption), LookMarks::Button::Primary);
     // A calculated plan is work: this button asks before it is dropped.

@@ -3,6 +3,7 @@
 
 #include "auto/catalog/CDlgAddCar.h"
 
+#include "suite/accounting/changes/RecordHistory.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/db/CMySQLException.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -11,6 +12,10 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QPushButton>
+#include <QScopeGuard>
+#include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +23,13 @@ namespace {
 
 const QString heading = u"مدل خودرو"_s;
 const QString emptyText = u"لطفا نوع خودرو را مشخص نماید."_s;
+
+QPushButton *historyOf(const CDlgAddCar &dialog)
+{
+    const QList<QPushButton *> buttons = dialog.findChildren<QPushButton *>();
+    const auto found = std::ranges::find(buttons, RecordHistory::caption(), &QPushButton::text);
+    return found == buttons.cend() ? nullptr : *found;
+}
 
 KEdit *nameOf(const CDlgAddCar &dialog)
 {
@@ -46,6 +58,24 @@ private Q_SLOTS:
         QCOMPARE(edited.windowTitle(), heading + u" - ویرایش"_s);
         QCOMPARE(edited.name(), u"206"_s);
         QCOMPARE(nameOf(edited)->selectedText(), u"206"_s);
+    }
+
+    void historyIsOfTheEditedEntry()
+    {
+        static qint32 shown = 0;
+        RecordHistory::setWindow([](const QString &table, qint32 key, QWidget *) { shown = table == "CarModels"_L1 ? key : -1; });
+        const auto reset = qScopeGuard([] { RecordHistory::setWindow(nullptr); });
+        CDlgAddCar edited(heading);
+        edited.setEdited(4, u"206"_s);
+        edited.offerHistory(u"CarModels"_s);
+        edited.show();
+        QPushButton *button = historyOf(edited);
+        QVERIFY(button);
+        QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(shown, 4);
+        CDlgAddCar added(heading);
+        added.offerHistory(u"CarModels"_s);
+        QVERIFY(!historyOf(added));
     }
 
     void nameHoldsFiftyCharactersAndHasItsLabel()

@@ -4,8 +4,14 @@
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/changes/RecordHistory.h"
+#include "suite/accounting/history/CDlgHistory.h"
+#include "suite/accounting/history/HistoryRows.h"
+#include "suite/accounting/history/HistoryWords.h"
+#include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/SuiteSchema.h"
@@ -72,6 +78,7 @@ private Q_SLOTS:
     void thirdTierShowsOnlyWhenInUse();
     void savesWhatIsTyped();
     void savesWhatFollowsTheStatedFields();
+    void whatChangedIsNotedByItsLabel();
     void graceOfMoreThanAYearIsRefused();
     void cancelWritesNothing();
     void secondTierBelowTheFirstIsRefused();
@@ -157,6 +164,36 @@ void TestCDlgAutomobilContractSetting::savesWhatFollowsTheStatedFields()
     QCOMPARE(saved.postPlan, posts);
     QCOMPARE(saved.lateFeePercent, 0.25);
     QCOMPARE(saved.lateFeeGrace, 365);
+}
+
+void TestCDlgAutomobilContractSetting::whatChangedIsNotedByItsLabel()
+{
+    OfficeSubjects::enter();
+    GetDBSetting()->Login(CTblUsers::create(u"admin"_s, u"secret"_s, u"مدیر"_s, true));
+    const auto save = [](const QString &tax, const QString &ceiling, const QString &fee) {
+        CDlgAutomobilContractSetting dialog;
+        dialog.show();
+        field(dialog, u"ماليات :"_s)->setText(tax);
+        field(dialog, toText, tier(1))->setText(ceiling);
+        field(dialog, toText, tier(2))->setText(ceiling);
+        field(dialog, feeLabel)->setText(fee);
+        button<QCheckBox>(dialog, levyCaption)->toggle();
+        dialog.accept();
+        return dialog.result() == QDialog::Accepted;
+    };
+    QVERIFY(save(u"9"_s, u"500000"_s, u"0.1"_s));
+    m_database.run(u"DELETE FROM Changes"_s);
+    QVERIFY(save(u"10"_s, u"1500000"_s, u"0.3"_s));
+    const QList<HistoryEntry> entries = HistoryRows::read("sTable='Properties:AutomobilContracts'");
+    QCOMPARE(entries.size(), 1);
+    QCOMPARE(HistoryWords::sentence(entries.constFirst()),
+             u"ماليات : 9 ← 10؛ مبلغ پله 1 : 500,000 ← 1,500,000؛ مبلغ پله 2 : 500,000 ← 1,500,000؛ %1 : بلی ← خیر؛ درصد جریمه دیرکرد : 0.1 ← 0.3"_s
+                 .arg(levyCaption));
+    RecordHistory::setWindow(&CDlgHistory::Show);
+    const CDlgAutomobilContractSetting dialog;
+    RecordHistory::setWindow(nullptr);
+    QVERIFY(button<QPushButton>(dialog, RecordHistory::caption()));
+    GetDBSetting()->Logout();
 }
 
 void TestCDlgAutomobilContractSetting::graceOfMoreThanAYearIsRefused()

@@ -4,6 +4,11 @@
 #include "host/administration/CDlgSettings.h"
 
 #include "host/frame/HostLook.h"
+#include "suite/accounting/changes/RecordHistory.h"
+#include "suite/accounting/history/CDlgHistory.h"
+#include "suite/accounting/history/HistoryRows.h"
+#include "suite/accounting/history/HistoryWords.h"
+#include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
@@ -19,6 +24,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 class TestCDlgSettings : public QObject
@@ -30,6 +37,7 @@ private Q_SLOTS:
     void cleanup() { setDefaultMoneyDecimals(0); }
     void showsWhatIsStored();
     void storesEverything();
+    void whatChangedIsNotedByItsLabel();
     void refused_data();
     void refused();
     void cancelChangesNothing();
@@ -111,6 +119,46 @@ void TestCDlgSettings::storesEverything()
     QCOMPARE(setting->FiscalYearClosingDate().date(), ConvertToMiladi(1405, 1, 1));
     QVERIFY(setting->IsCatalogLocked());
     QVERIFY(setting->IsClosedDB());
+}
+
+void TestCDlgSettings::whatChangedIsNotedByItsLabel()
+{
+    OfficeSubjects::enter();
+    const auto save = [](int year, int decimals, bool locked) {
+        Settings settings;
+        settings.unit->setText(u"تومان"_s);
+        settings.decimals->setCurrentIndex(decimals);
+        settings.year->setNumber(year);
+        settings.opening->setDate(ConvertToMiladi(year, 1, 1));
+        settings.closing->setDate(ConvertToMiladi(year, 12, 29));
+        settings.catalogLocked->setChecked(locked);
+        settings.dialog.accept();
+        return settings.dialog.result() == QDialog::Accepted;
+    };
+    QVERIFY(save(1404, 0, false));
+    m_office.database.run(u"DELETE FROM Changes"_s);
+    QVERIFY(save(1405, 2, true));
+    const QList<HistoryEntry> entries = HistoryRows::read(HistoryRows::ofRecord(u"Properties:Database"_s, 0));
+    QCOMPARE(entries.size(), 1);
+    QStringList lines;
+    for (const HistoryEntry::Line &line : entries.constFirst().lines)
+        lines.append(u"%1: %2 > %3"_s.arg(line.caption, line.before, line.after));
+    lines.sort();
+    QStringList expected{u"رقم‌های اعشار: 0 > 2"_s, u"سال مالی: 1404 > 1405"_s, u"تاریخ افتتاح: 1404/01/01 > 1405/01/01"_s,
+                         u"تاریخ پایان: 1404/12/29 > 1405/12/29"_s, u"قفل فهرست خودروها: خیر > بلی"_s};
+    expected.sort();
+    QCOMPARE(lines, expected);
+    RecordHistory::setWindow(&CDlgHistory::Show);
+    const Settings administrators;
+    m_office.loginClerk();
+    const Settings clerks;
+    RecordHistory::setWindow(nullptr);
+    const auto hasHistory = [](const Settings &settings) {
+        const QList<QPushButton *> buttons = settings.dialog.findChildren<QPushButton *>();
+        return std::ranges::any_of(buttons, [](const QPushButton *button) { return button->text() == RecordHistory::caption(); });
+    };
+    QVERIFY(hasHistory(administrators));
+    QVERIFY(!hasHistory(clerks));
 }
 
 void TestCDlgSettings::refused_data()

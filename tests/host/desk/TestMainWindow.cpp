@@ -27,6 +27,7 @@ private Q_SLOTS:
     void withoutRightsNothingOpens();
     void settingsAreRefusedWithoutTheRight();
     void backupsAreForAdministrators();
+    void historyIsForAdministrators();
     void geometryIsRemembered();
     void closingTellsItAndThePagesEndWithTheWindow();
     void leavingEndsAnOpenEditorBeforeItsPage_data();
@@ -202,6 +203,21 @@ void TestMainWindow::backupsAreForAdministrators()
     action(window, u"بازگرداندن پشتیبان"_s)->trigger();
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این کار فقط برای مدیر برنامه مجاز است."_s});
     QVERIFY(!window.restoreRequest().file.exists());
+}
+
+void TestMainWindow::historyIsForAdministrators()
+{
+    {
+        const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+        action(window, u"تاریخچه"_s)->trigger();
+        QCOMPARE(window.workArea()->currentPage()->title(), u"تاریخچه"_s);
+        QVERIFY(ActionHindrance::of(*action(window, u"تاریخچه"_s)).isEmpty());
+    }
+    m_office.loginClerk();
+    const MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    QVERIFY(!ActionHindrance::of(*action(window, u"تاریخچه"_s)).isEmpty());
+    action(window, u"تاریخچه"_s)->trigger();
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"تاریخچه همه رکوردها را تنها مدیر می‌بیند."_s});
 }
 
 void TestMainWindow::geometryIsRemembered()
