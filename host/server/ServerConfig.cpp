@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QByteArray passwordKey = QByteArrayLiteral("password=");
+const QByteArray socketKey = QByteArrayLiteral("socket=");
 
 }
 
@@ -97,7 +98,7 @@ QByteArray ServerConfig::clientOptions(const KConnectionSettings &settings)
     text += passwordKey + quoted(settings.password) + '\n';
     if (settings.host.isEmpty()) {
         // All three: whatever a file does not set, the tools take from the user's environment.
-        text += "host=localhost\nprotocol=socket\nsocket=" + quoted(settings.socketPath) + '\n';
+        text += "host=localhost\nprotocol=socket\n" + socketKey + quoted(settings.socketPath) + '\n';
     } else {
         text += "host=" + quoted(settings.host) + "\nport=" + QByteArray::number(settings.port) + "\nprotocol=tcp\n";
         if (settings.useTls)
@@ -124,14 +125,24 @@ void ServerConfig::writeClientOptions(const QString &socketPath, const QString &
 
 QString ServerConfig::storedPassword() const
 {
+    return stored(passwordKey);
+}
+
+QString ServerConfig::storedSocketPath() const
+{
+    return stored(socketKey);
+}
+
+QString ServerConfig::stored(const QByteArray &key) const
+{
     QFile file(m_folder.clientConfigPath());
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QList<QByteArray> lines = file.readAll().split('\n');
     for (const QByteArray &line : lines) {
-        // Our own passwords need no escapes, so the text between the quotes is all of it.
-        if (line.startsWith(passwordKey + '"') && line.endsWith('"'))
-            return QString::fromUtf8(line.mid(passwordKey.size() + 1).chopped(1));
+        // Our own passwords and sockets need no escapes, so the text between the quotes is all of it.
+        if (line.startsWith(key + '"') && line.endsWith('"'))
+            return QString::fromUtf8(line.mid(key.size() + 1).chopped(1));
     }
     return {};
 }

@@ -19,6 +19,9 @@ public:
     void writeClientOptions(const QString &socketPath, const QString &password) const;
     // The password that client.cnf holds; empty when there is none.
     QString storedPassword() const;
+    // The socket of the server that wrote client.cnf last: another session of the same user may have its runtime folder elsewhere.
+    // Empty when there is none.
+    QString storedSocketPath() const;
 
     // The options of a client with such settings, in the form of client.cnf.
     static QByteArray clientOptions(const KConnectionSettings &settings);
@@ -30,6 +33,7 @@ public:
 
 private:
     void write(const QString &path, const QByteArray &content) const;
+    QString stored(const QByteArray &key) const;
 
     DataFolder m_folder;
     ServerOptions m_options;

@@ -129,6 +129,9 @@ private:
     int verify()
     {
         BackupFile file(m_options.verifyFile);
+        // Without one, loading proves that it is whole, and nothing was there to compare it with.
+        const bool hasManifest = file.manifest().has_value();
+        const bool isManifestLost = !hasManifest && QFileInfo::exists(file.manifestPath());
         BackupVerification verification(m_folder);
         verification.setLowPriority(!m_options.normalPriority);
         const BackupVerification::Result result = verification.run(file, m_passphrase, ProgressLines());
@@ -138,7 +141,14 @@ private:
         qint64 rows = 0;
         for (const BackupManifest::Table &table : result.tables)
             rows += qMax<qint64>(0, table.rows);
-        say(passed ? text(u"passed: %1 tables, %2 rows"_s, u"آزموده شد: %1 جدول، %2 ردیف"_s).arg(result.tables.size()).arg(rows) : text(u"failed"_s, u"ایراد دارد"_s));
+        if (isManifestLost) {
+            complain(text(u"its manifest cannot be read, so that nothing was compared"_s, u"شرح آن خوانده نشد و چیزی با آن سنجیده نشد."_s));
+            say(text(u"failed"_s, u"ایراد دارد"_s));
+            return BackupCommands::Different;
+        }
+        const QString counts = text(u"%1 tables, %2 rows"_s, u"%1 جدول، %2 ردیف"_s).arg(result.tables.size()).arg(rows);
+        const QString proved = hasManifest ? text(u"passed: %1"_s, u"آزموده شد: %1"_s) : text(u"loaded, but it has no manifest to compare it with: %1"_s, u"خوانده شد، ولی شرحی نیست که با آن سنجیده شود: %1"_s);
+        say(passed ? proved.arg(counts) : text(u"failed"_s, u"ایراد دارد"_s));
         return passed ? BackupCommands::Done : BackupCommands::Different;
     }
 

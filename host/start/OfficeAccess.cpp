@@ -77,10 +77,11 @@ void OfficeAccess::openServer()
         m_settings = m_server->connectionSettings();
         return;
     }
-    m_settings.socketPath = m_folder.socketPath(u"db"_s);
+    const ServerConfig config(m_folder, {});
+    m_settings.socketPath = config.storedSocketPath();
     m_settings.user = ServerOptions::databaseName();
     m_settings.database = ServerOptions::databaseName();
-    m_settings.password = ServerConfig(m_folder, {}).storedPassword();
+    m_settings.password = config.storedPassword();
 }
 
 void OfficeAccess::close()

@@ -120,6 +120,14 @@ private Q_SLOTS:
         const Answer verified = run({u"--verify"_s, path, u"--normal-priority"_s});
         QVERIFY2(verified.code == BackupCommands::Done, qPrintable(verified.words));
         QCOMPARE(verified.result, u"passed: 1 tables, 500 rows"_s);
+        // With nothing to compare it with it does not pass for proved, and a manifest that lies there broken is a fault.
+        const QString manifest = path + u".json"_s;
+        QVERIFY(platform::writePrivateFile(manifest, "not json") == platform::WriteResult::Written);
+        QCOMPARE(run({u"--verify"_s, path, u"--normal-priority"_s}).code, int(BackupCommands::Different));
+        QVERIFY(QFile::remove(manifest));
+        const Answer loaded = run({u"--verify"_s, path, u"--normal-priority"_s});
+        QCOMPARE(loaded.code, int(BackupCommands::Done));
+        QCOMPARE(loaded.result, u"loaded, but it has no manifest to compare it with: 1 tables, 500 rows"_s);
     }
 
     void backupWhileTheOfficeIsOpen()
@@ -128,7 +136,11 @@ private Q_SLOTS:
         QVERIFY(lock.acquire());
         EmbeddedServer server(folder(), PrivateTestServer::options());
         server.start();
+        // As cron has it, whose session has no runtime folder, or one of its own.
+        const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+        qputenv("XDG_RUNTIME_DIR", file(u"elsewhere"_s).toUtf8());
         const Answer answer = run({u"--backup"_s, folder().backupsPath()});
+        runtime.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", runtime);
         QVERIFY2(answer.code == BackupCommands::Done, qPrintable(answer.words));
         const QList<BackupFile> listed = BackupFiles::in(folder().backupsPath(), ServerOptions::databaseName());
         QCOMPARE(listed.size(), 1);
