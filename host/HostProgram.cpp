@@ -286,7 +286,10 @@ bool HostProgram::startDatabase()
 {
     if (m_options.connect) {
         m_splash.showWaiting(u"اتصال به سرور دفتر"_s);
-        return OfficeServer::connect(m_options, &m_splash);
+        if (!OfficeServer::connect(m_options, &m_splash))
+            return false;
+        BackupRestoring(KConnection::settings(0)).cleanLeft();
+        return true;
     }
     startPrivateServer();
     return true;
@@ -434,6 +437,7 @@ void HostProgram::restore(const RestoreRequest &request)
         : std::function<void(const QString &)>();
     try {
         BackupFile copy;
+        QString warnings;
         {
             BackupProgress window(u"بازگرداندن پشتیبان"_s, u"بازگرداندن پشتیبان %1…"_s.arg(when), nullptr);
             window.run([&](const BackupProgress::Progress &progress) {
@@ -441,7 +445,8 @@ void HostProgram::restore(const RestoreRequest &request)
                                                           .passphrase = request.passphrase,
                                                           .backupsFolder = m_folder.backupsPath(),
                                                           .copyPassphrase = BackupPassphrase(m_folder).read(),
-                                                          .beforeExchange = broughtForward},
+                                                          .beforeExchange = broughtForward,
+                                                          .warn = [&](const QString &words) { warnings += u'\n' + words; }},
                                                          progress);
             });
         }
@@ -450,7 +455,7 @@ void HostProgram::restore(const RestoreRequest &request)
         m_splash.hide();
         qCInfo(lcHost).noquote() << "restored:" << request.file.path() << "copy of the state before:" << copy.path();
         const QString forward = request.lastMinute ? u" و تغییرهای ثبت شده پس از آن"_s : QString();
-        g_pDlgMessage->Show(u"بازگردانده شد به %1%2.\nپشتیبان وضع پیش از آن: %3"_s.arg(when, forward, ServerError::shownPath(copy.path())));
+        g_pDlgMessage->Show(u"بازگردانده شد به %1%2.\nپشتیبان وضع پیش از آن: %3"_s.arg(when, forward, ServerError::shownPath(copy.path())) + warnings);
     } catch (const ServerError &error) {
         m_splash.hide();
         qCCritical(lcHost).noquote() << "restore:" << error.detail();

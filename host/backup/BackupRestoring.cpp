@@ -92,6 +92,10 @@ void markRestored(const BackupFile &file, KConnection &connection, const QString
                    + (keepsValues ? ',' + BackupSql::text(QString::fromUtf8(values)) : QByteArray()) + ')');
 }
 
+// Comments of the databases beside the office's; no RENAME moves a comment, and no backup holds it. Nothing that lacks one is ever dropped.
+const QString markOfOurs = u"TzAuto restoring"_s;
+const QString markOfCopied = markOfOurs + u", copied"_s; // or nobody wants a copy
+
 // The two databases beside the office's, for as long as a restoring takes, and the order in which they come and go.
 class Exchange
 {
@@ -125,18 +129,36 @@ public:
         return m_isLocked;
     }
 
+    // Throws ServerError when somebody else's database has a name that is needed.
+    void requireOwnNames()
+    {
+        for (const QString &database : {m_aside, m_replaced}) {
+            if (!mayBeDropped(database))
+                throw ServerError(ServerError::Kind::DumpFailed,
+                                  u"پایگاه داده «\u2068%1\u2069» را این برنامه نساخته است و بازگرداندن به نام آن نیاز دارد؛ تغییر نام یا حذف آن را از مسئول سرور بخواهید."_s.arg(database),
+                                  u"not ours: "_s + database);
+        }
+    }
+
     void beginAside()
     {
         drop(m_aside);
-        m_connection.run("CREATE DATABASE " + BackupSql::name(m_aside));
+        make(m_aside, markOfOurs);
     }
 
-    void dropAside() { drop(m_aside); }
-
-    // One RENAME moves the old tables out and the new ones in, so that nobody ever sees none or only half of them.
-    void run()
+    // Before the tables have changed places.
+    void giveUp()
     {
-        m_connection.run("CREATE DATABASE IF NOT EXISTS " + BackupSql::name(m_replaced));
+        drop(m_aside);
+        if (BackupSql::tablesOf(m_connection, m_replaced).isEmpty())
+            drop(m_replaced);
+    }
+
+    // One RENAME moves the old tables out and the new ones in, so that nobody ever sees none or only half of them. isCopyWanted: the old ones stay
+    // until markCopied.
+    void run(bool isCopyWanted)
+    {
+        make(m_replaced, isCopyWanted ? markOfOurs : markOfCopied);
         QByteArrayList moves;
         move(BackupSql::tablesOf(m_connection, m_database), m_database, m_replaced, moves);
         move(BackupSql::tablesOf(m_connection, m_aside), m_aside, m_database, moves);
@@ -149,17 +171,31 @@ public:
         return BackupSql::tablesOf(m_connection, m_aside).isEmpty() && !BackupSql::tablesOf(m_connection, m_replaced).isEmpty();
     }
 
+    // All that is in the replaced tables is in a backup.
+    void markCopied()
+    {
+        m_connection.run("ALTER DATABASE " + BackupSql::name(m_replaced) + " COMMENT " + BackupSql::text(markOfCopied));
+    }
+
+    void dropReplaced() { drop(m_replaced); }
+
     void finish()
     {
         drop(m_replaced);
         drop(m_aside);
     }
 
+    // Replaced tables of which nobody knows that they are in a backup.
+    bool holdsUncopied()
+    {
+        return mark(m_replaced) == markOfOurs && !BackupSql::tablesOf(m_connection, m_replaced).isEmpty();
+    }
+
     // After a kill: the exchange has happened, or it has not, and which can be seen from where the tables are.
     void clean()
     {
-        const QStringList waiting = BackupSql::tablesOf(m_connection, m_aside);
-        const QStringList replaced = BackupSql::tablesOf(m_connection, m_replaced);
+        const QStringList waiting = isOurs(m_aside) ? BackupSql::tablesOf(m_connection, m_aside) : QStringList();
+        const QStringList replaced = isOurs(m_replaced) ? BackupSql::tablesOf(m_connection, m_replaced) : QStringList();
         const QStringList present = BackupSql::tablesOf(m_connection, m_database);
         if (!replaced.isEmpty() && (present.isEmpty() || !waiting.isEmpty())) {
             // Tables that stand nowhere else go back; with others of their names in their place, nobody can tell which are meant.
@@ -176,15 +212,55 @@ public:
             if (home.size() < replaced.size())
                 return;
         }
-        if (BackupSql::hasDatabase(m_connection, m_replaced))
+        if (holdsUncopied())
+            qCWarning(lcRestoring).noquote() << m_replaced << "stays: a restoring was cut off before what was saved last was in a backup";
+        else if (mayBeDropped(m_replaced))
             drop(m_replaced);
-        if (BackupSql::hasDatabase(m_connection, m_aside))
+        if (mayBeDropped(m_aside))
             drop(m_aside);
+        for (const QString &database : {m_aside, m_replaced}) {
+            if (!mayBeDropped(database))
+                qCWarning(lcRestoring).noquote() << database << "stays: no restoring has made it";
+        }
     }
 
 private:
     QByteArray lockName() const { return BackupSql::text(u"tzauto restoring "_s + m_database.left(40)); }
-    void drop(const QString &database) { m_connection.run("DROP DATABASE IF EXISTS " + BackupSql::name(database)); }
+
+    void make(const QString &database, const QString &mark)
+    {
+        m_connection.run("CREATE DATABASE " + BackupSql::name(database) + " COMMENT " + BackupSql::text(mark));
+    }
+
+    // The tables before the database, so that whatever a kill leaves has its mark still.
+    void drop(const QString &database)
+    {
+        if (!BackupSql::hasDatabase(m_connection, database))
+            return;
+        QByteArrayList tables;
+        const QStringList present = BackupSql::tablesOf(m_connection, database);
+        for (const QString &table : present)
+            tables << BackupSql::name(database, table);
+        if (!tables.isEmpty())
+            m_connection.run("SET STATEMENT foreign_key_checks=0 FOR DROP TABLE " + tables.join(", "));
+        m_connection.run("DROP DATABASE IF EXISTS " + BackupSql::name(database));
+    }
+
+    QString mark(const QString &database)
+    {
+        return QString::fromUtf8(
+            BackupSql::value(m_connection, "SELECT SCHEMA_COMMENT FROM information_schema.SCHEMATA WHERE SCHEMA_NAME=" + BackupSql::text(database)));
+    }
+    bool isOurs(const QString &database) { return mark(database).startsWith(markOfOurs); }
+
+    // One that is not there or has nothing in it is nobody's.
+    bool mayBeDropped(const QString &database)
+    {
+        const QByteArray name = BackupSql::text(database);
+        return isOurs(database)
+            || BackupSql::value(m_connection, "SELECT (SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=" + name + ")+(SELECT COUNT(*) FROM information_schema.ROUTINES WHERE ROUTINE_SCHEMA=" + name + ')')
+            == "0";
+    }
 
     static void move(const QStringList &tables, const QString &from, const QString &to, QByteArrayList &moves)
     {
@@ -218,6 +294,16 @@ QString failedToRestore(const BackupFile &file)
     return u"پرونده %1 بازگردانده نشد و پایگاه داده همان است که بود؛ پرونده دیگری انتخاب نمایید."_s.arg(ServerError::shownPath(file.path()));
 }
 
+QString unknownWhetherRestored()
+{
+    return u"ارتباط با سرور در لحظه جابه‌جایی قطع شد و روشن نیست که پشتیبان بازگردانده شد؛ پس از ورود دوباره بررسی نمایید."_s;
+}
+
+QString keptWords(const QString &database)
+{
+    return u"از آنچه دیگران در آخرین لحظه ثبت کردند پشتیبان گرفته نشد؛ در پایگاه داده «\u2068%1\u2069» مانده است و بازگرداندن بعدی پشتیبان آن را می‌گیرد."_s.arg(database);
+}
+
 ServerError busy()
 {
     return {ServerError::Kind::InUse, u"بازگرداندن دیگری در همین پایگاه داده در جریان است؛ پایان آن را منتظر بمانید."_s,
@@ -236,8 +322,14 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
 {
     requireNotNewer(request.file);
     const KLongWork work;
+    bool isExchanging = false;
     bool isExchanged = false;
+    bool isCopied = !request.copiesFirst;
     BackupFile copy;
+    const auto keep = [&](const QString &replaced, const QString &detail) {
+        qCWarning(lcRestoring).noquote() << "restored, but" << replaced << "stays:" << detail;
+        tell(request, keptWords(replaced));
+    };
     try {
         requireAlone(request);
         KConnection connection(serverOf(m_settings));
@@ -245,6 +337,12 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
         if (!exchange.lock())
             throw busy();
         exchange.clean();
+        exchange.requireOwnNames();
+        if (exchange.holdsUncopied()) {
+            copyLeft(exchange.replaced(), request);
+            exchange.markCopied();
+            exchange.dropReplaced();
+        }
         requireNoTriggers(connection, m_settings.database);
         BackupManifest present;
         present.database = m_settings.database;
@@ -264,21 +362,37 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
                 copy = copyOf(m_settings, request, [&] { return !progress || progress(request.file.size(), request.file.size()); });
             // Before the exchange: a kill in between leaves a log that ends too early, never one that leads from one state into another.
             BinaryLog::beginAnew(connection);
-            exchange.run();
+            isExchanging = true;
+            exchange.run(request.copiesFirst);
             isExchanged = true;
+        } catch (const CMySQLException &) {
+            isExchanged = isExchanging && exchange.hasHappened();
+            isExchanging = false;
+            if (!isExchanged) {
+                exchange.giveUp();
+                throw;
+            }
         } catch (...) {
-            if (!isExchanged && !exchange.hasHappened())
-                exchange.dropAside();
+            exchange.giveUp();
             throw;
         }
-        if (request.copiesFirst)
-            copyWhatCameLater(connection, exchange.replaced(), request, copy);
-        exchange.finish();
+        try {
+            if (!isCopied)
+                copyWhatCameLater(connection, exchange.replaced(), request, copy);
+            exchange.markCopied();
+            isCopied = true;
+            exchange.finish();
+        } catch (const ServerError &error) {
+            keep(exchange.replaced(), error.detail());
+        } catch (const CMySQLException &error) {
+            // What needs only be cleaned, the next program cleans.
+            if (isCopied)
+                qCWarning(lcRestoring).noquote() << "restored, but not cleaned up:" << error.GetErrorMessage();
+            else
+                keep(exchange.replaced(), error.GetErrorMessage());
+        }
     } catch (const CMySQLException &error) {
-        // What is left to clean, the next program cleans.
-        if (!isExchanged)
-            throw BackupTools::failure(failedToRestore(request.file), request.backupsFolder, error.GetErrorMessage());
-        qCWarning(lcRestoring).noquote() << "restored, but not cleaned up:" << error.GetErrorMessage();
+        throw BackupTools::failure(isExchanging ? unknownWhetherRestored() : failedToRestore(request.file), request.backupsFolder, error.GetErrorMessage());
     }
     KTableSchema::forgetAll();
     return copy;
@@ -306,9 +420,35 @@ void BackupRestoring::copyWhatCameLater(KConnection &connection, const QString &
     if (!copy.manifest() || BackupState::tables(connection, replaced) == copy.manifest()->tables)
         return;
     qCInfo(lcRestoring) << "somebody saved while the backup was restored; the replaced tables are copied again";
+    copy = copyOf(beside(replaced), request, [] { return true; });
+}
+
+// What an earlier restoring left because it was in no backup.
+void BackupRestoring::copyLeft(const QString &replaced, const Request &request) const
+{
+    try {
+        const BackupFile copy = copyOf(beside(replaced), request, [] { return true; });
+        qCWarning(lcRestoring).noquote() << "what an earlier restoring left in" << replaced << "is now in" << copy.path();
+        tell(request,
+             u"بازگرداندن پیشین نیمه‌کاره مانده بود و وضع پیش از آن در این پشتیبان نگه داشته شد: %1"_s.arg(ServerError::shownPath(copy.path())));
+    } catch (const ServerError &error) {
+        // Whatever is wrong with it, the office's own database is not what is damaged.
+        const ServerError::Kind kind = error.kind() == ServerError::Kind::Damaged ? ServerError::Kind::DumpFailed : error.kind();
+        throw ServerError(kind, u"پایگاه داده «\u2068%1\u2069» از بازگرداندن پیشین مانده است و پشتیبان آن گرفته نشد. %2"_s.arg(replaced, error.userMessage()), error.detail());
+    }
+}
+
+KConnectionSettings BackupRestoring::beside(const QString &database) const
+{
     KConnectionSettings settings = m_settings;
-    settings.database = replaced;
-    copy = copyOf(settings, request, [] { return true; });
+    settings.database = database;
+    return settings;
+}
+
+void BackupRestoring::tell(const Request &request, const QString &words)
+{
+    if (request.warn)
+        request.warn(words);
 }
 
 QStringList BackupRestoring::othersAtWork() const

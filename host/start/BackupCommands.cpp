@@ -177,6 +177,7 @@ private:
         const BackupRestoring restoring(office.settings());
         restoring.cleanLeft();
         BackupRestoring::Request request{file, m_passphrase, m_folder.backupsPath(), file.isEncrypted() ? m_passphrase : QString()};
+        request.warn = complain;
         if (m_moment)
             request.beforeExchange = BackupPointInTime(m_folder).onto(office.settings(), file, *m_moment);
         const BackupFile copy = restoring.restore(request, ProgressLines());

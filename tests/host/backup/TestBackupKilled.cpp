@@ -110,6 +110,27 @@ private Q_SLOTS:
         QCOMPARE(cars(), u"10001"_s);
     }
 
+    // What was saved between the copy and the exchange is in the replaced tables alone.
+    void afterTheTablesHaveChangedPlaces()
+    {
+        m_office.fill(10);
+        const BackupFile backup = m_office.take();
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 5"_s);
+        kill(u"restore"_s, u"exchanged"_s, m_office.database().settings(), m_office.office(), backup);
+        QCOMPARE(cars(), u"11"_s);
+        const BackupRestoring restoring(m_office.database().settings());
+        const QString replaced = m_office.database().name() + u"_replaced"_s;
+        QTRY_COMPARE((restoring.cleanLeft(), m_office.databasesBeside()), QStringList{replaced});
+        QCOMPARE(m_office.value(u"SELECT COUNT(*) FROM `%1`.Cars WHERE sName='late'"_s.arg(replaced)), u"1"_s);
+        static_cast<void>(restoring.restore({backup, {}, m_office.backups()}));
+        QCOMPARE(cars(), u"11"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+        int holdIt = 0;
+        for (const BackupFile &each : BackupFiles::in(m_office.backups(), m_office.database().name()))
+            holdIt += textOfBackup(each.path()).contains("'late'") ? 1 : 0;
+        QCOMPARE(holdIt, 1);
+    }
+
     void whileADamagedFolderIsReplaced_data()
     {
         QTest::addColumn<QString>("point");

@@ -12,6 +12,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -50,8 +52,26 @@ class TestBackupRestoring : public QObject
         return BackupFile(path);
     }
 
+    QString replacedName() { return m_office.database().name() + u"_replaced"_s; }
+
+    // Right before a statement of that beginning runs.
+    static void at(const QString &beginning, const std::function<void()> &action)
+    {
+        KConnection::setStatementObserver([beginning, action](const QString &statement) {
+            if (statement.startsWith(beginning))
+                action();
+        });
+    }
+
+    bool isInABackup(const QByteArray &text)
+    {
+        const QList<BackupFile> backups = BackupFiles::in(m_office.backups(), m_office.database().name());
+        return std::any_of(backups.begin(), backups.end(), [&](const BackupFile &backup) { return textOfBackup(backup.path()).contains(text); });
+    }
+
 private Q_SLOTS:
     void init() { m_office.renew(); }
+    void cleanup() { KConnection::setStatementObserver({}); }
 
     void restoringBringsEverythingBack_data()
     {
@@ -264,6 +284,109 @@ private Q_SLOTS:
         QVERIFY(textOfBackup(copy.path()).contains("'meanwhile'"));
     }
 
+    void whatIsSavedAfterTheCopyIsCopiedToo()
+    {
+        m_office.fill(5);
+        const BackupFile backup = m_office.take();
+        at(u"RENAME TABLE"_s, [&] { m_office.database().run(u"INSERT INTO Cars(sName) VALUES('late')"_s); });
+        const BackupFile copy = restoring().restore(requestFor(backup));
+        QVERIFY(textOfBackup(copy.path()).contains("'late'"));
+        QCOMPARE(cars(), u"6"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+
+    // It is restored, and said so; what was saved last stands in the replaced tables until a backup holds it.
+    void whatIsSavedAfterTheCopyStaysUntilItIsCopied()
+    {
+        m_office.fill(5);
+        const BackupFile backup = m_office.take();
+        QStringList warnings;
+        BackupRestoring::Request request = requestFor(backup);
+        request.warn = [&](const QString &words) { warnings << words; };
+        const QString away = m_office.backups() + u"-away"_s;
+        at(u"RENAME TABLE"_s, [&] {
+            m_office.database().run(u"INSERT INTO Cars(sName) VALUES('late')"_s);
+            QVERIFY(QDir().rename(m_office.backups(), away));
+            QFile inTheWay(m_office.backups());
+            QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        });
+        const BackupFile copy = restoring().restore(request);
+        KConnection::setStatementObserver({});
+        QVERIFY(!copy.path().isEmpty());
+        QCOMPARE(cars(), u"6"_s);
+        QCOMPARE(warnings.size(), 1);
+        QVERIFY(warnings.constFirst().contains(replacedName()));
+        for (int start = 0; start < 2; ++start) {
+            restoring().cleanLeft();
+            QVERIFY(m_office.databasesBeside().contains(replacedName()));
+        }
+        // As long as it cannot be copied nothing else is restored, and nothing is lost.
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 2"_s);
+        request.file = BackupFile(away + u'/' + QFileInfo(backup.path()).fileName());
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(request)); });
+        QVERIFY(error.userMessage().contains(replacedName()));
+        QCOMPARE(m_office.databasesBeside(), QStringList{replacedName()});
+        QCOMPARE(cars(), u"2"_s);
+        QVERIFY(QFile::remove(m_office.backups()) && QDir().rename(away, m_office.backups()));
+        QVERIFY(!isInABackup("'late'"));
+        request.file = backup;
+        static_cast<void>(restoring().restore(request));
+        QVERIFY(isInABackup("'late'"));
+        QCOMPARE(cars(), u"6"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+        QCOMPARE(warnings.size(), 2);
+        static_cast<void>(restoring().restore(request));
+        QCOMPARE(warnings.size(), 2);
+    }
+
+    void whatFailsWhileTheReplacedTablesGoIsNoFailure()
+    {
+        m_office.fill(5);
+        const BackupFile backup = m_office.take();
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 2"_s);
+        bool isGone = false;
+        at(u"SET STATEMENT foreign_key_checks=0 FOR DROP TABLE `"_s + replacedName(), [&] {
+            m_office.database().run(u"DROP DATABASE `%1`"_s.arg(replacedName()));
+            isGone = true;
+        });
+        BackupRestoring::Request request = requestFor(backup);
+        QStringList warnings;
+        request.warn = [&](const QString &words) { warnings << words; };
+        QVERIFY(restoring().restore(request).exists());
+        KConnection::setStatementObserver({});
+        QVERIFY(isGone);
+        QCOMPARE(cars(), u"6"_s);
+        QCOMPARE(warnings, QStringList());
+        restoring().cleanLeft();
+        QCOMPARE(m_office.databasesBeside(), QStringList());
+    }
+
+    void databaseOfAnotherIsNamedAndStays_data()
+    {
+        QTest::addColumn<QString>("ending");
+        QTest::newRow("where the backup is loaded") << u"_restoring"_s;
+        QTest::newRow("where the replaced tables go") << u"_replaced"_s;
+    }
+
+    void databaseOfAnotherIsNamedAndStays()
+    {
+        QFETCH(QString, ending);
+        m_office.fill(5);
+        const BackupFile backup = m_office.take();
+        const QString others = m_office.database().name() + ending;
+        m_office.database().run(u"CREATE DATABASE `%1`"_s.arg(others));
+        m_office.database().run(u"CREATE TABLE `%1`.Theirs (i INT) ENGINE=InnoDB"_s.arg(others));
+        m_office.database().run(u"DELETE FROM Cars WHERE iID > 2"_s);
+        restoring().cleanLeft();
+        const ServerError error = BackupOffice::failureOf([&] { static_cast<void>(restoring().restore(requestFor(backup))); });
+        QCOMPARE(error.kind(), ServerError::Kind::DumpFailed);
+        QVERIFY(error.userMessage().contains(others));
+        QCOMPARE(cars(), u"2"_s);
+        QCOMPARE(m_office.databasesBeside(), QStringList{others});
+        QCOMPARE(m_office.value(u"SELECT COUNT(*) FROM `%1`.Theirs"_s.arg(others)), u"0"_s);
+        m_office.database().run(u"DROP DATABASE `%1`"_s.arg(others));
+    }
+
     // Commands of the client that would run programs.
     void statementsCannotRunPrograms()
     {
@@ -299,14 +422,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("replaced");
         QTest::addColumn<QString>("after");
         QTest::addColumn<int>("beside");
-        QTest::newRow("nothing is left") << u"a,b"_s << u"-"_s << u"-"_s << u"a,b"_s << 0;
-        QTest::newRow("killed while loading") << u"a,b"_s << u"a"_s << u"-"_s << u"a,b"_s << 0;
-        QTest::newRow("killed before the exchange") << u"a,b"_s << u"a,b"_s << u""_s << u"a,b"_s << 0;
-        QTest::newRow("killed after the exchange") << u"a,b"_s << u""_s << u"a,b,c"_s << u"a,b"_s << 0;
-        QTest::newRow("killed while the replaced ones go") << u"a,b"_s << u""_s << u"c"_s << u"a,b"_s << 0;
-        QTest::newRow("nothing but the replaced ones") << u""_s << u""_s << u"a,b"_s << u"a,b"_s << 0;
-        QTest::newRow("cut in the middle of the exchange") << u"b"_s << u"a,b"_s << u"a"_s << u"a,b"_s << 0;
-        QTest::newRow("nobody can tell which are meant") << u"a,b"_s << u"b"_s << u"a"_s << u"a,b"_s << 2;
+        QTest::addColumn<QString>("mark"); // of the replaced ones
+        const QString ours = u"TzAuto restoring"_s;
+        const QString copied = u"TzAuto restoring, copied"_s;
+        QTest::newRow("nothing is left") << u"a,b"_s << u"-"_s << u"-"_s << u"a,b"_s << 0 << ours;
+        QTest::newRow("killed while loading") << u"a,b"_s << u"a"_s << u"-"_s << u"a,b"_s << 0 << ours;
+        QTest::newRow("killed before the exchange") << u"a,b"_s << u"a,b"_s << u""_s << u"a,b"_s << 0 << ours;
+        QTest::newRow("killed after the exchange") << u"a,b"_s << u""_s << u"a,b,c"_s << u"a,b"_s << 1 << ours;
+        QTest::newRow("killed after the exchange and the copy") << u"a,b"_s << u""_s << u"a,b,c"_s << u"a,b"_s << 0 << copied;
+        QTest::newRow("killed while the replaced ones go") << u"a,b"_s << u""_s << u"c"_s << u"a,b"_s << 0 << copied;
+        QTest::newRow("nothing but the replaced ones") << u""_s << u""_s << u"a,b"_s << u"a,b"_s << 0 << ours;
+        QTest::newRow("nothing but those that nobody wants copied") << u""_s << u""_s << u"a,b"_s << u"a,b"_s << 0 << copied;
+        QTest::newRow("cut in the middle of the exchange") << u"b"_s << u"a,b"_s << u"a"_s << u"a,b"_s << 0 << ours;
+        QTest::newRow("nobody can tell which are meant") << u"a,b"_s << u"b"_s << u"a"_s << u"a,b"_s << 2 << ours;
     }
 
     void leftDatabases()
@@ -316,17 +444,18 @@ private Q_SLOTS:
         QFETCH(QString, replaced);
         QFETCH(QString, after);
         QFETCH(int, beside);
+        QFETCH(QString, mark);
         const QString name = m_office.database().name();
-        const auto make = [&](const QString &database, const QString &tables) {
+        const auto make = [&](const QString &database, const QString &tables, const QString &comment) {
             if (tables == u"-"_s)
                 return;
-            m_office.database().run(u"CREATE DATABASE IF NOT EXISTS `%1`"_s.arg(database));
+            m_office.database().run(u"CREATE DATABASE IF NOT EXISTS `%1` COMMENT '%2'"_s.arg(database, comment));
             for (const QString &table : tables.split(u',', Qt::SkipEmptyParts))
                 m_office.database().run(u"CREATE TABLE `%1`.`%2` (i INT) ENGINE=InnoDB"_s.arg(database, table));
         };
-        make(name, present);
-        make(name + u"_restoring"_s, restoring);
-        make(name + u"_replaced"_s, replaced);
+        make(name, present, {});
+        make(name + u"_restoring"_s, restoring, u"TzAuto restoring"_s);
+        make(name + u"_replaced"_s, replaced, mark);
         this->restoring().cleanLeft();
         QCOMPARE(tables(), after);
         QCOMPARE(m_office.databasesBeside().size(), beside);

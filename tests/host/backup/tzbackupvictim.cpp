@@ -30,6 +30,20 @@ void die()
     platform::forceStop(QCoreApplication::applicationPid());
 }
 
+// Somebody saves at the last moment.
+void dieAfterExchange(const KConnectionSettings &settings)
+{
+    static bool isExchanged = false;
+    KConnection::setStatementObserver([settings](const QString &statement) {
+        if (isExchanged)
+            die();
+        if (statement.startsWith(u"RENAME TABLE"_s)) {
+            KConnection(settings).run(QByteArrayLiteral("INSERT INTO Cars(sName) VALUES('late')"));
+            isExchanged = true;
+        }
+    });
+}
+
 }
 
 // Reads socket, account, password, database, the data folder and a backup's file, a line each; then does what its arguments say and
@@ -38,7 +52,7 @@ int main(int argumentCount, char **arguments)
 {
     const QCoreApplication application(argumentCount, arguments);
     const QString work = QCoreApplication::arguments().value(1);
-    const bool atExchange = QCoreApplication::arguments().value(2) == u"exchange"_s;
+    const QString point = QCoreApplication::arguments().value(2);
     KConnectionSettings settings;
     settings.socketPath = victimLine();
     settings.user = victimLine();
@@ -47,7 +61,7 @@ int main(int argumentCount, char **arguments)
     const DataFolder folder(victimLine());
     BackupFile file(victimLine());
     const auto midway = [&](qint64 done, qint64 expected) {
-        if (!atExchange && done > 0 && done >= expected / 3)
+        if (point == u"midway"_s && done > 0 && done >= expected / 3)
             die();
         return true;
     };
@@ -60,7 +74,10 @@ int main(int argumentCount, char **arguments)
             static_cast<void>(verification.run(file, {}, midway));
         } else if (work == u"restore"_s) {
             BackupRestoring::Request request{file, {}, folder.backupsPath()};
-            request.beforeExchange = [&](const QString &) { die(); };
+            if (point == u"exchanged"_s)
+                dieAfterExchange(settings);
+            else
+                request.beforeExchange = [&](const QString &) { die(); };
             static_cast<void>(BackupRestoring(settings).restore(request, midway));
         } else {
             static_cast<void>(BackupRestoring::intoNewFolder(folder, file, {}, midway, PrivateTestServer::options(), [&](const KConnectionSettings &) { die(); }));
