@@ -76,7 +76,8 @@ class OfficeFolder:
         """Takes the folder's locks and starts its server, with the options that the program wrote, on loopback too."""
         for name in ("program.lock", "server.lock"):
             lock = open(os.path.join(self.path, name), "a", encoding="ascii")  # noqa: SIM115 - held until close
-            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            # What the program before has started may hold them for a moment longer than it lives.
+            wait_for(lambda lock=lock: _locked(lock), f"{name} to be free", seconds=20)
             self._locks.append(lock)
         self.port = free_port()
         self._server = self._processes.start(
@@ -127,6 +128,14 @@ class OfficeFolder:
             values = ",".join(f"IFNULL(HEX(CAST(`{name}` AS BINARY)),'~') AS `{name}`" for name in names)
             found[table] = sorted(tuple(row.values()) for row in self.database.rows(f"SELECT {values} FROM `{table}`{where}"))
         return found
+
+
+def _locked(file):
+    try:
+        fcntl.flock(file, fcntl.LOCK_EX | fcntl.LOCK_NB)
+    except BlockingIOError:
+        return False
+    return True
 
 
 def differences(wanted, found):
