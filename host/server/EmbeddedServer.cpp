@@ -195,7 +195,6 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
         tell(progress, waiting);
         requireNoDamagedDatabase();
         requireRoom(m_options.freeMiBForNewDatabase);
-        QFile::remove(m_folder.statePath());
         bootstrap.create(m_settings.password, [&](qint64) { tell(progress, waiting); });
         return;
     }
@@ -205,9 +204,15 @@ void EmbeddedServer::loadOrMakeAccount(const Progress &progress)
         makeAccountAnew(progress);
 }
 
-// An office whose damaged database was put aside is no new one.
+// An office whose database was put aside, or whose server has run here before, is no new one: an empty database would hide its loss, and
+// its backups would push out the good ones.
 void EmbeddedServer::requireNoDamagedDatabase() const
 {
+    if (QFileInfo::exists(m_folder.statePath()))
+        throw ServerError(ServerError::Kind::Damaged,
+                          u"پایگاه داده در پوشه %1 نیست، در حالی که پیش از این در آن بوده است. برای دفتری تازه پوشه دیگری برگزینید."_s.arg(ServerError::shownPath(m_folder.path()))
+                              + u'\n' + WayBack(m_folder).sentences(),
+                          m_folder.databasePath() + u" is gone or empty"_s);
     const QStringList aside = QDir(m_folder.path()).entryList({u"database-damaged-*"_s}, QDir::Dirs);
     if (!aside.isEmpty())
         throw ServerError(ServerError::Kind::Damaged,

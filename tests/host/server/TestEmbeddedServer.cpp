@@ -101,6 +101,8 @@ private Q_SLOTS:
     void aServerThatDoesNotComeUpIsReportedWithinTheLimit_data();
     void aServerThatDoesNotComeUpIsReportedWithinTheLimit();
     void aFullDiskIsSaidBeforeTheServerBreaksOff();
+    void aLostDatabaseIsNoNewOffice_data();
+    void aLostDatabaseIsNoNewOffice();
     void damagedOptionsAreWrittenAnew();
     void aDataFolderWithoutWritePermissionIsNamed();
     void aProgressThatThrowsLeavesNoServer();
@@ -446,6 +448,27 @@ void TestEmbeddedServer::aFullDiskIsSaidBeforeTheServerBreaksOff()
     EmbeddedServer again(folder(), m_options);
     again.start();
     QVERIFY(rowIsThere(again));
+}
+
+void TestEmbeddedServer::aLostDatabaseIsNoNewOffice_data()
+{
+    QTest::addColumn<bool>("emptied");
+    QTest::newRow("its folder is emptied") << true;
+    QTest::newRow("its folder is gone") << false;
+}
+
+void TestEmbeddedServer::aLostDatabaseIsNoNewOffice()
+{
+    QFETCH(bool, emptied);
+    EmbeddedServer server(folder(), m_options);
+    server.start();
+    server.stop();
+    QVERIFY(QDir(folder().databasePath()).removeRecursively());
+    if (emptied)
+        QVERIFY(QDir().mkpath(folder().databasePath()));
+    const ServerError error = refusal(server);
+    QCOMPARE(error.kind(), ServerError::Kind::Damaged);
+    QVERIFY(!QFileInfo::exists(folder().databasePath() + u"/mysql"_s));
 }
 
 void TestEmbeddedServer::damagedOptionsAreWrittenAnew()
