@@ -3,6 +3,7 @@
 
 #include "suite/db/KMySQL.h"
 
+#include "suite/db/KRowFollowers.h"
 #include "suite/db/KTableSchema.h"
 #include "suite/db/KTransaction.h"
 
@@ -142,6 +143,7 @@ void KMySQL::noteDeleted()
 {
     if (isNoted())
         noteRow(KChange::Kind::Deleted, m_columns.key(), heldValues(KChange::Kind::Deleted));
+    KRowFollowers::deleted(GetTableName(), m_columns.key(), m_database);
 }
 
 bool KMySQL::Requery()
@@ -340,11 +342,13 @@ void KMySQL::insertRow()
     m_columns.setKey(static_cast<qint32>(m_lastInsertedId));
     if (isNoted())
         noteRow(KChange::Kind::Added, m_columns.key(), heldValues(KChange::Kind::Added));
+    KRowFollowers::added(GetTableName(), m_columns.key(), m_database);
 }
 
 void KMySQL::updateRow()
 {
     QByteArray assignments;
+    QStringList changed;
     QList<KChangedValue> changes;
     qint32 key = 0;
     for (size_t i = 0; i < m_columns.all().size(); ++i) {
@@ -353,6 +357,7 @@ void KMySQL::updateRow()
             key = m_before[i].toInt();
         else if (!column.isStill(m_before[i])) {
             assignments += column.name.toUtf8() + '=' + literal(column) + ',';
+            changed.append(column.name);
             if (isNoted())
                 changes.append({column.name, m_before[i], column.value(), isSecret(column.name)});
         }
@@ -375,6 +380,7 @@ void KMySQL::updateRow()
             throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
                                   GetTableName() + QLatin1String(": the row to update is gone"));
         note();
+        KRowFollowers::changed(GetTableName(), key, m_database, changed);
     });
 }
 

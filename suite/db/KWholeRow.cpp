@@ -4,6 +4,7 @@
 #include "suite/db/KWholeRow.h"
 
 #include "suite/db/KConnection.h"
+#include "suite/db/KRowFollowers.h"
 #include "suite/db/KTableSchema.h"
 
 #include <QCborArray>
@@ -116,7 +117,9 @@ qint32 KWholeRow::insert(int database, bool keepsKey) const
     }
     KConnection &connection = KConnection::forThread(database);
     connection.run("INSERT INTO " + KSql::name(m_table) + "(" + KSql::joined(columns, ",") + ") VALUES(" + KSql::joined(values, ",") + ")");
-    return keepsKey ? key() : static_cast<qint32>(connection.lastInsertedId());
+    const qint32 inserted = keepsKey ? key() : static_cast<qint32>(connection.lastInsertedId());
+    KRowFollowers::added(m_table, inserted, database);
+    return inserted;
 }
 
 QByteArray KWholeRow::toBytes() const

@@ -151,7 +151,7 @@ void KListPage::searchInPlace()
     guarded([this] {
         takeDatabaseState();
         m_hasFurtherRows.reset();
-        fillInPlace(filterClauses());
+        fillInPlace(asked());
         m_filterBox->takeConditions();
     });
 }
@@ -228,9 +228,12 @@ void KListPage::open()
     takeDatabaseState();
     modeApplied();
     opening();
+    takeRequest();
     firstFill();
     if (m_selectMode)
         selectListed(m_chosenKey);
+    else if (m_request.selected > 0)
+        selectListed(m_request.selected);
     setFocus(Qt::OtherFocusReason);
 }
 
@@ -288,7 +291,7 @@ void KListPage::updateCommands()
 
 void KListPage::refill()
 {
-    fill(filterClauses());
+    fill(asked());
     m_filterBox->takeConditions();
 }
 
@@ -347,6 +350,48 @@ KSql KListPage::filterClauses() const
     return filters().condition(GetDBSetting()->GetUserID());
 }
 
+KSql KListPage::asked() const
+{
+    const KSql clauses = filterClauses();
+    if (m_request.condition.isEmpty())
+        return clauses;
+    // Before the filter, which may end by grouping the rows.
+    const KSql condition = "(" + m_request.condition + ")";
+    return clauses.isEmpty() ? condition : condition + " AND " + clauses.withoutStart(" AND ");
+}
+
+void KListPage::setRequest(const KListRequest &request)
+{
+    m_request = request;
+    if (!m_opened)
+        return;
+    guarded([this] {
+        takeRequest();
+        m_hasFurtherRows.reset();
+        refill();
+        selectListed(m_request.selected);
+    });
+}
+
+// A list that is asked for some of its records hides none of them behind a filter that the request does not name.
+void KListPage::takeRequest()
+{
+    if (m_request.filters.isEmpty() && m_request.condition.isEmpty())
+        return;
+    filters().widen();
+    for (auto value = m_request.filters.cbegin(); value != m_request.filters.cend(); ++value)
+        filters().set(value.key(), value.value());
+}
+
+void KListPage::dropRequestedCondition()
+{
+    m_request = {};
+    guarded([this] {
+        m_hasFurtherRows.reset();
+        refill();
+    });
+}
+
 // What the list adds to its filter stands before it: a filter may end by grouping the rows.
 KSql KListPage::listed(KMySQL &records, const KSql &filter) const
 {
@@ -382,7 +427,7 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
 bool KListPage::hasFurtherRows(KMySQL &records)
 {
     const KSql widest = filters().widestCondition(GetDBSetting()->GetUserID());
-    if (filters().filters().isEmpty() || filterClauses() == widest)
+    if (m_request.condition.isEmpty() && (filters().filters().isEmpty() || filterClauses() == widest))
         return false;
     if (m_hasFurtherRows)
         return *m_hasFurtherRows;

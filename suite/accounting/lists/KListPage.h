@@ -9,6 +9,7 @@
 #include "suite/accounting/lists/KListFilterBox.h"
 #include "suite/accounting/lists/KListOrder.h"
 #include "suite/accounting/lists/KListPrinting.h"
+#include "suite/accounting/lists/KListRequest.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
@@ -56,6 +57,13 @@ public:
     bool isSelectMode() const { return m_selectMode; }
     // Key of the row that OK took in select mode; until then, the preselected one.
     int chosenKey() const { return m_chosenKey; }
+
+    // What the list shows first, before it is first shown or after; the page then opens as asked, and where it is open, is filled anew.
+    void setRequest(const KListRequest &request);
+    // What is asked besides the filters; empty words where nothing is.
+    const KListRequest &request() const { return m_request; }
+    // Takes that condition away; the rows are read anew.
+    void dropRequestedCondition();
 
     // Reads the settings and fills the list; done by itself when the page is first shown.
     void open();
@@ -179,6 +187,9 @@ private:
     void searchInPlace();
     void takeDatabaseState();
     void firstFill();
+    // The filter's clauses, and what was asked besides them.
+    KSql asked() const;
+    void takeRequest();
     void fill(const KSql &filter);
     void fillInPlace(const KSql &filter);
     void updateCommands();
@@ -201,6 +212,7 @@ private:
     bool m_opened = false;
     bool m_exchangingRows = false;
     int m_chosenKey = 0;
+    KListRequest m_request;
     std::optional<KSql> m_filledWith;     // the filter of the rows; none while there are none to refresh
     qint64 m_leftOut = 0;                 // rows that the limit kept out
     bool m_isTableEmpty = false;          // the last fill found no row with any filter

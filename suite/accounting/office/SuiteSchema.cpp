@@ -230,6 +230,27 @@ constexpr const char *waysBack[] = {
     ", KEY bin (iBinID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
+// What records are found by: one row for each key of a record, in the spelling in which it is looked for (SearchKeys); filters of lists
+// under names; what a car's row has no room for: further pictures, small copies of them, the contract that was made from the car; calls
+// and notes on any record beside those on what is due.
+constexpr const char *findings[] = {
+    "CREATE TABLE IF NOT EXISTS SearchKeys (iKind SMALLINT NOT NULL, sKey VARCHAR(64) COLLATE utf8_bin NOT NULL, iRecordID INT NOT NULL"
+    ", KEY record (iKind,iRecordID), PRIMARY KEY (iKind,sKey,iRecordID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS SavedFilters (iID INT NOT NULL AUTO_INCREMENT, sList VARCHAR(100) COLLATE utf8_bin NOT NULL"
+    ", sName VARCHAR(100) NOT NULL, iUserID INT NOT NULL DEFAULT 0, sFilter TEXT CHARACTER SET utf8mb4, dateCreate DATETIME DEFAULT NULL"
+    ", UNIQUE KEY listName (sList,iUserID,sName), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Pictures (iID INT NOT NULL AUTO_INCREMENT, iTable INT NOT NULL DEFAULT 0, iRecordID INT NOT NULL DEFAULT 0"
+    ", iOrder INT NOT NULL DEFAULT 0, sName VARCHAR(255) DEFAULT NULL, oPicture LONGBLOB, iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL"
+    ", KEY record (iTable,iRecordID,iOrder), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS Thumbnails (iID INT NOT NULL AUTO_INCREMENT, iTable INT NOT NULL DEFAULT 0, iRecordID INT NOT NULL DEFAULT 0"
+    ", iPictureID INT NOT NULL DEFAULT 0, oPicture MEDIUMBLOB, UNIQUE KEY picture (iTable,iRecordID,iPictureID)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS CarContracts (iID INT NOT NULL AUTO_INCREMENT, iCarID INT NOT NULL, iContractID INT NOT NULL"
+    ", iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, UNIQUE KEY contract (iContractID), KEY car (iCarID)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "ALTER TABLE FollowUps ADD COLUMN iKind INT DEFAULT 0, ADD KEY promised (datePromised)",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -245,6 +266,7 @@ constexpr Step steps[] = {
     {12, receiptsFor},
     {13, treasury},
     {14, waysBack},
+    {15, findings},
 };
 
 const QString schemaSection = u"Schema"_s;
