@@ -73,7 +73,8 @@ def backup_killed(office):
     took = {"--backup": duration(folder, "--backup", office.folder("measured.sql.zst")), "--verify": duration(folder, "--verify", kept)}
     for command, seconds in took.items():
         for number in range(1, office.rounds + 1):
-            path = os.path.join(folder.path, "backups", f"killed-{number}.sql.zst") if command == "--backup" else kept
+            # A name as the program gives it: what is left of any other is nobody's to remove.
+            path = os.path.join(folder.path, "backups", f"tzauto-20260101-{number:06}.sql.zst") if command == "--backup" else kept
             kills.kill(office.random.uniform(0, seconds), command, path)
             kills.whole([now], f"{command} killed, {number}")
             kills.listed(f"{command} killed, {number}")
