@@ -36,6 +36,8 @@ struct Decision
 template <class Record>
 struct Parts
 {
+    // Takes the locks that come before that of the row.
+    std::function<void()> locks = {};
     // Runs between the decision and the row, and may set columns too.
     Step<Record> beforeRow = {};
     // Values that belong to the record and stand elsewhere (OpenedRow::Further), read under the lock of its row; they are merged
@@ -77,6 +79,8 @@ template <class Record>
 void save(const Decision<Record> &decision, const Parts<Record> &parts = {})
 {
     KTransaction::runReplayable([&] {
+        if (parts.locks)
+            parts.locks();
         Record record;
         lockForSaving(record, decision.key, decision.opened, Record::spokenName());
         record.Edit();
@@ -103,6 +107,8 @@ template <class Record>
 {
     int key = 0;
     KTransaction::runReplayable([&] {
+        if (parts.locks)
+            parts.locks();
         OfficeClosing::requireOpen();
         Record record;
         RecordCodes::lock(record.GetTableName());

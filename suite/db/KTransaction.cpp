@@ -9,6 +9,8 @@
 
 #include <QList>
 #include <QLoggingCategory>
+#include <QRandomGenerator>
+#include <QThread>
 #include <QUuid>
 
 using namespace Qt::StringLiterals;
@@ -20,6 +22,7 @@ Q_LOGGING_CATEGORY(lcUnits, "tz.units")
 using Category = CMySQLException::Category;
 
 constexpr int mostReplays = 5;
+constexpr quint32 longestPause = 4; // before the first replay, in milliseconds; twice as long before each further one
 // On a cluster, the look for an outcome may be refused because the unit itself arrives at that moment.
 constexpr int mostLooks = 5;
 
@@ -237,6 +240,8 @@ void KTransaction::runReplayable(const std::function<void()> &work, int database
         } catch (const CMySQLException &error) {
             if (error.category() != Category::LockConflict || !mayReplay || attempt >= mostReplays)
                 throw;
+            // Two that begin again at once would meet again.
+            QThread::msleep(1 + QRandomGenerator::global()->bounded(longestPause << attempt));
         }
     }
 }

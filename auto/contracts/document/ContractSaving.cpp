@@ -5,6 +5,7 @@
 
 #include "auto/contracts/document/ContractPosting.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KAccountingError.h"
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,7 @@ RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &custom
                                       const ContractSaving::PlanStep &plan = {})
 {
     RecordSaving::Parts<Contract> parts;
+    parts.locks = [] { CTblDocuments::lockBooks(); };
     parts.beforeRow = [&posted, plan](Contract &contract) {
         if (plan)
             plan(contract);

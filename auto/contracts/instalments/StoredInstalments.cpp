@@ -9,6 +9,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilPayments.h"
 #include "auto/db/ContractLock.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/db/CTblTemp.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/db/KTransaction.h"
@@ -242,6 +243,7 @@ QList<int> StoredInstalments::keysOf(const std::vector<Row> &rows)
 void StoredInstalments::save(const Owner &owner, const QList<int> &seen, const InstalmentTerms &terms, const InstalmentPlan &plan)
 {
     KTransaction::runReplayable([&] {
+        CTblDocuments::lockBooks();
         OfficeClosing::requireOpen();
         CTblAutomobilContracts contract;
         const std::vector<Row> before = requireReplaceable(contract, owner.contractID, seen);
@@ -285,6 +287,7 @@ InstalmentTerms StoredInstalments::termsOf(const std::vector<Row> &rows)
 void StoredInstalments::remove(int contractID, const QList<int> &seen)
 {
     KTransaction::runReplayable([&] {
+        CTblDocuments::lockBooks();
         OfficeClosing::requireOpen();
         CTblAutomobilContracts contract;
         requireReplaceable(contract, contractID, seen);

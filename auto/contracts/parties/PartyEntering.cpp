@@ -8,6 +8,7 @@
 #include "auto/db/PlanTrace.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/db/ContractLock.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -100,6 +101,7 @@ int PartyEntering::enter(const Party &seen, int personID)
     int yearLeft = 0;
     const ContractSide &side = ContractSide::of(seen.side);
     KTransaction::runReplayable([&] {
+        CTblDocuments::lockBooks();
         OfficeClosing::requireOpen();
         requireRightToChange();
         CTblAutomobilContracts contract;

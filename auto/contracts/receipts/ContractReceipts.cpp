@@ -8,6 +8,7 @@
 #include "auto/contracts/parties/ContractSide.h"
 #include "auto/contracts/receipts/ContractDues.h"
 #include "auto/db/ContractLock.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
@@ -217,6 +218,7 @@ void ContractReceipts::makeVoid(int contractID, const Entry &entry, const QStrin
     if (reason.trimmed().isEmpty())
         throw FieldRefused(u"لطفا دلیل ابطال را وارد نمایید."_s, u"sVoidReason"_s);
     KTransaction::runReplayable([&] {
+        CTblDocuments::lockBooks();
         OfficeClosing::requireOpen();
         requireRightToVoid();
         CTblAutomobilContracts contract;

@@ -6,6 +6,7 @@
 #include "suite/accounting/bin/RecordPackage.h"
 #include "suite/accounting/bin/RecordParts.h"
 #include "suite/accounting/bin/RecordReturn.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -122,6 +123,7 @@ BinRestoring::Restored BinRestoring::run(const Bin::Entry &shown, int database)
     Restored restored;
     KTransaction::runReplayable(
         [&] {
+            CTblDocuments::lockBooks(database);
             OfficeClosing::requireOpen(database);
             const bool isThere = lockEntry(shown.id, database);
             const std::optional<Bin::Entry> entry = isThere ? Bin::entry(shown.id, database) : std::nullopt;

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/bin/RowDeleting.h"
 
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/db/KMySQL.h"
@@ -64,6 +65,8 @@ void RowDeleting::run(KMySQL &record, const std::function<void()> &requireDeleta
     qint32 kept = 0;
     KTransaction::runReplayable(
         [&] {
+            // What is deleted may take a document along.
+            CTblDocuments::lockBooks(record.database());
             // The question may have been open for long.
             OfficeClosing::requireOpen(record.database());
             requireAsAsked(record, key, asked);

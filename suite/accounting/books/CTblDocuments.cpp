@@ -27,16 +27,6 @@ KSql documentFilter(int num, int fiscalYear)
     return KSql::formatted("iNum=%1 AND iFiscalYear=%2", num, fiscalYear);
 }
 
-// The row that is locked before a number is drawn: its holder is alone until the end of the transaction, also in
-// a fiscal year that has no document yet, where there is no last document to lock.
-void lockNumbering(CTblTemp &temp)
-{
-    temp.ExecuteQuery("SELECT iID FROM Properties WHERE sSection='Documents' AND sKey='Numbering' FOR UPDATE", true, true);
-    if (!temp.HasResultRow())
-        throw CMySQLException(CMySQLException::Category::Other, 0,
-                              u"Properties: the row that guards document numbers is missing"_s);
-}
-
 }
 
 CTblDocuments::CTblDocuments(int database)
@@ -83,11 +73,23 @@ int CTblDocuments::AddDoc(int kind, const QDateTime &date, const QString &desc, 
     return set.m_iNum;
 }
 
-int CTblDocuments::drawNumber(int fiscalYear, int database)
+// By one row: its holder is alone also in a fiscal year that has no document yet, where there is no last document to lock.
+void CTblDocuments::lockBooks(int database)
 {
+    if (!KConnection::forThread(database).inTransaction())
+        throw CMySQLException(CMySQLException::Category::Other, 0, u"Documents: the books are locked outside of a transaction"_s);
     CTblTemp temp(database);
     temp.Open(false, false, true);
-    lockNumbering(temp);
+    temp.ExecuteQuery("SELECT iID FROM Properties WHERE sSection='Documents' AND sKey='Numbering' FOR UPDATE", true, true);
+    if (!temp.HasResultRow())
+        throw CMySQLException(CMySQLException::Category::Other, 0, u"Properties: the row that guards document numbers is missing"_s);
+}
+
+int CTblDocuments::drawNumber(int fiscalYear, int database)
+{
+    lockBooks(database);
+    CTblTemp temp(database);
+    temp.Open(false, false, true);
     // Locking reads see what others have committed since this transaction began; a plain one would not.
     temp.FormatAndExecuteQuery("SELECT MAX(iNum) FROM Documents WHERE iFiscalYear=%d FOR UPDATE", fiscalYear);
     return temp.GetLongFieldValue(0) + 1;

@@ -19,6 +19,10 @@ public:
     ~CTblDocuments() override;
     QString GetTableName() const override;
 
+    // Keeps everybody else from writing documents until the transaction ends. The first lock of every unit that writes, changes or deletes
+    // one, or that locks what such a unit adds to (receipts, cheques, plans): a unit that held some of that and then waited for its
+    // turn to draw a number would hold up the one whose turn it is. Throws CMySQLException; Other outside of a transaction.
+    static void lockBooks(int database = 0);
     // Adds a header with the next number of the fiscal year and returns that number; 0 when the database is closed or the
     // fiscal year is below 1. Joins the caller's transaction; until that ends, nobody else draws a number of the
     // database, so that no two documents share one and a rollback leaves no gap. kind: see Accounts.h.

@@ -155,6 +155,7 @@ void ManualDocument::saveWhole(const OpenedRow *opened, int database)
     ManualDocument written;
     KTransaction::runReplayable(
         [&] {
+            CTblDocuments::lockBooks(database);
             OfficeClosing::requireOpen(database);
             written = edited;
             written.write(opened, database);
@@ -217,6 +218,7 @@ void ManualDocument::remove(int num, int fiscalYear, qint32 headerKey, int datab
     GetDBSetting()->RequireOpenDB();
     KTransaction::runReplayable(
         [&] {
+            CTblDocuments::lockBooks(database);
             lockForChange(num, fiscalYear, headerKey, database);
             CTblDocuments::DeleteDoc(num, fiscalYear, Accounts::documentKindManual, 0, u"by hand"_s, database);
         },

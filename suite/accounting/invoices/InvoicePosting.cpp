@@ -200,6 +200,7 @@ void fill(CTblFactors &record, const Invoice &invoice, const Frame &frame)
 // opened: nullptr when nobody looks at a stored state.
 InvoicePosting::Saved write(const Invoice &edited, const OpenedRow *opened, const Frame &frame)
 {
+    CTblDocuments::lockBooks(frame.database);
     OfficeClosing::requireOpen(frame.database);
     CTblFactors record(frame.database);
     Invoice invoice = edited;
@@ -268,6 +269,7 @@ void InvoicePosting::makeVoid(int num, int database)
     const Frame frame = currentFrame(database);
     KTransaction::runReplayable(
         [&] {
+            CTblDocuments::lockBooks(frame.database);
             OfficeClosing::requireOpen(frame.database);
             CTblFactors record(frame.database);
             lockForChange(record, num, frame);

@@ -7,6 +7,7 @@
 #include "suite/accounting/bin/RecordParts.h"
 #include "suite/accounting/bin/RecordReturn.h"
 #include "suite/accounting/bin/RecordWords.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -275,6 +276,7 @@ BinRestoring::Restored BackupRecords::restore(const QString &table, qint32 key, 
 {
     BinRestoring::Restored restored;
     KTransaction::runReplayable([&] {
+        CTblDocuments::lockBooks();
         OfficeClosing::requireOpen();
         if (!Bin::isAdministrator())
             throw KAccountingError(u"بازگرداندن از پشتیبان فقط برای مدیران ممکن است. چیزی بازنگشت."_s);

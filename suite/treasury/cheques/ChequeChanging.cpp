@@ -3,6 +3,7 @@
 
 #include "suite/treasury/cheques/ChequeChanging.h"
 
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentReversal.h"
 #include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/books/chart/Accounts.h"
@@ -219,6 +220,7 @@ void storeState(CTblCheques &cheque, ChequeState state)
 
 Changed changeUnit(const Change &change, const ChequeReceipts &receipts, int database)
 {
+    CTblDocuments::lockBooks(database);
     OfficeClosing::requireOpen(database);
     receipts.lock(!ChequeStates::counts(change.seen.state) && ChequeStates::counts(change.to));
     CTblCheques cheque(database);
@@ -259,6 +261,7 @@ void requireSayadFree(const CTblCheques &cheque, ChequeState back)
 
 void undoUnit(const Seen &seen, const ChequeReceipts &receipts, const QString &why, int database)
 {
+    CTblDocuments::lockBooks(database);
     OfficeClosing::requireOpen(database);
     receipts.lock(!ChequeStates::counts(seen.state));
     CTblCheques cheque(database);

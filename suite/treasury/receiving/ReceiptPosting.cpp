@@ -3,6 +3,7 @@
 
 #include "suite/treasury/receiving/ReceiptPosting.h"
 
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentReversal.h"
 #include "suite/accounting/books/DocumentWriter.h"
 #include "suite/accounting/books/chart/Accounts.h"
@@ -191,6 +192,7 @@ void addReceipt(CTblReceipts &receipt, const Handover &handover, const Part &par
 
 QList<Posted> saveUnit(const Handover &handover, int database)
 {
+    CTblDocuments::lockBooks(database);
     OfficeClosing::requireOpen(database);
     Records records;
     for (const Part &part : handover.parts)
@@ -276,6 +278,7 @@ void voidOne(CTblReceipts &receipt, const QString &why)
 
 void voidUnit(int chequeID, const QList<int> &keys, const Records &records, const QString &why, int database)
 {
+    CTblDocuments::lockBooks(database);
     OfficeClosing::requireOpen(database);
     lockAll(records, false);
     voidCheque(chequeID, database);
