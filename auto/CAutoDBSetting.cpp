@@ -12,7 +12,7 @@
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ReceiptLinking.h"
 #include "auto/subjects/AutoSubjects.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -11,7 +11,7 @@
 
 #include "auto/words/WordLists.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/KSettings.h"

@@ -11,7 +11,7 @@
 #include "auto/cars/matching/MatchingCars.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "host/demo/DemoRandom.h"
 #include "host/demo/RecordBulkInsert.h"
 #include "suite/accounting/frame/KApplication.h"

@@ -11,8 +11,8 @@
 #include "auto/contracts/document/ContractSaving.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/crm/persons/CTblPersons.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTableSchema.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTableSchema.h"
 
 #include <cstdio>
 

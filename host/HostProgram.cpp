@@ -44,7 +44,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/crm/persons/CompanyDetails.h"
-#include "suite/db/KTableSchema.h"
+#include "suite/db/connection/KTableSchema.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/TemporaryFolders.h"
 

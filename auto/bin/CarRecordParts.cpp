@@ -13,7 +13,7 @@
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/NamedLock.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 
 using namespace Qt::StringLiterals;

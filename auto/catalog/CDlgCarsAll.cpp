@@ -11,7 +11,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"

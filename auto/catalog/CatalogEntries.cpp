@@ -7,7 +7,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/CDBSetting.h"
 

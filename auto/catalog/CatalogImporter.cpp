@@ -9,7 +9,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/NamedLock.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 
 // What the record of cars and the source of their list have in common: the members and their bindings. Members carry the
 // names of their columns.

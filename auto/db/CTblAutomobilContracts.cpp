@@ -4,8 +4,8 @@
 #include "auto/db/CTblAutomobilContracts.h"
 
 #include "suite/treasury/followups/CTblFollowUps.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/chart/Accounts.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 
 // One row per contract between a first party (seller, lessor) and a second party (buyer, lessee). Members carry the names
 // of their columns. Amounts are in the suite's money unit, percentages 0 to 100, keys 0 when nothing is referred to.

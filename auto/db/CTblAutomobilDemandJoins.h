@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/db/AutomobilDemandColumns.h"
-#include "suite/db/KLiveCount.h"
+#include "suite/db/records/KLiveCount.h"
 
 // Read-only source of the demand list. Columns are named with their table's alias ("ad.iCode"). A demand whose person is
 // gone is not in it. A demand joins an item row for its type and another for its colour, so every filter ends with

@@ -3,9 +3,9 @@
 
 #include "auto/db/CTblAutomobilDemands.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/reminders/CTblAlarm.h"

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/db/AutomobilDemandColumns.h"
-#include "suite/db/KLiveCount.h"
+#include "suite/db/records/KLiveCount.h"
 
 // One row per demand: a customer and the car wanted. Members carry the names of their columns. Amounts are in the suite's money
 // unit, model years Shamsi or ordinary as typed, keys 0 when nothing is referred to; iAutomobilType is the key of a brand

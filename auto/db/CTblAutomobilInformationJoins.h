@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/db/AutomobilInformationColumns.h"
-#include "suite/db/KLiveCount.h"
+#include "suite/db/records/KLiveCount.h"
 
 // Read-only source of the car list: cars with the names of their model and class. Columns are named with their table's
 // alias ("ai.iCode"). A car joins an item row for its type and another for its colour, so every filter ends with

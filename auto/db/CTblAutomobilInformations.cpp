@@ -3,8 +3,8 @@
 
 #include "auto/db/CTblAutomobilInformations.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
 

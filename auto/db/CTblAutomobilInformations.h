@@ -4,7 +4,7 @@
 #pragma once
 
 #include "auto/db/AutomobilInformationColumns.h"
-#include "suite/db/KLiveCount.h"
+#include "suite/db/records/KLiveCount.h"
 
 // One row per car of the register. Members carry the names of their columns. Amounts are in the suite's money unit, keys 0
 // when nothing is referred to; iAutomobilType is the key of a brand of the catalog, iModel of a model, iBrigade of a class.

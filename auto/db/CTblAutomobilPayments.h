@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 
 // One row per instalment of a contract. The column iStatus is not bound: a row added through this class is unpaid (0), and
 // whether it is paid (1) is read and set by statements of their own.

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "auto/db/ComboRows.h"
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,8 @@
 
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/DeletedRows.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 

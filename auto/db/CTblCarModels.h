@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 
 // Models of the car catalog; iClassID is the key of the model's brand.
 class CTblCarModels : public KMySQL, private KLiveCount<CTblCarModels>

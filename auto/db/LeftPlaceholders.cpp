@@ -9,7 +9,7 @@
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QLoggingCategory>
 

@@ -4,7 +4,7 @@
 #include "auto/db/PlanTrace.h"
 
 #include "suite/accounting/changes/ChangedLines.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 
 #include <QDate>
 #include <QVariant>

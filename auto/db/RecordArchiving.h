@@ -5,8 +5,8 @@
 
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 
 // Takes a record out of the archive, and only the very one.
 namespace RecordArchiving {

@@ -4,7 +4,7 @@
 #include "auto/db/RecordCodes.h"
 
 #include "suite/accounting/office/NamedLock.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QString>
 

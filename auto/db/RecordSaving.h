@@ -8,7 +8,7 @@
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <functional>
 

@@ -6,9 +6,9 @@
 #include "auto/db/RecordCodes.h"
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KConnection.h"
-#include "suite/db/KMySQL.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KConnection.h"
+#include "suite/db/records/KMySQL.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QString>
 

@@ -4,8 +4,8 @@
 #include "auto/schema/SchemaUpgrade.h"
 
 #include "auto/schema/SchemaTables.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTableSchema.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTableSchema.h"
 
 #include <optional>
 

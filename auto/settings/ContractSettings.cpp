@@ -3,7 +3,7 @@
 
 #include "auto/settings/ContractSettings.h"
 
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/KSecurity.h"

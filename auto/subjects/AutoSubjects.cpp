@@ -16,7 +16,7 @@
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
 #include "suite/accounting/office/CTblItems.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 using namespace Qt::StringLiterals;
 

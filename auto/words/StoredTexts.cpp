@@ -3,7 +3,7 @@
 
 #include "auto/words/StoredTexts.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 namespace {
 

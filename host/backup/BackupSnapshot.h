@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 #include <QElapsedTimer>
 #include <QString>

@@ -4,7 +4,7 @@
 #include "host/backup/BackupState.h"
 
 #include "host/backup/BackupSql.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 
 using namespace Qt::StringLiterals;
 using namespace BackupSql;

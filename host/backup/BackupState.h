@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/backup/BackupManifest.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 // What a manifest says of a database, asked from it over one connection.
 namespace BackupState {

@@ -12,7 +12,7 @@
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
 #include "host/server/ToolProcess.h"
-#include "suite/db/KLongWork.h"
+#include "suite/db/connection/KLongWork.h"
 
 #include <QFileInfo>
 #include <QTemporaryFile>

@@ -7,7 +7,7 @@
 #include "host/server/DataFolder.h"
 #include "host/server/ServerError.h"
 #include "host/server/ServerPrograms.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 #include <functional>
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "host/server/ServerError.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 #include <QString>
 

@@ -4,7 +4,7 @@
 #include "host/books/CDlgAddDocument.h"
 
 #include "suite/accounting/changes/HistoryButton.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocs.h"

@@ -4,8 +4,8 @@
 #include "host/demo/DemoData.h"
 
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "host/demo/DemoCars.h"
 #include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"

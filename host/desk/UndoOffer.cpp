@@ -3,7 +3,7 @@
 
 #include "host/desk/UndoOffer.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookIcons.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KServerAddress.h"
+#include "suite/db/connection/KServerAddress.h"
 
 #include <QList>
 #include <QString>

@@ -7,7 +7,7 @@
 #include "host/keeping/BackupsHere.h"
 #include "host/keeping/CDlgBackupPassphrase.h"
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/CardPage.h"

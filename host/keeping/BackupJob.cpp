@@ -6,7 +6,7 @@
 #include "host/backup/BackupFiles.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/ServerError.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 
 #include <QFileInfo>
 

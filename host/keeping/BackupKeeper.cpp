@@ -15,8 +15,8 @@
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/utility/values/KSettings.h"
 
 #include <QFileInfo>

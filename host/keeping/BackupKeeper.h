@@ -7,7 +7,7 @@
 #include "host/keeping/BackupProcess.h"
 #include "host/keeping/BackupStanding.h"
 #include "host/server/DataFolder.h"
-#include "suite/db/KLease.h"
+#include "suite/db/connection/KLease.h"
 
 #include <QObject>
 #include <QSet>

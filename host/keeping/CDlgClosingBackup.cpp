@@ -7,7 +7,7 @@
 #include "host/keeping/BackupKeeper.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/utility/frame/CardPage.h"
 #include "suite/utility/look/LookFonts.h"
 

@@ -4,8 +4,8 @@
 #include "host/recovery/RestoreLoss.h"
 
 #include "host/recovery/BackupListing.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
 
 using namespace Qt::StringLiterals;
 

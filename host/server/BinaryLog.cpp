@@ -6,7 +6,7 @@
 #include "host/server/Platform.h"
 #include "host/server/ServerConfig.h"
 #include "host/server/ServerError.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 #include <QDateTime>
 #include <QDir>

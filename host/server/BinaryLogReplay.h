@@ -5,7 +5,7 @@
 
 #include "host/server/BinaryLog.h"
 #include "host/server/ServerPrograms.h"
-#include "suite/db/KConnectionSettings.h"
+#include "suite/db/connection/KConnectionSettings.h"
 
 #include <QDateTime>
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "host/server/DataFolder.h"
 #include "host/server/ServerError.h"
 #include "host/server/ServerOptions.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KConnectionSettings.h"
+#include "suite/db/connection/KConnectionSettings.h"
 #include "host/server/ServerPrograms.h"
 
 #include <functional>

@@ -3,7 +3,7 @@
 
 #include "host/start/CDlgFirstStart.h"
 
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -3,7 +3,7 @@
 
 #include "host/start/DatabaseInfo.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,7 +6,7 @@
 #include "suite/accounting/changes/OfficeEvents.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <QCryptographicHash>
 #include <QLoggingCategory>

@@ -3,7 +3,7 @@
 
 #include "host/start/OfficeServer.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "host/start/CDlgServerPassword.h"
 #include "host/start/OfficeAccount.h"
 #include "host/frame/HostOptions.h"

@@ -3,7 +3,7 @@
 
 #include "host/start/SchemaGuard.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 #include <QRegularExpression>
 #include <QScopedValueRollback>

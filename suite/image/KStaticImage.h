@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KLongBinary.h"
+#include "suite/db/connection/KLongBinary.h"
 #include "suite/image/PictureIntake.h"
 #include "suite/image/TzImageExport.h"
 

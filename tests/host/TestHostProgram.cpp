@@ -17,7 +17,7 @@
 #include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "host/recovery/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"

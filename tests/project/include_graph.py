@@ -20,7 +20,8 @@ from pathlib import Path, PurePosixPath
 # From below. Folders on one line may see each other, as long as there is no circle.
 FLOORS = [
     ["suite/sql"],
-    ["suite/db"],
+    ["suite/db/connection"],
+    ["suite/db/records"],
     ["suite/utility"],
     ["suite/accounting/frame"],
     ["suite/accounting/office"],

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <QMap>
 #include <QStringList>

@@ -5,7 +5,7 @@
 
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilDemands.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 
 int DemandArchiving::archiveOldOnes(int userID, int database)
 {

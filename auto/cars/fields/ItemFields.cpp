@@ -7,7 +7,7 @@
 #include "auto/cars/fields/ParameterNumber.h"
 #include "auto/cars/fields/TickedChoice.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
 #include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -7,7 +7,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 
 #include <QHash>
 #include <QStringList>

@@ -5,7 +5,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/changes/RowChanged.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <algorithm>
 

@@ -9,7 +9,7 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;

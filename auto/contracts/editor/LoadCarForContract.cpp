@@ -4,7 +4,7 @@
 #include "auto/contracts/editor/LoadCarForContract.h"
 
 #include "auto/db/CTblAutomobilInformations.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/crm/persons/CTblPersons.h"
 
 using namespace Qt::StringLiterals;

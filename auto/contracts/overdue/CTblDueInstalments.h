@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 
 // Read-only source of the overdue desk: the unpaid instalments of contracts that count - not void - with their
 // contract (ac), payer (p) and the last call about them (fu). Columns are named with their table's alias ("ap.date").

@@ -5,7 +5,7 @@
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/CTblReceipts.h"
 
 #include <QList>

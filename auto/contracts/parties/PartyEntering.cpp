@@ -13,8 +13,8 @@
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/CTblPersons.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 

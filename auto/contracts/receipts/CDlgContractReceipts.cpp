@@ -12,7 +12,7 @@
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/treasury/receipts/VoidingTogether.h"
 #include "suite/treasury/receiving/CDlgReceiptPaper.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"

@@ -12,7 +12,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/CTblReceipts.h"
 #include "suite/utility/values/Money.h"
 

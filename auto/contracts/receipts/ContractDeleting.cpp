@@ -8,7 +8,7 @@
 #include "auto/db/ContractLock.h"
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/ChequeStates.h"
 #include "suite/utility/values/Money.h"
 

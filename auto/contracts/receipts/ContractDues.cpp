@@ -6,7 +6,7 @@
 #include "auto/contracts/document/ContractDocumentRows.h"
 #include "auto/contracts/parties/ContractSide.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/CTblReceipts.h"
 
 using namespace Qt::StringLiterals;

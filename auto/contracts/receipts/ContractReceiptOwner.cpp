@@ -15,7 +15,7 @@
 #include "auto/settings/ContractSettings.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/Money.h"
 
 #include <algorithm>

@@ -11,8 +11,8 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/ReceiptPurpose.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/treasury/records/CTblReceipts.h"
 
 #include <QLoggingCategory>

@@ -3,7 +3,7 @@
 
 #include "auto/reports/season/PayableAmount.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "auto/reports/season/SeasonBounds.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/office/Placeholders.h"

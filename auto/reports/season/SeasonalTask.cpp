@@ -3,7 +3,7 @@
 
 #include "auto/reports/season/SeasonalTask.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,7 +4,7 @@
 #include "suite/accounting/attachments/CDlgFileDocs.h"
 
 #include "suite/accounting/changes/OfficeEvents.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/accounting/attachments/AttachmentCopy.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"

@@ -4,9 +4,9 @@
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 
 #include "suite/accounting/changes/RecordSubjects.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KLookup.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KLookup.h"
+#include "suite/db/connection/KTransaction.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,8 +3,8 @@
 
 #include "suite/accounting/attachments/CTblCustomFields.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/RowEdit.h"
 #include "suite/utility/values/TextStandard.h"

@@ -4,8 +4,8 @@
 #include "suite/accounting/attachments/CTblFileDocs.h"
 
 #include "suite/accounting/changes/RecordSubjects.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/accounting/frame/KAccountingError.h"

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KLongBinary.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/connection/KLongBinary.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QList>

@@ -11,12 +11,12 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KLease.h"
-#include "suite/db/KMySQL.h"
-#include "suite/db/KTableSchema.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KLease.h"
+#include "suite/db/records/KMySQL.h"
+#include "suite/db/connection/KTableSchema.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QLoggingCategory>
 #include <QSysInfo>

@@ -12,9 +12,9 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QStringList>
 

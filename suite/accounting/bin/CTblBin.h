@@ -4,8 +4,8 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 
 // The entries of the bin, for lists. They are written by Bin alone.
 class TZACCOUNTINGDATA_EXPORT CTblBin : public KMySQL, private KLiveCount<CTblBin>

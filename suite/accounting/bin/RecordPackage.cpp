@@ -5,7 +5,7 @@
 
 #include "suite/accounting/bin/RecordParts.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
-#include "suite/db/KWholeRow.h"
+#include "suite/db/records/KWholeRow.h"
 
 #include <QList>
 #include <QString>

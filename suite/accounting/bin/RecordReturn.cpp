@@ -9,9 +9,9 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/NamedLock.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KMySQL.h"
 
 #include <algorithm>
 

@@ -6,8 +6,8 @@
 #include "suite/accounting/bin/RecordPackage.h"
 #include "suite/accounting/bin/RecordParts.h"
 #include "suite/accounting/changes/RecordSubjects.h"
-#include "suite/db/KLookup.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLookup.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

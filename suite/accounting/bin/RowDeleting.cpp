@@ -6,8 +6,8 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
-#include "suite/db/KMySQL.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/KMySQL.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <algorithm>
 

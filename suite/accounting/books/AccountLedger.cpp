@@ -6,7 +6,7 @@
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/ReceiptMethods.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QHash>

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/books/CTblDocs.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/books/chart/Accounts.h"

@@ -4,8 +4,8 @@
 #pragma once
 
 #include "suite/accounting/books/DocumentRow.h"
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
 // Headers of the accounting documents. A document is known by its number within its fiscal year; number 0 means no

@@ -3,8 +3,8 @@
 
 #include "suite/accounting/books/DocumentRows.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/accounting/books/CTblDocs.h"
 
 using namespace Qt::StringLiterals;

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/chart/AccountChart.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

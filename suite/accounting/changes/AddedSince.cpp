@@ -4,7 +4,7 @@
 #include "suite/accounting/changes/AddedSince.h"
 
 #include "suite/accounting/changes/RowChanged.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 AddedSince::AddedSince(QString table, int database)
     : m_table(std::move(table))

@@ -3,8 +3,8 @@
 
 #include "suite/accounting/changes/CDlgRowConflict.h"
 
-#include "suite/db/KLookup.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLookup.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"

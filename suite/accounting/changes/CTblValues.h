@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
 #include <deque>

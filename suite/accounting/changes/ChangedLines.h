@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KChangedValues.h"
+#include "suite/db/records/KChangedValues.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QStringList>

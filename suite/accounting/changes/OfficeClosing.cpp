@@ -5,8 +5,8 @@
 
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
 
 using namespace Qt::StringLiterals;
 

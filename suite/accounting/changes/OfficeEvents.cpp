@@ -4,9 +4,9 @@
 #include "suite/accounting/changes/OfficeEvents.h"
 
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QScopeGuard>
 #include <QSysInfo>

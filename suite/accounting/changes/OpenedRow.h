@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KMySQL.h"
-#include "suite/db/RowMerge.h"
+#include "suite/db/records/KMySQL.h"
+#include "suite/db/records/RowMerge.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 #include "suite/accounting/changes/RowChanged.h"
 

@@ -3,8 +3,8 @@
 
 #include "suite/accounting/changes/RecordSubjects.h"
 
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KMySQL.h"
 
 #include <algorithm>
 #include <vector>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
-#include "suite/db/KChangedValues.h"
+#include "suite/db/records/KChangedValues.h"
 
 #include <QList>
 #include <QStringList>

@@ -4,8 +4,8 @@
 #include "suite/accounting/changes/RowChanged.h"
 
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 using namespace Qt::StringLiterals;

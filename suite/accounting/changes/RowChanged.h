@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/RowMerge.h"
+#include "suite/db/records/RowMerge.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 #include "suite/accounting/frame/KAccountingError.h"
 

@@ -6,7 +6,7 @@
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/office/NamedLock.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 
 RowEdit::RowEdit(KMySQL &record, qint32 key, QList<QStringList> groups)
     : m_record(record)

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 
 #include <QMap>
 

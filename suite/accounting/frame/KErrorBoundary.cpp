@@ -5,7 +5,7 @@
 
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>

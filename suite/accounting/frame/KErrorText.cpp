@@ -5,7 +5,7 @@
 
 #include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 
 #include <QRegularExpression>
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
 // The log of changes as rows that are read; KChangeLog writes them.

@@ -9,7 +9,7 @@
 #include "suite/accounting/history/HistoryWords.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 
 #include <QMap>
 #include <QSet>

@@ -4,8 +4,8 @@
 #include "suite/accounting/history/HistoryWords.h"
 
 #include "suite/accounting/changes/RecordSubjects.h"
-#include "suite/db/KLookup.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLookup.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/accounting/invoices/Invoice.h"
 
 // Invoices of services. The key is the invoice's number; sales and purchases share one run of numbers. Written by

@@ -3,10 +3,10 @@
 
 #include "suite/accounting/invoices/InvoicePosting.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KLookup.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KLookup.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/changes/ChangedLines.h"
 #include "suite/accounting/changes/OfficeClosing.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/lists/KListRows.h"
 
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 using namespace Qt::StringLiterals;

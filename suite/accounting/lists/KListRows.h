@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/lists/KListColumn.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 
 #include <vector>
 

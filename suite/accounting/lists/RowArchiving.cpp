@@ -5,9 +5,9 @@
 
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/changes/RowChanged.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KMySQL.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KMySQL.h"
+#include "suite/db/connection/KTransaction.h"
 
 bool RowArchiving::run(KMySQL &record, int key, const std::function<void(KMySQL &)> &archive)
 {

@@ -5,8 +5,8 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/NamedLock.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QLoggingCategory>

@@ -3,9 +3,9 @@
 
 #include "suite/accounting/office/KSecurity.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/office/CTblUserRights.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/office/OfficeSession.h"
 
-#include "suite/db/KLease.h"
+#include "suite/db/connection/KLease.h"
 
 #include <QCoreApplication>
 #include <QSysInfo>

@@ -3,8 +3,8 @@
 
 #include "suite/accounting/office/OfficeSettings.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 

@@ -4,7 +4,7 @@
 #include "suite/accounting/office/Placeholders.h"
 
 #include "suite/accounting/office/OfficeSession.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <QHash>
 

@@ -3,9 +3,9 @@
 
 #include "suite/accounting/office/SuiteSchema.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KLease.h"
-#include "suite/db/KTableSchema.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KLease.h"
+#include "suite/db/connection/KTableSchema.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KAccountingError.h"
 

@@ -14,10 +14,10 @@
 #include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KChangeLog.h"
-#include "suite/db/KMySQL.h"
-#include "suite/db/KTableSchema.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/KChangeLog.h"
+#include "suite/db/records/KMySQL.h"
+#include "suite/db/connection/KTableSchema.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <QHash>
 

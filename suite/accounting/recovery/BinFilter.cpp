@@ -8,7 +8,7 @@
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/lists/FilterClauses.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 using namespace Qt::StringLiterals;
 

@@ -12,7 +12,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/recovery/BinFilter.h"
 #include "suite/accounting/recovery/CDlgBinEntry.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
 #include <algorithm>

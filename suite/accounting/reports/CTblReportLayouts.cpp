@@ -3,7 +3,7 @@
 
 #include "suite/accounting/reports/CTblReportLayouts.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/utility/values/TextStandard.h"

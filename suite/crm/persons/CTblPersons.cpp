@@ -3,7 +3,7 @@
 
 #include "suite/crm/persons/CTblPersons.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/TextStandard.h"
 
 using namespace Qt::StringLiterals;

@@ -3,7 +3,7 @@
 
 #include "suite/crm/persons/CTblPersonsMini.h"
 
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 
 using namespace Qt::StringLiterals;
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/persons/CompanyDetails.h"
 
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/values/TextStandard.h"

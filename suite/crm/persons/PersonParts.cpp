@@ -5,7 +5,7 @@
 
 #include "suite/accounting/bin/RecordParts.h"
 #include "suite/accounting/frame/RecordKinds.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 using namespace Qt::StringLiterals;
 

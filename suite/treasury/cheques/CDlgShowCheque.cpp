@@ -7,7 +7,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/treasury/cheques/CDlgChequeHistory.h"
 #include "suite/treasury/records/CTblCheques.h"
 #include "suite/treasury/records/CTblReceipts.h"

@@ -4,7 +4,7 @@
 #include "suite/treasury/cheques/ChequeHistory.h"
 
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/treasury/records/CTblChequeChanges.h"
 #include "suite/treasury/records/CTblCheques.h"
 #include "suite/treasury/records/CTblReceipts.h"

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/CTblChequeChanges.h"
 #include "suite/treasury/records/CTblCheques.h"
 #include "suite/treasury/records/ChequeStates.h"

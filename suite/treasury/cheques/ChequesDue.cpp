@@ -3,7 +3,7 @@
 
 #include "suite/treasury/cheques/ChequesDue.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <algorithm>
 

@@ -7,8 +7,8 @@
 #include "suite/accounting/changes/OfficeClosing.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/treasury/records/ReceiptOwners.h"
 
 using namespace Qt::StringLiterals;

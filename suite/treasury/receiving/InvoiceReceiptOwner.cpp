@@ -10,7 +10,7 @@
 #include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/office/NamedLock.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/ChequeStates.h"
 #include "suite/utility/values/Money.h"
 

@@ -3,7 +3,7 @@
 
 #include "suite/treasury/receiving/MoneyOnAccount.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/CTblReceipts.h"
 
 double MoneyOnAccount::of(int personID, int database)

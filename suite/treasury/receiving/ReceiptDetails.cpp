@@ -5,7 +5,7 @@
 
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/office/CTblUsers.h"
-#include "suite/db/KLookup.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/treasury/records/CTblCheques.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/treasury/TzTreasuryDataExport.h"
 
 // The steps of cheques from one state to another, oldest first by key. One that was undone stays, void.

@@ -3,8 +3,8 @@
 
 #pragma once
 
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/treasury/TzTreasuryDataExport.h"
 
 // Received and given cheques. A cheque comes in or goes out by receipts or payments (Receipts.iChequeID), and changes its state by

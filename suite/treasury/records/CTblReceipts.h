@@ -4,8 +4,8 @@
 #pragma once
 
 #include "suite/accounting/office/ReceiptMethods.h"
-#include "suite/db/KLiveCount.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KLiveCount.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/treasury/TzTreasuryDataExport.h"
 
 // Money received from persons and paid to them; the key is the number of the receipt. Each stands on its own accounting document

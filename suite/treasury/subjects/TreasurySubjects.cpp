@@ -6,7 +6,7 @@
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
 #include "suite/accounting/frame/RecordKinds.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/treasury/records/CTblChequeChanges.h"
 #include "suite/treasury/records/CTblCheques.h"

@@ -3,7 +3,7 @@
 
 #include "suite/utility/forms/FormControl.h"
 
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/forms/KFormField.h"
 
 #include <QWidget>

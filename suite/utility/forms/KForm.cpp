@@ -3,7 +3,7 @@
 
 #include "suite/utility/forms/KForm.h"
 
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -3,7 +3,7 @@
 
 #include "suite/utility/frame/KDialogTabPage.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/frame/KTabHost.h"
 
 #include <QShowEvent>

@@ -3,7 +3,7 @@
 
 #include "suite/utility/frame/KWaitNotice.h"
 
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KWaiter.h"
+#include "suite/db/connection/KWaiter.h"
 #include "suite/utility/TzUtilityExport.h"
 
 #include <QObject>

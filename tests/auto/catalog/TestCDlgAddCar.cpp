@@ -5,7 +5,7 @@
 
 #include "suite/accounting/changes/RecordHistory.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/office/TestOffice.h"

@@ -9,7 +9,7 @@
 #include "auto/db/CTblCarModels.h"
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/office/TestOffice.h"

@@ -4,7 +4,7 @@
 #include "auto/catalog/CatalogImporter.h"
 
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"

@@ -11,7 +11,7 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/reports/CTblReportLayouts.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/utility/entries/KDateEdit.h"

@@ -9,7 +9,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/KPersonField.h"

@@ -8,7 +8,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 
 #include <QFile>
 #include <QHash>

@@ -3,7 +3,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"

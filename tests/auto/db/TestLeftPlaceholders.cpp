@@ -8,8 +8,8 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KLease.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KLease.h"
+#include "suite/db/connection/KTransaction.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -7,7 +7,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/RecordSaving.h"
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/RegisteredTest.h"
 

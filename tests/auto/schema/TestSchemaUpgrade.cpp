@@ -3,8 +3,8 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "auto/schema/SchemaUpgrade.h"
-#include "suite/db/CMySQLException.h"
-#include "suite/db/KTableSchema.h"
+#include "suite/db/connection/CMySQLException.h"
+#include "suite/db/connection/KTableSchema.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"

@@ -17,7 +17,7 @@
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/reminders/CTblAlarm.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -5,7 +5,7 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorText.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

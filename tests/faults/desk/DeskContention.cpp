@@ -5,8 +5,8 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/changes/OpenedRow.h"
-#include "suite/db/CMySQLException.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/CMySQLException.h"
+#include "suite/db/connection/KTransaction.h"
 
 #include <memory>
 

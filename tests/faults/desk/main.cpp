@@ -11,7 +11,7 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/frame/KWaitNotice.h"
 #include "suite/utility/values/KSettings.h"
 #include "tests/faults/desk/Desk.h"

@@ -5,7 +5,7 @@
 
 #include "host/administration/CDlgAddUser.h"
 #include "host/administration/CDlgChangePassword.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"

@@ -4,7 +4,7 @@
 #include "host/backup/BackupFiles.h"
 #include "host/backup/BackupRestoring.h"
 #include "host/backup/BackupWriter.h"
-#include "suite/db/KLease.h"
+#include "suite/db/connection/KLease.h"
 #include "tests/host/backup/BackupOffice.h"
 #include "tests/support/BackupText.h"
 #include "tests/support/RegisteredTest.h"

@@ -3,7 +3,7 @@
 
 #include "host/books/CDlgDocuments.h"
 
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "host/books/CDlgAddDocument.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/books/CTblDocs.h"

@@ -10,7 +10,7 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
-#include "suite/db/KConnection.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"

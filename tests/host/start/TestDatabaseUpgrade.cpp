@@ -5,7 +5,7 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/server/ServerError.h"
-#include "suite/db/KLease.h"
+#include "suite/db/connection/KLease.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/SuiteSchema.h"

@@ -4,7 +4,7 @@
 #include "host/start/OfficeAccount.h"
 #include "host/start/OfficeServer.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/EmbeddedServer.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -5,7 +5,7 @@
 #include "host/start/DatabaseUpgrade.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CTblProperties.h"
-#include "suite/db/KLease.h"
+#include "suite/db/connection/KLease.h"
 #include "tests/host/start/OldOffice.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/StatementProxy.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "tests/support/HostileTexts.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"

@@ -3,9 +3,9 @@
 
 #include "suite/accounting/books/chart/AccountChart.h"
 
-#include "suite/db/CTblTemp.h"
-#include "suite/db/KLookup.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KLookup.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/office/CDBSetting.h"

@@ -9,7 +9,7 @@
 #include "auto/settings/ContractSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"

@@ -8,7 +8,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/BooksAgree.h"

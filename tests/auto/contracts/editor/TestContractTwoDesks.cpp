@@ -10,7 +10,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 #include "tests/auto/contracts/editor/ContractEditorTest.h"
 #include "tests/office/OtherDesk.h"

@@ -6,7 +6,7 @@
 #include "auto/contracts/instalments/PlanFollowing.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/PlannedContract.h"
 #include "tests/support/BooksAgree.h"

@@ -5,7 +5,7 @@
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/utility/values/Money.h"
 #include "tests/auto/contracts/PlannedContract.h"
 #include "tests/support/BooksAgree.h"

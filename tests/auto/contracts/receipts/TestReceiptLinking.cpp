@@ -5,7 +5,7 @@
 
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "suite/accounting/frame/KApplication.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "tests/auto/contracts/PlannedContract.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -7,7 +7,7 @@
 #include "suite/accounting/changes/SettingsEdit.h"
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/db/KChangeLog.h"
+#include "suite/db/records/KChangeLog.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 

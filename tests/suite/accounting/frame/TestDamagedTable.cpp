@@ -3,7 +3,7 @@
 
 #include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/frame/KErrorText.h"
-#include "suite/db/CMySQLException.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QTest>

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/frame/KWaitNotice.h"
 #include "tests/support/FaultProxy.h"

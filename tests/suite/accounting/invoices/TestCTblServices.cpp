@@ -5,7 +5,7 @@
 
 #include "suite/accounting/changes/RowEdit.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"

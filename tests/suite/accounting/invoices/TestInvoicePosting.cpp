@@ -5,7 +5,7 @@
 
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/invoices/InvoiceValues.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/books/CTblDocuments.h"

@@ -3,8 +3,8 @@
 
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/accounting/office/Placeholders.h"
-#include "suite/db/KLease.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KLease.h"
+#include "suite/db/connection/KTransaction.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -12,7 +12,7 @@
 #include "suite/accounting/recovery/BackupRecords.h"
 #include "suite/accounting/recovery/CDlgRecordDifferences.h"
 #include "suite/accounting/recovery/CDlgRestoreRecords.h"
-#include "suite/db/KTableSchema.h"
+#include "suite/db/connection/KTableSchema.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/receipts/PostedContract.h"

@@ -3,7 +3,7 @@
 
 #include "suite/crm/persons/PersonSearch.h"
 
-#include "suite/db/CTblTemp.h"
+#include "suite/db/records/CTblTemp.h"
 #include "tests/suite/crm/Office.h"
 #include "tests/support/RegisteredTest.h"
 

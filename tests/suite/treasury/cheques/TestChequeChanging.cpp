@@ -4,7 +4,7 @@
 #include "suite/treasury/cheques/ChequeChanging.h"
 
 #include "suite/accounting/changes/FieldRefused.h"
-#include "suite/db/KTransaction.h"
+#include "suite/db/connection/KTransaction.h"
 #include "suite/treasury/cheques/ChequeVoiding.h"
 #include "suite/treasury/cheques/ChequesDue.h"
 #include "tests/suite/treasury/cheques/ChequeOffice.h"

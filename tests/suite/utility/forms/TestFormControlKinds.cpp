@@ -6,7 +6,7 @@
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/look/FormGrid.h"
-#include "tests/suite/db/SampleRecord.h"
+#include "tests/suite/db/records/SampleRecord.h"
 #include "tests/suite/utility/forms/FormColumns.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"

@@ -11,7 +11,7 @@
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/frame/TabOrder.h"
-#include "tests/suite/db/SampleRecord.h"
+#include "tests/suite/db/records/SampleRecord.h"
 #include "tests/suite/utility/forms/FormColumns.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/TestDatabase.h"

@@ -4,7 +4,7 @@
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/look/FormGrid.h"
 
-#include "suite/db/KMySQL.h"
+#include "suite/db/records/KMySQL.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "tests/support/RegisteredTest.h"

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/db/records/KLookup.h"
+
+#include "suite/db/records/KMySQL.h"
+
+#include <mysql.h>
+
+#include <algorithm>
+
+namespace {
+
+KLookup::Source sourceOf(KMySQL &record, QStringView column)
+{
+    const KLookup::Source source = record.nameSource(column);
+    Q_ASSERT_X(!source.table.isEmpty(), "KLookup", "no names behind this column");
+    return source;
+}
+
+}
+
+QHash<int, QString> KLookup::names(const Source &source, const QList<int> &keys, int database)
+{
+    QList<int> wanted = keys;
+    std::sort(wanted.begin(), wanted.end());
+    wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
+    wanted.removeAll(0);
+    QHash<int, QString> found;
+    if (wanted.isEmpty())
+        return found;
+
+    const KSql statement = KSql::formatted("SELECT %1,%2 FROM %3 WHERE %1 IN (%4)", KSql::name(source.key), KSql::name(source.display),
+                                           KSql::name(source.table), KSql::list(wanted));
+    found.reserve(wanted.size());
+    const KConnection::Result rows = KConnection::forThread(database).run(statement);
+    while (MYSQL_ROW row = mysql_fetch_row(rows.get()))
+        found.insert(QByteArray(row[0]).toInt(), QString::fromUtf8(row[1]));
+    return found;
+}
+
+QString KLookup::name(const Source &source, int key, int database)
+{
+    return names(source, {key}, database).value(key);
+}
+
+QHash<int, QString> KLookup::names(KMySQL &record, QStringView column, const QList<int> &keys)
+{
+    return names(sourceOf(record, column), keys, record.database());
+}
+
+QString KLookup::name(KMySQL &record, QStringView column, int key)
+{
+    return name(sourceOf(record, column), key, record.database());
+}
+
+QString KLookup::name(KMySQL &record, QStringView column)
+{
+    return name(record, column, record.value(column).toInt());
+}
