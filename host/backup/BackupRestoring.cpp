@@ -8,6 +8,7 @@
 #include "host/backup/BackupState.h"
 #include "host/backup/BackupTaking.h"
 #include "host/backup/BackupTools.h"
+#include "host/backup/TableExchange.h"
 #include "host/server/BinaryLog.h"
 #include "host/server/DatabaseBootstrap.h"
 #include "host/server/EmbeddedServer.h"
@@ -92,189 +93,6 @@ void markRestored(const BackupFile &file, KConnection &connection, const QString
                    + (keepsValues ? ',' + BackupSql::text(QString::fromUtf8(values)) : QByteArray()) + ')');
 }
 
-// Comments of the databases beside the office's; no RENAME moves a comment, and no backup holds it. Nothing that lacks one is ever dropped.
-const QString markOfOurs = u"TzAuto restoring"_s;
-const QString markOfCopied = markOfOurs + u", copied"_s; // or nobody wants a copy
-
-// The two databases beside the office's, for as long as a restoring takes, and the order in which they come and go.
-class Exchange
-{
-public:
-    Exchange(KConnection &connection, const QString &database)
-        : m_connection(connection)
-        , m_database(database)
-        , m_aside(database + u"_restoring"_s)
-        , m_replaced(database + u"_replaced"_s) { }
-
-    // The server would notice the end of the connection only a little later, when the next restoring may have asked already.
-    ~Exchange()
-    {
-        try {
-            if (m_isLocked)
-                m_connection.run("DO RELEASE_LOCK(" + lockName() + ')');
-        } catch (const CMySQLException &error) {
-            qCWarning(lcRestoring).noquote() << "the lock of restoring goes with its connection:" << error.GetErrorMessage();
-        }
-    }
-    Exchange(const Exchange &) = delete;
-    Exchange &operator=(const Exchange &) = delete;
-
-    QString aside() const { return m_aside; }
-    QString replaced() const { return m_replaced; }
-
-    // Ends with the connection, also when the program is killed.
-    bool lock()
-    {
-        m_isLocked = BackupSql::value(m_connection, "SELECT GET_LOCK(" + lockName() + ",0)") == "1";
-        return m_isLocked;
-    }
-
-    // Throws ServerError when somebody else's database has a name that is needed.
-    void requireOwnNames()
-    {
-        for (const QString &database : {m_aside, m_replaced}) {
-            if (!mayBeDropped(database))
-                throw ServerError(ServerError::Kind::DumpFailed,
-                                  u"پایگاه داده «\u2068%1\u2069» را این برنامه نساخته است و بازگرداندن به نام آن نیاز دارد؛ تغییر نام یا حذف آن را از مسئول سرور بخواهید."_s.arg(database),
-                                  u"not ours: "_s + database);
-        }
-    }
-
-    void beginAside()
-    {
-        drop(m_aside);
-        make(m_aside, markOfOurs);
-    }
-
-    // Before the tables have changed places.
-    void giveUp()
-    {
-        drop(m_aside);
-        if (BackupSql::tablesOf(m_connection, m_replaced).isEmpty())
-            drop(m_replaced);
-    }
-
-    // One RENAME moves the old tables out and the new ones in, so that nobody ever sees none or only half of them. isCopyWanted: the old ones stay
-    // until markCopied.
-    void run(bool isCopyWanted)
-    {
-        make(m_replaced, isCopyWanted ? markOfOurs : markOfCopied);
-        QByteArrayList moves;
-        move(BackupSql::tablesOf(m_connection, m_database), m_database, m_replaced, moves);
-        move(BackupSql::tablesOf(m_connection, m_aside), m_aside, m_database, moves);
-        m_connection.run("RENAME TABLE " + moves.join(", "));
-    }
-
-    // Where the answer to the RENAME was lost, the tables say what became of it.
-    bool hasHappened()
-    {
-        return BackupSql::tablesOf(m_connection, m_aside).isEmpty() && !BackupSql::tablesOf(m_connection, m_replaced).isEmpty();
-    }
-
-    // All that is in the replaced tables is in a backup.
-    void markCopied()
-    {
-        m_connection.run("ALTER DATABASE " + BackupSql::name(m_replaced) + " COMMENT " + BackupSql::text(markOfCopied));
-    }
-
-    void dropReplaced() { drop(m_replaced); }
-
-    void finish()
-    {
-        drop(m_replaced);
-        drop(m_aside);
-    }
-
-    // Replaced tables of which nobody knows that they are in a backup.
-    bool holdsUncopied()
-    {
-        return mark(m_replaced) == markOfOurs && !BackupSql::tablesOf(m_connection, m_replaced).isEmpty();
-    }
-
-    // After a kill: the exchange has happened, or it has not, and which can be seen from where the tables are.
-    void clean()
-    {
-        const QStringList waiting = isOurs(m_aside) ? BackupSql::tablesOf(m_connection, m_aside) : QStringList();
-        const QStringList replaced = isOurs(m_replaced) ? BackupSql::tablesOf(m_connection, m_replaced) : QStringList();
-        const QStringList present = BackupSql::tablesOf(m_connection, m_database);
-        if (!replaced.isEmpty() && (present.isEmpty() || !waiting.isEmpty())) {
-            // Tables that stand nowhere else go back; with others of their names in their place, nobody can tell which are meant.
-            QByteArrayList moves;
-            QStringList home;
-            for (const QString &table : replaced) {
-                if (!present.contains(table, Qt::CaseInsensitive))
-                    home << table;
-            }
-            move(home, m_replaced, m_database, moves);
-            if (!moves.isEmpty())
-                m_connection.run("RENAME TABLE " + moves.join(", "));
-            qCWarning(lcRestoring).noquote() << "a restoring was cut off; tables put back:" << home.join(u' ');
-            if (home.size() < replaced.size())
-                return;
-        }
-        if (holdsUncopied())
-            qCWarning(lcRestoring).noquote() << m_replaced << "stays: a restoring was cut off before what was saved last was in a backup";
-        else if (mayBeDropped(m_replaced))
-            drop(m_replaced);
-        if (mayBeDropped(m_aside))
-            drop(m_aside);
-        for (const QString &database : {m_aside, m_replaced}) {
-            if (!mayBeDropped(database))
-                qCWarning(lcRestoring).noquote() << database << "stays: no restoring has made it";
-        }
-    }
-
-private:
-    QByteArray lockName() const { return BackupSql::text(u"tzauto restoring "_s + m_database.left(40)); }
-
-    void make(const QString &database, const QString &mark)
-    {
-        m_connection.run("CREATE DATABASE " + BackupSql::name(database) + " COMMENT " + BackupSql::text(mark));
-    }
-
-    // The tables before the database, so that whatever a kill leaves has its mark still.
-    void drop(const QString &database)
-    {
-        if (!BackupSql::hasDatabase(m_connection, database))
-            return;
-        QByteArrayList tables;
-        const QStringList present = BackupSql::tablesOf(m_connection, database);
-        for (const QString &table : present)
-            tables << BackupSql::name(database, table);
-        if (!tables.isEmpty())
-            m_connection.run("SET STATEMENT foreign_key_checks=0 FOR DROP TABLE " + tables.join(", "));
-        m_connection.run("DROP DATABASE IF EXISTS " + BackupSql::name(database));
-    }
-
-    QString mark(const QString &database)
-    {
-        return QString::fromUtf8(
-            BackupSql::value(m_connection, "SELECT SCHEMA_COMMENT FROM information_schema.SCHEMATA WHERE SCHEMA_NAME=" + BackupSql::text(database)));
-    }
-    bool isOurs(const QString &database) { return mark(database).startsWith(markOfOurs); }
-
-    // One that is not there or has nothing in it is nobody's.
-    bool mayBeDropped(const QString &database)
-    {
-        const QByteArray name = BackupSql::text(database);
-        return isOurs(database)
-            || BackupSql::value(m_connection, "SELECT (SELECT COUNT(*) FROM information_schema.TABLES WHERE TABLE_SCHEMA=" + name + ")+(SELECT COUNT(*) FROM information_schema.ROUTINES WHERE ROUTINE_SCHEMA=" + name + ')')
-            == "0";
-    }
-
-    static void move(const QStringList &tables, const QString &from, const QString &to, QByteArrayList &moves)
-    {
-        for (const QString &table : tables)
-            moves << BackupSql::name(from, table) + " TO " + BackupSql::name(to, table);
-    }
-
-    KConnection &m_connection;
-    QString m_database;
-    QString m_aside;
-    QString m_replaced;
-    bool m_isLocked = false;
-};
-
 KConnectionSettings serverOf(KConnectionSettings settings)
 {
     settings.database.clear();
@@ -333,7 +151,7 @@ BackupFile BackupRestoring::restore(const Request &request, const BackupLoading:
     try {
         requireAlone(request);
         KConnection connection(serverOf(m_settings));
-        Exchange exchange(connection, m_settings.database);
+        TableExchange exchange(connection, m_settings.database);
         if (!exchange.lock())
             throw busy();
         exchange.clean();
@@ -480,7 +298,7 @@ void BackupRestoring::cleanLeft() const
 {
     try {
         KConnection connection(serverOf(m_settings));
-        Exchange exchange(connection, m_settings.database);
+        TableExchange exchange(connection, m_settings.database);
         if (exchange.lock())
             exchange.clean();
     } catch (const CMySQLException &error) {
