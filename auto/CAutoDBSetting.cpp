@@ -12,6 +12,7 @@
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ReceiptLinking.h"
 #include "auto/subjects/AutoSubjects.h"
+#include "auto/subjects/AutoWindows.h"
 #include "suite/db/connection/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -71,6 +72,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
 {
     ContractReceiptOwner::enter();
     AutoSubjects::enter();
+    AutoWindows::enter();
     CarRecordParts::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);

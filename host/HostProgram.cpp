@@ -3,6 +3,7 @@
 
 #include "host/HostProgram.h"
 
+#include "host/books/BookWindows.h"
 #include "host/keeping/BackupKeeper.h"
 #include "host/recovery/BackupListing.h"
 #include "host/keeping/BackupPassphrase.h"
@@ -33,8 +34,10 @@
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
+#include "suite/crm/subjects/CrmWindows.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
 #include "suite/treasury/subjects/TreasurySubjects.h"
+#include "suite/treasury/subjects/TreasuryWindows.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/DamagedTable.h"
@@ -140,6 +143,9 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     CrmSubjects::enter();
     PersonParts::enter();
     TreasurySubjects::enter();
+    CrmWindows::enter();
+    TreasuryWindows::enter();
+    BookWindows::enter();
     if (!options.moduleDir.isEmpty())
         BackupProcess::setFurtherArguments({u"--module-dir"_s, options.moduleDir});
     KErrorText::setDamageText([this](const QStringList &tables) { return damageText(tables); });

@@ -52,14 +52,14 @@ int CDlgAddAutomobilContract::addPlaceholder(const OfficeSettings &settings)
     });
 }
 
-int CDlgAddAutomobilContract::NewContract(QWidget *parent)
+int CDlgAddAutomobilContract::NewContract(QWidget *parent, int carID)
 {
     const OfficeSettings settings = readSettings();
     settings.requireOpen();
     const int key = addPlaceholder(settings);
     int saved = 0;
     const auto confirmed = [&] {
-        saved = edit(key, ContractEditorMode::New, settings, parent);
+        saved = edit(key, ContractEditorMode::New, settings, parent, carID);
         return saved != 0;
     };
     return NewRecord::keptByEditor<CTblAutomobilContracts>(key, confirmed) ? saved : 0;
@@ -72,10 +72,14 @@ bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent
     return edit(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, settings, parent) != 0;
 }
 
-int CDlgAddAutomobilContract::edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent)
+int CDlgAddAutomobilContract::edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent, int carID)
 {
     CDlgAddAutomobilContract dialog(key, mode, parent);
-    return dialog.load(settings) && dialog.exec() == QDialog::Accepted ? dialog.key() : 0;
+    if (!dialog.load(settings))
+        return 0;
+    if (carID != 0)
+        dialog.takeCar(carID);
+    return dialog.exec() == QDialog::Accepted ? dialog.key() : 0;
 }
 
 void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *parent)
@@ -287,12 +291,16 @@ bool CDlgAddAutomobilContract::takeOutOfArchive()
 void CDlgAddAutomobilContract::copyCar()
 {
     const int chosen = CDlgAutomobilInformations::SelectCar(this, m_chosenCar);
-    if (chosen == 0)
-        return;
-    const auto car = loadCarForContract(chosen);
+    if (chosen != 0)
+        takeCar(chosen);
+}
+
+void CDlgAddAutomobilContract::takeCar(int carID)
+{
+    const auto car = loadCarForContract(carID);
     if (!car)
         return;
-    m_chosenCar = chosen;
+    m_chosenCar = carID;
     const QStringList shortened = m_matter->takeVehicle(contractFromCar(*car));
     if (car->ownerID != 0) {
         // A person from the list of persons is an ordinary party.

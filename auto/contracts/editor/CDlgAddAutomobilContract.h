@@ -22,8 +22,8 @@ class CDlgAddAutomobilContract final : public CDlgRecordEditor
 
 public:
     // Adds a contract with the next code and the settings' tax and duty, and opens it. Returns its key, or 0 when
-    // the user cancelled: the contract is then deleted again.
-    static int NewContract(QWidget *parent);
+    // the user cancelled: the contract is then deleted again. carID: the car that it is about, whose vehicle and owner it takes over; 0: none yet.
+    static int NewContract(QWidget *parent, int carID = 0);
     // True when the user confirmed. False also when there is no such contract.
     static bool EditContract(int key, bool isNew, QWidget *parent);
     // refresh is set when the contract was changed meanwhile (taken out of the archive). A key below 1 does nothing.
@@ -59,7 +59,7 @@ protected:
 
 private:
     // The key of the confirmed contract, 0 when the user cancelled.
-    static int edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent);
+    static int edit(int key, ContractEditorMode mode, const OfficeSettings &settings, QWidget *parent, int carID = 0);
     void addPages(const OfficeSettings &settings);
     void applyMode();
     void showContractType(int contractType);
@@ -67,6 +67,7 @@ private:
     void savePosted();
     void showCheques();
     void copyCar();
+    void takeCar(int carID);
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;
 

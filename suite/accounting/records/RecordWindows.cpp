@@ -3,11 +3,18 @@
 
 #include "suite/accounting/records/RecordWindows.h"
 
+#include "suite/accounting/changes/RecordSubjects.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/db/records/CTblTemp.h"
 
 #include <algorithm>
 #include <memory>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,6 +23,45 @@ std::vector<std::unique_ptr<RecordWindow>> &entered()
 {
     static std::vector<std::unique_ptr<RecordWindow>> windows;
     return windows;
+}
+
+struct Further
+{
+    QString table;
+    RecordAction action;
+};
+
+std::vector<Further> &further()
+{
+    static std::vector<Further> actions;
+    return actions;
+}
+
+bool isThere(const QString &table, qint32 key)
+{
+    CTblTemp query;
+    query.Open(false, false, true);
+    query.ExecuteQuery(KSql::formatted("SELECT 1 FROM %1 WHERE iID=%2", KSql::name(table), key));
+    return query.HasResultRow();
+}
+
+// Who made it so is said where it is known.
+void tellGone(const QString &table, qint32 key, QWidget *parent)
+{
+    const RecordSubject *subject = RecordSubjects::of(table);
+    const QString what = subject ? subject->kind : u"ردیف"_s;
+    g_pDlgMessage->Show(u"این %1 دیگر در دفتر نیست؛ %2 آن را حذف کرده است."_s.arg(what, RowChanged::lastChange(table, key)), parent);
+}
+
+bool mayNow(const RecordWindow &window, bool edits)
+{
+    KSecurity security;
+    security.SetFormName(window.form);
+    security.CheckSecurity();
+    if (!edits)
+        return security.CheckReadSecurity();
+    GetDBSetting()->RequireOpenDB();
+    return security.CheckModifySecurity();
 }
 
 }
@@ -45,8 +91,17 @@ bool RecordWindows::mayOpen(const QString &table)
 
 void RecordWindows::open(const QString &table, qint32 key, bool edits, QWidget *parent)
 {
-    if (const RecordWindow *window = of(table))
-        KErrorBoundary::guarded(parent, [&] { window->open(key, edits, parent); });
+    const RecordWindow *window = of(table);
+    if (!window)
+        return;
+    KErrorBoundary::guarded(parent, [&] {
+        if (!mayNow(*window, edits))
+            return;
+        if (isThere(table, key))
+            window->open(key, edits, parent);
+        else
+            tellGone(table, key, parent);
+    });
 }
 
 void RecordWindows::openList(const QString &table, const KListRequest &request)
@@ -56,15 +111,36 @@ void RecordWindows::openList(const QString &table, const KListRequest &request)
         KErrorBoundary::guarded(nullptr, [&] { window->list(request); });
 }
 
+void RecordWindows::addAction(const QString &table, RecordAction action)
+{
+    removeAction(table, action.id);
+    further().push_back({table, std::move(action)});
+}
+
+void RecordWindows::removeAction(const QString &table, const QString &id)
+{
+    std::erase_if(further(), [&](const Further &one) { return one.table == table && one.action.id == id; });
+}
+
+void RecordWindows::run(const RecordAction &action, qint32 key, QWidget *parent)
+{
+    KErrorBoundary::guarded(parent, [&] { action.run(key, parent); });
+}
+
 QList<RecordAction> RecordWindows::actionsOf(const QString &table, qint32 key)
 {
     QList<RecordAction> actions;
+    const auto offer = [&](const RecordAction &action) {
+        if (KSecurity::IsGranted(action.form, action.right) && (!action.isOffered || action.isOffered(key)))
+            actions.append(action);
+    };
     const RecordWindow *window = of(table);
     if (!window)
         return actions;
-    for (const RecordAction &action : window->actions) {
-        if (KSecurity::IsGranted(action.form, action.right) && (!action.isOffered || action.isOffered(key)))
-            actions.append(action);
+    std::ranges::for_each(window->actions, offer);
+    for (const Further &one : further()) {
+        if (one.table == table)
+            offer(one.action);
     }
     return actions;
 }

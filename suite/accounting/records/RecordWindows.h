@@ -34,7 +34,7 @@ struct RecordWindow
     QString table;
     QString form; // of KSecurity: who may read there may open it
     QString icon;
-    // Shows the record, or edits it, in its own window. The right is checked there, and a record that is gone is told there.
+    // Shows the record, or edits it, in its own window, to a user who may, and while it is there.
     std::function<void(qint32 key, bool edits, QWidget *parent)> open;
     // Opens a page of the work area with the list of the kind, as asked. Empty: the kind has no list.
     std::function<void(const KListRequest &request)> list = {};
@@ -52,9 +52,15 @@ public:
     static const RecordWindow *of(const QString &table);
     // Whether the user may open records of the table. False for one that nobody has entered.
     static bool mayOpen(const QString &table);
-    // Nothing for a table that nobody has entered. What is thrown is reported.
+    // Nothing for a table that nobody has entered. A user without the right, or a record that is gone, is told, and so is what is thrown.
     static void open(const QString &table, qint32 key, bool edits, QWidget *parent);
     static void openList(const QString &table, const KListRequest &request);
+    // An action on records of a table whose windows a lower floor enters, behind those of its own; replaces one of the same id. It stays while
+    // the windows of the table are entered anew.
+    static void addAction(const QString &table, RecordAction action);
+    static void removeAction(const QString &table, const QString &id);
+    // Runs one of actionsOf. What is thrown is reported.
+    static void run(const RecordAction &action, qint32 key, QWidget *parent);
     // Those that the user may run on the record, in their order.
     static QList<RecordAction> actionsOf(const QString &table, qint32 key);
 };

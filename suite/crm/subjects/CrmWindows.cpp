@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/subjects/CrmWindows.h"
+
+#include "suite/accounting/books/CDlgAccountDocs.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/records/RecordWindows.h"
+#include "suite/crm/persons/CDlgAddPerson.h"
+#include "suite/crm/persons/CDlgPersons.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void openPerson(qint32 key, bool edits, QWidget *parent)
+{
+    if (edits)
+        CDlgAddPerson::Edit(parent, key);
+    else
+        CDlgAddPerson::Show(parent, key);
+}
+
+void showPersons(const KListRequest &request)
+{
+    auto *page = new CDlgPersons;
+    page->setRequest(request);
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+}
+
+}
+
+void CrmWindows::enter()
+{
+    RecordWindows::enter({.table = u"Persons"_s,
+                          .form = u"Persons"_s,
+                          .icon = u":/icons/user.svg"_s,
+                          .open = &openPerson,
+                          .list = &showPersons,
+                          .actions = {{.id = u"statement"_s, .text = u"صورتحساب"_s, .icon = u":/icons/document.svg"_s, .form = u"Documents"_s, .run = &CDlgAccountDocs::ShowPerson}}});
+}
