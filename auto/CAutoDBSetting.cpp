@@ -11,6 +11,7 @@
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ReceiptLinking.h"
+#include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
 #include "auto/subjects/AutoWindows.h"
 #include "suite/db/connection/CMySQLException.h"
@@ -73,6 +74,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
     ContractReceiptOwner::enter();
     AutoSubjects::enter();
     AutoWindows::enter();
+    AutoSearch::enter();
     CarRecordParts::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);

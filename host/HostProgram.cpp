@@ -33,9 +33,12 @@
 #include "suite/accounting/history/CDlgHistory.h"
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
+#include "suite/accounting/search/OfficeSearch.h"
+#include "suite/crm/subjects/CrmSearch.h"
 #include "suite/crm/subjects/CrmSubjects.h"
 #include "suite/crm/subjects/CrmWindows.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
+#include "suite/treasury/subjects/TreasurySearch.h"
 #include "suite/treasury/subjects/TreasurySubjects.h"
 #include "suite/treasury/subjects/TreasuryWindows.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -143,6 +146,9 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     CrmSubjects::enter();
     PersonParts::enter();
     TreasurySubjects::enter();
+    OfficeSearch::enter();
+    CrmSearch::enter();
+    TreasurySearch::enter();
     CrmWindows::enter();
     TreasuryWindows::enter();
     BookWindows::enter();

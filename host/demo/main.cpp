@@ -1,9 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/subjects/AutoSearch.h"
 #include "host/demo/ClientConfig.h"
 #include "host/demo/DemoData.h"
 #include "suite/accounting/frame/KErrorText.h"
+#include "suite/accounting/search/OfficeSearch.h"
+#include "suite/accounting/search/SearchIndex.h"
+#include "suite/crm/subjects/CrmSearch.h"
+#include "suite/treasury/subjects/TreasurySearch.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -16,6 +21,16 @@ namespace {
 
 constexpr int exitFailed = 1;
 constexpr int exitWrongOptions = 2;
+
+// Once it is filled: the keys of many records are made faster together.
+void makeSearchable()
+{
+    OfficeSearch::enter();
+    CrmSearch::enter();
+    TreasurySearch::enter();
+    AutoSearch::enter();
+    SearchIndex::build(true);
+}
 
 }
 
@@ -42,6 +57,7 @@ int main(int argc, char **argv)
     KConnection::configure(0, *settings);
     try {
         DemoData::fill(contracts);
+        makeSearchable();
     } catch (...) {
         const std::exception_ptr error = std::current_exception();
         std::fprintf(stderr, "tz-demo-data: %s\n", qUtf8Printable(KErrorText::logText(error)));

@@ -13,9 +13,14 @@
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
+#include "suite/accounting/search/OfficeSearch.h"
+#include "suite/crm/subjects/CrmSearch.h"
 #include "suite/crm/subjects/CrmSubjects.h"
+#include "suite/crm/subjects/CrmWindows.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
+#include "suite/treasury/subjects/TreasurySearch.h"
 #include "suite/treasury/subjects/TreasurySubjects.h"
+#include "suite/treasury/subjects/TreasuryWindows.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -66,6 +71,11 @@ TestOffice::TestOffice()
     CrmSubjects::enter();
     PersonParts::enter();
     TreasurySubjects::enter();
+    OfficeSearch::enter();
+    CrmSearch::enter();
+    TreasurySearch::enter();
+    CrmWindows::enter();
+    TreasuryWindows::enter();
     m_adminID = CTblUsers::create(u"مدیر"_s, u"secret"_s, u"مدیر دفتر"_s, true);
     clear();
 }
@@ -81,7 +91,7 @@ void TestOffice::clear()
     for (const char *table :
          {"AutomobilContracts", "AutomobilPayments", "AutomobilInformations", "AutomobilDemands", "AutomobilTariffs", "CarBrands",
           "CarModels", "CarClasses", "Items", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords", "Alarms",
-          "Factors", "FactorStuffs", "Services", "Placeholders"})
+          "Factors", "FactorStuffs", "Services", "Placeholders", "SearchKeys"})
         m_database.run(u"DELETE FROM "_s + QLatin1String(table));
     m_database.run(u"DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"_s);
     const QString file = m_settings.filePath(u"user.ini"_s);

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingDataExport.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+// What somebody typed into the search, as beginnings of keys (SearchText).
+struct TZACCOUNTINGDATA_EXPORT SearchQuery
+{
+    // A record is meant where one of its keys begins with one of these.
+    using Starts = QStringList;
+
+    // All of what was typed as one: a name in any order of its words, a plate, a telephone number with its blanks.
+    Starts whole;
+    // Where there are several words: a record is meant too where each of them is found in it.
+    QList<Starts> words;
+
+    bool isEmpty() const { return whole.isEmpty(); }
+    static SearchQuery of(const QString &typed);
+};
