@@ -58,7 +58,7 @@ WINDOW_NAME = re.compile(r"CDlg")
 # Qt's headers that show nothing: every other one counts as a window's.
 CORE = set("""
     QAbstractItemModel QAbstractListModel QAbstractTableModel QAnyStringView QAtomicInt QBuffer QByteArray QByteArrayView QCache QCalendar QCborArray QCborValue
-    QChar QCollator QCommandLineParser QCoreApplication QCryptographicHash QDate QDateTime QDebug QDir QDirIterator QElapsedTimer QEvent
+    QByteArrayList QChar QCollator QCommandLineParser QCoreApplication QCryptographicHash QDate QDateTime QDebug QDir QDirIterator QElapsedTimer QEvent
     QEventLoop QFile QFileInfo QFunctionPointer QHash QIODevice QItemSelectionModel QJsonArray QJsonDocument QJsonObject QJsonValue
     QLibrary QLibraryInfo QList QLocalServer QLocalSocket QLocale QLockFile QLoggingCategory QMap QMetaObject QMetaType
     QMimeData QMultiHash QMultiMap QMutex QMutexLocker QObject QPair QPointer QProcess QProcessEnvironment QQueue
