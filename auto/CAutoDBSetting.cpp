@@ -14,6 +14,7 @@
 #include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
 #include "auto/subjects/AutoWindows.h"
+#include "auto/today/AutoToday.h"
 #include "suite/db/connection/CMySQLException.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -74,6 +75,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
     ContractReceiptOwner::enter();
     AutoSubjects::enter();
     AutoWindows::enter();
+    AutoToday::enter();
     AutoSearch::enter();
     CarRecordParts::enter();
     try {

@@ -36,10 +36,12 @@
 #include "suite/accounting/search/OfficeSearch.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/crm/subjects/CrmSubjects.h"
+#include "suite/crm/subjects/CrmToday.h"
 #include "suite/crm/subjects/CrmWindows.h"
 #include "suite/treasury/receiving/InvoiceReceiptOwner.h"
 #include "suite/treasury/subjects/TreasurySearch.h"
 #include "suite/treasury/subjects/TreasurySubjects.h"
+#include "suite/treasury/subjects/TreasuryToday.h"
 #include "suite/treasury/subjects/TreasuryWindows.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -150,7 +152,9 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     CrmSearch::enter();
     TreasurySearch::enter();
     CrmWindows::enter();
+    CrmToday::enter();
     TreasuryWindows::enter();
+    TreasuryToday::enter();
     BookWindows::enter();
     if (!options.moduleDir.isEmpty())
         BackupProcess::setFurtherArguments({u"--module-dir"_s, options.moduleDir});

@@ -19,6 +19,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblAutomobilPayments.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
@@ -30,6 +31,7 @@ namespace {
 const QString contracts = u"AutomobilContracts"_s;
 const QString cars = u"AutomobilInformations"_s;
 const QString demands = u"AutomobilDemands"_s;
+const QString instalments = u"AutomobilPayments"_s;
 
 template <class Page>
 void showList(const KListRequest &request)
@@ -126,6 +128,26 @@ void enterCarWindows()
                                       statementOf<CTblAutomobilInformations>(u"ownerStatement"_s, u"صورتحساب مالک"_s, u"iPersonID"_s)}});
 }
 
+// A record of the overdue desk is an instalment: it opens the desk with all that is open of its contract.
+void openInstalment(qint32 key, bool, QWidget *)
+{
+    CTblAutomobilPayments payment;
+    payment.SetColumns({u"iAutomobilContractID"_s});
+    CTblAutomobilContracts contract;
+    contract.SetColumns({u"iCode"_s, u"iNum"_s});
+    if (payment.IsRecordExist(u"iID"_s, key) && contract.IsRecordExist(u"iID"_s, payment.m_iAutomobilContractID))
+        CDlgOverdueInstalments::showContract(contract.number());
+}
+
+void enterInstalmentWindows()
+{
+    RecordWindows::enter({.table = instalments,
+                          .form = instalments,
+                          .icon = u":/icons/calendar.svg"_s,
+                          .open = &openInstalment,
+                          .list = &showList<CDlgOverdueInstalments>});
+}
+
 void enterDemandWindows()
 {
     RecordWindows::enter({.table = demands,
@@ -143,12 +165,13 @@ AutoWindows::AutoWindows()
     enterContractWindows();
     enterCarWindows();
     enterDemandWindows();
+    enterInstalmentWindows();
 }
 
 // The functions that they hold are the module's.
 AutoWindows::~AutoWindows()
 {
-    for (const QString &table : {contracts, cars, demands})
+    for (const QString &table : {contracts, cars, demands, instalments})
         RecordWindows::remove(table);
 }
 

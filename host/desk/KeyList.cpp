@@ -64,7 +64,7 @@ QVector<KeyList::Entry> KeyList::everywhere()
         {inWindow, u"Ctrl+Tab"_s, u"صفحه باز بعدی"_s},
         {inWindow, u"Ctrl+Shift+Tab"_s, u"صفحه باز قبلی"_s},
         {inWindow, u"Ctrl+W"_s, u"بستن صفحه"_s},
-        {inWindow, u"Alt+Home"_s, u"صفحه شروع"_s},
+        {inWindow, u"Alt+Home"_s, u"امروز"_s},
         {inWindow, u"Ctrl+Z"_s, u"بازگردانی آخرین حذف"_s},
         {inLists, u"Ctrl+F"_s, u"رفتن به فیلتر جستجو"_s},
         {inLists, u"Ctrl+Shift+F"_s, u"باز و بسته کردن فيلتر"_s},

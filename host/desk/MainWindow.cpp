@@ -306,6 +306,7 @@ void MainWindow::refresh()
     m_startPage->setGreeting(u"سلام %1"_s.arg(setting->GetUserFullName()),
                              office.isEmpty() ? longDate(QDate::currentDate())
                                               : office + u"، "_s + longDate(QDate::currentDate()));
+    m_startPage->refresh();
 }
 
 void MainWindow::showNote(const QString &text)
@@ -422,13 +423,17 @@ void MainWindow::manageBackups()
 void MainWindow::showBackups(BackupKeeper &keeper)
 {
     m_keeper = &keeper;
-    const auto show = [this, &keeper] { m_status->backups()->show(keeper.standing()); };
+    const auto show = [this, &keeper] {
+        m_status->backups()->show(keeper.standing());
+        m_startPage->setBackups(keeper.standing());
+    };
     connect(&keeper, &BackupKeeper::standingChanged, this, show);
     connect(&keeper, &BackupKeeper::failed, this, [this](const QString &message) {
         m_backupFailure = message;
         tellBackupFailure();
     });
     connect(m_status->backups(), &BackupSign::clicked, this, &MainWindow::manageBackups);
+    connect(m_startPage, &StartPage::backupAsked, this, &MainWindow::takeBackup);
     show();
 }
 

@@ -3,13 +3,25 @@
 
 #include "host/desk/StartPage.h"
 
+#include "host/desk/BackupCard.h"
 #include "host/desk/LauncherRow.h"
+#include "host/desk/MonthFigures.h"
+#include "host/desk/TodayBoard.h"
+#include "host/desk/TodayCardView.h"
+#include "host/desk/TodayTones.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/records/RecordWindows.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +29,7 @@ namespace {
 
 constexpr int greetingHeight = 40;
 constexpr int besideGreeting = 12;
+constexpr int minutesBetweenReadings = 3;
 
 }
 
@@ -24,9 +37,15 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     : QWidget(parent)
     , m_greeting(new ElidedLabel(this))
     , m_line(new ElidedLabel(this))
+    , m_chips(new QHBoxLayout)
     , m_launchers(new LauncherRow(actions, this))
+    , m_board(new QWidget(this))
+    , m_columns(new TodayBoard(m_board))
+    , m_figures(new MonthFigures(m_board))
+    , m_backup(new BackupCard(m_board))
+    , m_reader([this](const TodayState &state) { show(state); })
 {
-    setAccessibleName(u"صفحه شروع"_s);
+    setAccessibleName(u"امروز"_s);
     LookFonts::apply(m_greeting, LookFonts::Use::Page);
     m_greeting->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     LookFonts::apply(m_line, LookFonts::Use::Label);
@@ -35,14 +54,33 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     head->setSpacing(LookSizes::scaled(besideGreeting));
     head->addWidget(m_greeting);
     head->addWidget(m_line, 1);
+    head->addLayout(m_chips);
+    m_chips->setSpacing(LookSizes::unit);
     m_greeting->setMinimumHeight(LookSizes::scaled(greetingHeight));
+    m_columns->addCard(m_figures, TodayCard::Figures);
+    m_columns->addCard(m_backup, TodayCard::Figures);
+    m_figures->hide();
+    m_backup->hide();
+    auto *scroll = new QScrollArea(this);
+    scroll->setWidget(m_board);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->viewport()->setAutoFillBackground(false);
+    m_board->setAutoFillBackground(false);
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit / 2, LookSizes::windowMargin, 0);
+    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit / 2, LookSizes::windowMargin, LookSizes::unit);
     column->setSpacing(LookSizes::unit);
     column->addLayout(head);
     column->addWidget(m_launchers);
-    column->addStretch(1);
+    column->addWidget(scroll, 1);
+    connect(m_backup, &BackupCard::asked, this, &StartPage::backupAsked);
+    connect(&m_clock, &QTimer::timeout, this, &StartPage::read);
+    m_clock.start(minutesBetweenReadings * 60 * 1000);
 }
+
+StartPage::~StartPage() = default;
 
 void StartPage::setGreeting(const QString &greeting, const QString &line)
 {
@@ -53,4 +91,90 @@ void StartPage::setGreeting(const QString &greeting, const QString &line)
 void StartPage::focusFirst()
 {
     m_launchers->focusFirst();
+}
+
+void StartPage::refresh()
+{
+    if (GetDBSetting()->IsLoggedIn())
+        m_reader.read();
+}
+
+// Nobody is disturbed in a window that is open before the page.
+void StartPage::read()
+{
+    if (isVisible() && !QApplication::activeModalWidget())
+        refresh();
+}
+
+void StartPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    read();
+}
+
+TodayCardView *StartPage::viewOf(const QString &card) const
+{
+    const auto found = std::ranges::find_if(m_views, [&](const TodayCardView *view) { return view->card().id == card; });
+    return found == m_views.cend() ? nullptr : *found;
+}
+
+// Cards that the user lost the right to go; those that are there keep their rows, and with them the focus.
+void StartPage::addCards(const TodayState &state)
+{
+    m_views.removeIf([&](TodayCardView *view) {
+        if (state.cards.contains(view->card().id))
+            return false;
+        view->hide();
+        view->deleteLater();
+        return true;
+    });
+    const QList<TodayCard> cards = TodayCards::cards();
+    for (const TodayCard &card : cards) {
+        if (!state.cards.contains(card.id) || viewOf(card.id))
+            continue;
+        auto *view = new TodayCardView(card, m_board);
+        m_columns->addCard(view, card.column);
+        m_views.append(view);
+        view->QWidget::show();
+        connect(view, &TodayCardView::opened, this, [this](const TodayLine &line) {
+            RecordWindows::open(line.table, line.key, false, window());
+            refresh();
+        });
+        connect(view, &TodayCardView::allAsked, this, [](const QString &table, const KListRequest &request) { RecordWindows::openList(table, request); });
+    }
+}
+
+void StartPage::show(const TodayState &state)
+{
+    if (!state.trouble.isEmpty())
+        return;
+    const QString unit = state.frame.settings ? state.frame.settings->moneyUnitName() : QString();
+    addCards(state);
+    for (TodayCardView *view : std::as_const(m_views))
+        view->show(state.cards.value(view->card().id), unit);
+    m_figures->setVisible(state.figures.has_value());
+    if (state.figures)
+        m_figures->show(*state.figures, unit);
+    showChips(state);
+    m_columns->invalidate();
+}
+
+void StartPage::showChips(const TodayState &state)
+{
+    qDeleteAll(m_chipViews);
+    m_chipViews.clear();
+    const QList<TodayCard> cards = TodayCards::cards();
+    for (const TodayCard &card : cards) {
+        const TodayContent content = state.cards.value(card.id);
+        if (card.countText.isEmpty() || content.count == 0)
+            continue;
+        m_chipViews.append(new KChip(TodayTones::chip(content.tone), card.countText.arg(content.count), this));
+        m_chips->addWidget(m_chipViews.constLast());
+    }
+}
+
+void StartPage::setBackups(const BackupStanding &standing)
+{
+    m_backup->show(standing);
+    m_backup->setVisible(standing.kind != BackupStanding::Kind::Unknown);
 }

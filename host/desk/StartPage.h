@@ -3,13 +3,24 @@
 
 #pragma once
 
+#include "host/keeping/BackupStanding.h"
+#include "suite/accounting/today/TodayReader.h"
+
+#include <QTimer>
 #include <QWidget>
 
+class BackupCard;
 class ElidedLabel;
+class KChip;
 class LauncherRow;
+class MonthFigures;
 class QAction;
+class QHBoxLayout;
+class TodayBoard;
+class TodayCardView;
 
-// The first page of the work area: a greeting and the commands that a day begins with.
+// The first page of the work area: a greeting, the commands that a day begins with, and what is due today. What it shows is read anew when the
+// page comes to the front, every few minutes while it is there, and after a record was opened from it.
 class StartPage final : public QWidget
 {
     Q_OBJECT
@@ -17,12 +28,39 @@ class StartPage final : public QWidget
 public:
     // One launcher per action, in that order; it mirrors the action's text, picture and state.
     explicit StartPage(const QList<QAction *> &actions, QWidget *parent = nullptr);
+    ~StartPage() override;
 
     void setGreeting(const QString &greeting, const QString &line);
     void focusFirst();
+    // Which cards there are follows from the user's rights: after a login, and when rights or modules changed.
+    void refresh();
+    // As read; what was shown before stays where the reading failed.
+    void show(const TodayState &state);
+    // Before that is called there is no card of the backups.
+    void setBackups(const BackupStanding &standing);
+
+Q_SIGNALS:
+    void backupAsked();
+
+protected:
+    void showEvent(QShowEvent *event) override;
 
 private:
+    void read();
+    void showChips(const TodayState &state);
+    TodayCardView *viewOf(const QString &card) const;
+    void addCards(const TodayState &state);
+
     ElidedLabel *m_greeting;
     ElidedLabel *m_line;
+    QHBoxLayout *m_chips;
+    QList<KChip *> m_chipViews;
     LauncherRow *m_launchers;
+    QWidget *m_board;
+    TodayBoard *m_columns;
+    QList<TodayCardView *> m_views;
+    MonthFigures *m_figures;
+    BackupCard *m_backup;
+    QTimer m_clock;
+    TodayReader m_reader;
 };

@@ -22,6 +22,18 @@ ContractDocumentParty partyOf(const CTblAutomobilContracts &contract, const Cont
             .duty = contract.*(side.duty)};
 }
 
+// Of the receipts r of a contract c: what counts for its commission.
+KSql countsForCommission()
+{
+    return KSql::formatted("r.iTable=%1 AND r.iFor=%2 AND r.iStatus=%3 AND r.iPersonID>0", int(CTblAutomobilContracts::recordKind),
+                           int(ReceiptPurpose::Commission), int(CTblReceipts::valid));
+}
+
+KSql receivedSum()
+{
+    return KSql::formatted("SUM(IF(r.iKind=%1,-r.dAmount,r.dAmount))", int(CTblReceipts::paid));
+}
+
 }
 
 double ContractDues::charged(const CTblAutomobilContracts &contract, int number, bool levySeparate)
@@ -56,15 +68,19 @@ QHash<int, ContractDues::Sides> ContractDues::received(const QList<int> &contrac
     if (contractIDs.isEmpty())
         return sums;
     CTblTemp receipts(database);
-    receipts.ExecuteQuery(KSql::formatted(
-        "SELECT c.iID,IF(r.iPersonID=c.iPersonFirstID,1,2) side,"
-        "SUM(IF(r.iKind=%1,-r.dAmount,r.dAmount)) FROM Receipts r JOIN AutomobilContracts c ON c.iID=r.iRecordID "
-        "WHERE r.iTable=%2 AND r.iFor=%3 AND r.iStatus=%4 AND r.iRecordID IN (%5) "
-        "AND r.iPersonID>0 AND r.iPersonID IN (c.iPersonFirstID,c.iPersonSecondID) "
-        "AND r.iSide IN (0,IF(r.iPersonID=c.iPersonFirstID,1,2)) GROUP BY c.iID,side",
-        int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(ReceiptPurpose::Commission), int(CTblReceipts::valid),
-        KSql::list(contractIDs)));
+    receipts.ExecuteQuery("SELECT c.iID,IF(r.iPersonID=c.iPersonFirstID,1,2) side," + receivedSum()
+                          + " FROM Receipts r JOIN AutomobilContracts c ON c.iID=r.iRecordID WHERE " + countsForCommission()
+                          + KSql::formatted(" AND r.iRecordID IN (%1) AND r.iPersonID IN (c.iPersonFirstID,c.iPersonSecondID) "
+                                            "AND r.iSide IN (0,IF(r.iPersonID=c.iPersonFirstID,1,2)) GROUP BY c.iID,side",
+                                            KSql::list(contractIDs)));
     for (; receipts.HasResultRow(); receipts.MoveNextResult())
         sums[receipts.GetLongFieldValue(0)].at(static_cast<std::size_t>(receipts.GetLongFieldValue(1) - 1)) = receipts.GetDoubleFieldValue(2);
     return sums;
+}
+
+KSql ContractDues::receivedOf(int side)
+{
+    const KSql person = side == 1 ? KSql("r.iPersonID=c.iPersonFirstID") : KSql("r.iPersonID=c.iPersonSecondID AND r.iPersonID<>c.iPersonFirstID");
+    return "COALESCE((SELECT " + receivedSum() + " FROM Receipts r WHERE r.iRecordID=c.iID AND " + countsForCommission() + " AND " + person
+        + KSql::formatted(" AND r.iSide IN (0,%1)),0)", side);
 }

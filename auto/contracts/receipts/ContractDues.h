@@ -10,6 +10,8 @@
 
 #include <array>
 
+#include "suite/sql/KSql.h"
+
 class CTblAutomobilContracts;
 
 // What the parties of contracts still owe for the commission. Sides are 1 and 2.
@@ -31,5 +33,7 @@ Due commission(const CTblAutomobilContracts &contract, int side, bool levySepara
 // What was received for the commission of both sides, less what was paid back, by contract, in one statement. A contract for which
 // nothing was received is not among them.
 QHash<int, Sides> received(const QList<int> &contractIDs, int database = 0);
+// The same of one side, as an expression of a statement over the contracts c.
+KSql receivedOf(int side);
 
 }

@@ -55,6 +55,8 @@ void tellGone(const QString &table, qint32 key, QWidget *parent)
 
 bool mayNow(const RecordWindow &window, bool edits)
 {
+    if (window.form.isEmpty())
+        return true;
     KSecurity security;
     security.SetFormName(window.form);
     security.CheckSecurity();
@@ -86,7 +88,7 @@ const RecordWindow *RecordWindows::of(const QString &table)
 bool RecordWindows::mayOpen(const QString &table)
 {
     const RecordWindow *window = of(table);
-    return window && KSecurity::IsGranted(window->form, KSecurity::Read);
+    return window && (window->form.isEmpty() || KSecurity::IsGranted(window->form, KSecurity::Read));
 }
 
 void RecordWindows::open(const QString &table, qint32 key, bool edits, QWidget *parent)

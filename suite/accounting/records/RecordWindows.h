@@ -32,7 +32,7 @@ struct RecordAction
 struct RecordWindow
 {
     QString table;
-    QString form; // of KSecurity: who may read there may open it
+    QString form; // of KSecurity: who may read there may open it; empty: everybody
     QString icon;
     // Shows the record, or edits it, in its own window, to a user who may, and while it is there.
     std::function<void(qint32 key, bool edits, QWidget *parent)> open;

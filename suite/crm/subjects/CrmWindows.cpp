@@ -8,6 +8,8 @@
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/crm/persons/CDlgPersons.h"
+#include "suite/crm/reminders/CDlgAddAlarm.h"
+#include "suite/crm/reminders/CDlgAlarms.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,10 +30,22 @@ void showPersons(const KListRequest &request)
     GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
 }
 
+void showReminders(const KListRequest &request)
+{
+    auto *page = new CDlgAlarms;
+    page->setRequest(request);
+    GetDBSetting()->AddDialogToTabPage_(page, 1, 0);
+}
+
 }
 
 void CrmWindows::enter()
 {
+    // Everybody may see to their own.
+    RecordWindows::enter({.table = u"Alarms"_s,
+                          .icon = u":/icons/reminder.svg"_s,
+                          .open = [](qint32 key, bool, QWidget *parent) { CDlgAddAlarm::Edit(key, parent); },
+                          .list = &showReminders});
     RecordWindows::enter({.table = u"Persons"_s,
                           .form = u"Persons"_s,
                           .icon = u":/icons/user.svg"_s,

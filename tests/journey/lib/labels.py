@@ -33,7 +33,7 @@ MANAGEMENT_MENU = "مدیریت"
 PROGRAM_MENU = "برنامه"
 OTHER_USER = "ورود با کاربر دیگر"
 LEAVE = "خروج"
-START_PAGE = "صفحه شروع"
+START_PAGE = "امروز"
 
 # Lists.
 NEW = "جديد"

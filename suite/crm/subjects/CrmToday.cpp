@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/crm/subjects/CrmToday.h"
+
+#include "suite/accounting/today/TodayCards.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/utility/values/ShamsiDate.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int oldestAge = 100;
+
+KSql dueReminders(const TodayFrame &frame)
+{
+    return KSql::formatted("iStatus=0 AND iUserID=%1 AND date<", frame.userID) + frame.begin(1);
+}
+
+TodayContent reminders(const TodayFrame &frame)
+{
+    TodayContent content;
+    content.listTable = u"Alarms"_s;
+    content.request = {.condition = dueReminders(frame), .conditionText = u"تا امروز"_s};
+    CTblTemp query(frame.database);
+    query.ExecuteQuery("SELECT iID,date,sDesc,COUNT(*) OVER() FROM Alarms WHERE " + dueReminders(frame)
+                       + KSql::formatted(" ORDER BY date,iID LIMIT %1", int(TodayContent::mostLines)));
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        const QDateTime when = query.GetDateFieldValue(1);
+        const int days = static_cast<int>(frame.today.daysTo(when.date()));
+        content.count = query.GetLongFieldValue(3);
+        content.lines.append({.table = u"Alarms"_s,
+                              .key = query.GetLongFieldValue(0),
+                              .name = query.GetTextFieldValue(2).simplified(),
+                              .chip = days == 0 ? when.time().toString(u"HH:mm"_s) : TodayCards::dayText(days),
+                              .tone = days == 0 ? TodayTone::Info : TodayTone::Overdue});
+    }
+    content.tone = content.count > 0 ? TodayTone::Info : TodayTone::Quiet;
+    return content;
+}
+
+// Everybody who was born on this day of the Shamsi year: one day of each year, which an index finds.
+KSql bornToday(const TodayFrame &frame)
+{
+    const ShamsiDate today = GetShamsi(frame.today);
+    QList<KSql> days;
+    for (int age = 1; age <= oldestAge; ++age) {
+        // Who was born on the last day of a leap year is congratulated in other years on the day before.
+        const int year = today.year - age;
+        for (int day = today.day; day <= (today.month == 12 && today.day == shamsiDaysInMonth(today.year, 12) ? 30 : today.day); ++day) {
+            if (const QDate born = ConvertToMiladi(year, today.month, day); born.isValid())
+                days.append(DateToSQL(QDateTime(born, QTime(0, 0), Qt::UTC)));
+        }
+    }
+    return days.isEmpty() ? KSql("1=0") : "iStatus=0 AND dateBirth IN (" + KSql::joined(days, ",") + ")";
+}
+
+TodayContent birthdays(const TodayFrame &frame)
+{
+    TodayContent content;
+    content.listTable = u"Persons"_s;
+    content.request = {.condition = bornToday(frame), .conditionText = u"زادروز امروز"_s};
+    CTblTemp query(frame.database);
+    query.ExecuteQuery("SELECT iID,sName2,COALESCE(NULLIF(sMobile,''),sTel),dateBirth,COUNT(*) OVER() FROM Persons WHERE " + bornToday(frame)
+                       + KSql::formatted(" ORDER BY sName2,iID LIMIT %1", int(TodayContent::mostLines)));
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        const int age = GetShamsi(frame.today).year - GetShamsi(query.GetDateFieldValue(3).date()).year;
+        content.count = query.GetLongFieldValue(4);
+        content.lines.append({.table = u"Persons"_s,
+                              .key = query.GetLongFieldValue(0),
+                              .name = query.GetTextFieldValue(1),
+                              .line = query.GetTextFieldValue(2),
+                              .chip = u"%1 سالگی"_s.arg(age),
+                              .tone = TodayTone::Good});
+    }
+    content.tone = content.count > 0 ? TodayTone::Good : TodayTone::Quiet;
+    return content;
+}
+
+}
+
+void CrmToday::enter()
+{
+    TodayCards::enter({.cards = {{.id = u"reminders"_s, .title = u"یادآوری‌های امروز"_s, .icon = u":/icons/calendar.svg"_s, .column = TodayCard::People, .emptyText = u"برای امروز یادآوری ندارید."_s, .countText = u"%1 یادآوری"_s}},
+                       .read = [](const TodayFrame &frame) { return QList{reminders(frame)}; }});
+    TodayCards::enter({.form = u"Persons"_s,
+                       .cards = {{.id = u"birthdays"_s, .title = u"زادروزهای امروز"_s, .icon = u":/icons/users.svg"_s, .column = TodayCard::People, .emptyText = u"امروز زادروز هیچ‌یک از اشخاص نیست."_s}},
+                       .read = [](const TodayFrame &frame) { return QList{birthdays(frame)}; }});
+}

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/treasury/subjects/TreasuryToday.h"
+
+#include "suite/accounting/today/TodayCards.h"
+#include "suite/db/records/CTblTemp.h"
+#include "suite/treasury/cheques/ChequesDue.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// How far the card looks ahead.
+constexpr int daysAhead = 7;
+
+// Of the cheques that the card counts, as the register's condition.
+KSql dueCheques(const TodayFrame &frame)
+{
+    return ChequesDue::openCondition() + " AND dateDue<" + frame.begin(daysAhead + 1);
+}
+
+QString chequeLine(const QString &bank, const QString &number, int kind)
+{
+    QStringList parts;
+    if (kind == CTblReceipts::paid)
+        parts.append(u"پرداختی"_s);
+    if (!bank.isEmpty())
+        parts.append(bank);
+    if (!number.isEmpty())
+        parts.append(u"چک %1"_s.arg(number));
+    return parts.join(u"، "_s);
+}
+
+TodayContent cheques(const TodayFrame &frame)
+{
+    TodayContent content;
+    content.listTable = u"Cheques"_s;
+    content.request = {.condition = dueCheques(frame), .conditionText = u"سررسید تا %1 روز دیگر"_s.arg(daysAhead)};
+    CTblTemp query(frame.database);
+    query.ExecuteQuery(KSql::formatted("SELECT Cheques.iID,Cheques.iKind,sBank,sNumber,dAmount,dateDue,IF(sDrawer<>'' AND Cheques.iKind=%1,sDrawer,p.sName2),COUNT(*) OVER() "
+                                       "FROM Cheques LEFT JOIN Persons p ON p.iID=Cheques.iPersonID WHERE ",
+                                       int(CTblReceipts::received))
+                       + dueCheques(frame) + KSql::formatted(" ORDER BY dateDue,Cheques.iID LIMIT %1", int(TodayContent::mostLines)));
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        const int days = static_cast<int>(frame.today.daysTo(query.GetDateFieldValue(5).date()));
+        content.count = query.GetLongFieldValue(7);
+        content.lines.append({.table = u"Cheques"_s,
+                              .key = query.GetLongFieldValue(0),
+                              .name = query.GetTextFieldValue(6),
+                              .line = chequeLine(query.GetTextFieldValue(2), query.GetTextFieldValue(3), query.GetLongFieldValue(1)),
+                              .amount = query.GetDoubleFieldValue(4),
+                              .chip = TodayCards::dayText(days),
+                              .tone = TodayCards::dayTone(days)});
+    }
+    content.tone = content.lines.isEmpty() ? TodayTone::Quiet : content.lines.constFirst().tone;
+    return content;
+}
+
+// By account, from the rows of its documents; a void one has none.
+TodayContent cashBox(const TodayFrame &frame)
+{
+    TodayContent content;
+    CTblTemp query(frame.database);
+    query.ExecuteQuery("SELECT m.iCode,m.sName,SUM(d.dBed-d.dBes) FROM HesabMoeen m JOIN Docs d ON d.iHesabMoeenCode=m.iCode JOIN Documents h "
+                       "ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear WHERE m.iHesabKolCode IN (1101,1102) AND h.iStatus=0 "
+                       "GROUP BY m.iCode,m.sName ORDER BY m.iCode",
+                       true, true);
+    for (; query.HasResultRow(); query.MoveNextResult()) {
+        ++content.count;
+        if (content.lines.size() < TodayContent::mostLines)
+            content.lines.append({.name = query.GetTextFieldValue(1), .amount = query.GetDoubleFieldValue(2)});
+    }
+    return content;
+}
+
+}
+
+void TreasuryToday::enter()
+{
+    TodayCards::enter({.form = u"Cheques"_s,
+                       .cards = {{.id = u"cheques"_s, .title = u"چک‌های سررسید"_s, .icon = u":/icons/receipt.svg"_s, .column = TodayCard::Money, .emptyText = u"تا یک هفته دیگر چکی سررسید نمی‌شود."_s, .countText = u"%1 چک سررسید"_s}},
+                       .read = [](const TodayFrame &frame) { return QList{cheques(frame)}; }});
+    TodayCards::enter({.form = u"Receipts"_s,
+                       .cards = {{.id = u"cash"_s, .title = u"موجودی صندوق و بانک"_s, .icon = u":/icons/money.svg"_s, .column = TodayCard::Figures, .emptyText = u"هنوز پولی دریافت یا پرداخت نشده است."_s}},
+                       .read = [](const TodayFrame &frame) { return QList{cashBox(frame)}; }});
+}
