@@ -34,6 +34,7 @@
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/accounting/search/OfficeSearch.h"
+#include "suite/accounting/search/SearchIndex.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/crm/subjects/CrmSubjects.h"
 #include "suite/crm/subjects/CrmToday.h"
@@ -52,6 +53,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/db/connection/KLongWork.h"
 #include "suite/db/connection/KTableSchema.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/values/TemporaryFolders.h"
@@ -120,6 +122,9 @@ int HostProgram::start(int argc, char **argv)
         return BackupCommands::run(options, chooseFolder(options), persian);
     }
 
+    // Nothing is shown, and there may be no screen.
+    if (options.rebuildSearch && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     HostLog::collect();
     KApplication application(argc, argv);
     KApplication::setApplicationName(u"tzhost"_s);
@@ -184,6 +189,8 @@ int HostProgram::run()
         int exitCode = 0;
         if (!prepareDespiteDamage(exitCode))
             return exitCode;
+        if (m_options.rebuildSearch)
+            return rebuildSearch();
         do {
             if (loginDespiteDamage())
                 work();
@@ -194,6 +201,15 @@ int HostProgram::run()
         tellFailure();
         return exitFailed;
     }
+}
+
+int HostProgram::rebuildSearch()
+{
+    const KLongWork work;
+    SearchIndex::build(true);
+    m_splash.hide();
+    std::puts("rebuilt");
+    return 0;
 }
 
 bool HostProgram::prepareDespiteDamage(int &exitCode)
@@ -346,7 +362,7 @@ bool HostProgram::prepareOffice()
 {
     if (m_options.demo && !m_view)
         fillDemo();
-    if (CTblUsers::anyUser())
+    if (m_options.rebuildSearch || CTblUsers::anyUser())
         return true;
     m_splash.hide();
     if (m_view) {
@@ -420,6 +436,7 @@ void HostProgram::work()
             window.markAsBackup(m_view->band());
         } else {
             connect(&shown, &QTimer::timeout, &window, &MainWindow::emptyBin);
+            connect(&shown, &QTimer::timeout, &window, &MainWindow::makeSearchable);
             window.showBackups(keeper);
             keeper.start();
         }

@@ -50,6 +50,7 @@ private:
     // Brings the schemas to this version; loads the module where it is not loaded yet.
     void prepareSchema();
     bool prepareOffice();
+    int rebuildSearch();
     void fillDemo();
     // True when a user logged in.
     bool login();

@@ -58,6 +58,7 @@ QVector<KeyList::Entry> KeyList::ofPage(const KDialogTabPage &page)
 QVector<KeyList::Entry> KeyList::everywhere()
 {
     return {
+        {inWindow, u"Ctrl+K"_s, u"جستجو در همه"_s},
         {inWindow, u"Alt"_s, u"رفتن به منوها"_s},
         {inWindow, u"F10"_s, u"باز کردن نخستین منو"_s},
         {inWindow, u"Ctrl+Shift+1"_s, u"باز کردن صفحه دیگری از همان فهرست (با هر کلید Ctrl و رقم)"_s},

@@ -19,6 +19,8 @@
 #include "host/administration/CDlgUsers.h"
 #include "host/start/DatabaseInfo.h"
 #include "host/desk/ReminderBadge.h"
+#include "host/desk/SearchBox.h"
+#include "host/desk/SearchBuilding.h"
 #include "host/desk/StartPage.h"
 #include "host/desk/StatusLine.h"
 #include "host/desk/TopBar.h"
@@ -100,6 +102,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     , m_status(new StatusLine(this))
     , m_undo(new UndoOffer(this))
     , m_reminders(m_bar->reminders())
+    , m_searchBuilding(new SearchBuilding(this))
 {
     // Once it holds the menus, whose room it asks for.
     buildMenus();
@@ -246,8 +249,19 @@ void MainWindow::buildManagementMenu()
                  Command::OnStartPage | Command::StartsGroup, u"Settings"_s},
                 {u"&بازگرداندن پشتیبان"_s, u"refresh"_s, [this] { manageBackups(); }, {}, 0, u"Settings"_s},
                 {u"پ&وشه پشتیبان‌ها"_s, u"database"_s, showFolder},
-                {u"&سطل بازیافت"_s, u"delete"_s, &showPage<CDlgBin>, {}, Command::StartsGroup | Command::OpensPage},
+                {u"بازسازی &فهرست جستجو"_s, u"search"_s, [this] { rebuildSearch(); }, {}, Command::StartsGroup | Command::OfAdministrators},
+                {u"&سطل بازیافت"_s, u"delete"_s, &showPage<CDlgBin>, {}, Command::OpensPage},
             });
+}
+
+void MainWindow::rebuildSearch()
+{
+    if (refusedInBackup())
+        return;
+    KErrorBoundary::guarded(this, [&] {
+        const QString left = u"بازسازی نیمه‌کاره ماند و در شروع بعدی برنامه ادامه می‌یابد."_s;
+        showNote(SearchBuilding::runAnew(this) ? u"فهرست جستجو بازسازی شد."_s : left);
+    });
 }
 
 void MainWindow::buildProgramMenu()
@@ -270,6 +284,8 @@ void MainWindow::buildProgramMenu()
 // Alt alone goes to the menus too, as the toolkit has it.
 void MainWindow::buildKeys()
 {
+    auto *search = new QShortcut(control(Qt::Key_K), this);
+    connect(search, &QShortcut::activated, m_bar->search(), &SearchBox::begin);
     auto *menus = new QShortcut(QKeySequence(Qt::Key_F10), this);
     connect(menus, &QShortcut::activated, this, [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
 }
@@ -336,6 +352,12 @@ void MainWindow::emptyBin()
     } catch (const CMySQLException &) {
         qCWarning(lcHost).noquote() << "bin:" << KErrorText::logText(std::current_exception());
     }
+}
+
+void MainWindow::makeSearchable()
+{
+    connect(m_searchBuilding, &SearchBuilding::progressed, m_bar->search(), &SearchBox::setNotice, Qt::UniqueConnection);
+    m_searchBuilding->start();
 }
 
 void MainWindow::tellDueReminders()

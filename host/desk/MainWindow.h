@@ -17,6 +17,7 @@
 class BackupKeeper;
 class CAutoDBSetting;
 class ReminderBadge;
+class SearchBuilding;
 class StartPage;
 class StatusLine;
 class TopBar;
@@ -54,6 +55,8 @@ public:
     void showNote(const QString &text);
     // Removes from the bin what is over, as far as no other desk does so; once after a login, and each day. An error is logged only.
     void emptyBin();
+    // Makes the keys of the search where an office from before has none yet, beside the work.
+    void makeSearchable();
     // Shows the user's due reminders, if there are any; once after a login. A database that does not answer is logged only:
     // the user's next action reports it.
     void tellDueReminders();
@@ -108,6 +111,7 @@ private:
     // Whether the user may see (or change) what concerns the whole office; reports a refusal.
     bool mayManage(bool changes);
     void editSettings();
+    void rebuildSearch();
     void takeBackup();
     void manageBackups();
     void tellBackupFailure();
@@ -131,6 +135,7 @@ private:
     StatusLine *m_status;
     UndoOffer *m_undo;
     ReminderBadge *m_reminders;
+    SearchBuilding *m_searchBuilding;
     QTimer m_clock{this};
     QDate m_binEmptied;
     bool m_switchingUser = false;

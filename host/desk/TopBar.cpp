@@ -5,6 +5,7 @@
 
 #include "host/desk/MenuPlace.h"
 #include "host/desk/ReminderBadge.h"
+#include "host/desk/SearchBox.h"
 #include "host/frame/HostLook.h"
 #include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/look/LookIcons.h"
@@ -51,7 +52,7 @@ bool isDark()
 TopBar::TopBar(QWidget *parent)
     : QWidget(parent)
     , m_menuBar(new BarMenus(this))
-    , m_searchRoom(new QWidget(this))
+    , m_search(new SearchBox(this, window()))
     , m_look(makeButton(u"moon"_s))
     , m_reminders(new ReminderBadge(this))
     , m_user(makeButton(u"user"_s))
@@ -63,8 +64,6 @@ TopBar::TopBar(QWidget *parent)
     // A desktop that shows the menus of programs itself would leave the bar without them.
     m_menuBar->setNativeMenuBar(false);
     m_menuBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    m_searchRoom->setObjectName(u"searchRoom"_s);
-    m_searchRoom->setFixedSize(0, 0);
     connect(m_user, &QToolButton::clicked, this, [this] { openMenuBelow(*m_userMenu, *m_user); });
     connect(m_look, &QToolButton::clicked, this, [] { HostLook::choose(isDark() ? HostLook::Choice::Light : HostLook::Choice::Dark); });
 
@@ -73,7 +72,7 @@ TopBar::TopBar(QWidget *parent)
     line->setSpacing(LookSizes::unit);
     line->addWidget(m_menuBar, 0, Qt::AlignVCenter);
     line->addStretch(1);
-    line->addWidget(m_searchRoom);
+    line->addWidget(m_search);
     line->addStretch(1);
     for (QToolButton *button : {m_look, static_cast<QToolButton *>(m_reminders), m_user}) {
         LookMarks::setTall(button);
@@ -127,5 +126,6 @@ void TopBar::changeEvent(QEvent *event)
 void TopBar::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
+    m_search->fit(width());
     showUser();
 }

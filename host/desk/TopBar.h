@@ -9,6 +9,7 @@ class QMenu;
 class QMenuBar;
 class QToolButton;
 class ReminderBadge;
+class SearchBox;
 
 // The bar at the top of the main window: the menus; room in its middle; at its far end the look, the reminders and the user.
 class TopBar final : public QWidget
@@ -19,8 +20,8 @@ public:
     explicit TopBar(QWidget *parent = nullptr);
 
     QMenuBar *menuBar() const { return m_menuBar; }
-    // Between the menus and the far end, in the middle of what is left. Nothing stands there yet.
-    QWidget *searchRoom() const { return m_searchRoom; }
+    // Between the menus and the far end, in the middle of what is left.
+    SearchBox *search() const { return m_search; }
     ReminderBadge *reminders() const { return m_reminders; }
     // What the user's button offers.
     QMenu *userMenu() const { return m_userMenu; }
@@ -36,7 +37,7 @@ private:
     void showUser();
 
     QMenuBar *m_menuBar;
-    QWidget *m_searchRoom;
+    SearchBox *m_search;
     QToolButton *m_look;
     ReminderBadge *m_reminders;
     QToolButton *m_user;

@@ -56,6 +56,7 @@ const QList<Option> &shownOptions()
         {"passphrase-file", "FILE", u"file whose first line encrypts or opens the backup; - for the standard input"_s,
          u"پرونده‌ای که سطر نخست آن پشتیبان را رمز یا باز می‌کند؛ - یعنی ورودی استاندارد"_s},
         {"normal-priority", nullptr, u"with --verify: do not give way to other programs"_s, u"همراه --verify: اولویت برنامه کم نشود"_s},
+        {"rebuild-search", nullptr, u"make anew what records are found by, and end"_s, u"بازسازی فهرست جستجو، و پایان"_s},
         {"help", nullptr, u"show this text"_s, u"نمایش همین متن"_s},
         {"version", nullptr, u"show the version"_s, u"نمایش نسخه برنامه"_s},
     };
@@ -185,6 +186,7 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.normalPriority = parser.isSet(u"normal-priority"_s);
     options.passphraseFile = parser.value(u"passphrase-file"_s);
     options.lookInto = parser.value(u"look-into"_s);
+    options.rebuildSearch = parser.isSet(u"rebuild-search"_s);
     options.help = parser.isSet(u"help"_s);
     options.version = parser.isSet(u"version"_s);
     options.quitAfterLoginShown = parser.isSet(u"quit-after-login-shown"_s);

@@ -4,7 +4,16 @@
 #include "tests/look/LookOffice.h"
 
 #include "auto/bin/CarRecordParts.h"
+#include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
+#include "auto/subjects/AutoWindows.h"
+#include "host/books/BookWindows.h"
+#include "suite/accounting/search/OfficeSearch.h"
+#include "suite/accounting/search/SearchIndex.h"
+#include "suite/crm/subjects/CrmSearch.h"
+#include "suite/crm/subjects/CrmWindows.h"
+#include "suite/treasury/subjects/TreasurySearch.h"
+#include "suite/treasury/subjects/TreasuryWindows.h"
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
 #include "suite/crm/subjects/CrmSubjects.h"
@@ -48,6 +57,7 @@ LookOffice::LookOffice()
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     GetDBSetting()->Login(number(u"SELECT MIN(iID) FROM Users"_s));
     fill();
+    makeSearchable();
     m_window = std::make_unique<MainWindow>(folder(), GetAutoDBSetting());
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window.get()))
@@ -81,6 +91,19 @@ void LookOffice::fill()
     scan.close();
     for (const CTblFileDocs::Scope scope : {CTblFileDocs::General, CTblFileDocs::Personal})
         CTblFileDocs::addFile(contracts, number(u"SELECT MAX(iID) FROM AutomobilContracts"_s), scope, user, scan.fileName());
+}
+
+void LookOffice::makeSearchable()
+{
+    OfficeSearch::enter();
+    CrmSearch::enter();
+    TreasurySearch::enter();
+    AutoSearch::enter();
+    CrmWindows::enter();
+    TreasuryWindows::enter();
+    BookWindows::enter();
+    AutoWindows::enter();
+    SearchIndex::build(true);
 }
 
 // The longest that an office meets.

@@ -24,6 +24,7 @@ public:
     MainWindow &window() const { return *m_window; }
     DataFolder folder() const { return DataFolder(m_folder.path()); }
     // The first number that the query finds; 0 without a row.
+    QString text(const QString &query) { return m_database.value(query); }
     int number(const QString &query) { return m_database.value(query).toInt(); }
 
     // The entry of a menu; null when there is none.
@@ -35,6 +36,7 @@ public:
 
 private:
     void fill();
+    void makeSearchable();
     void fillLong();
     void fillCheques();
 

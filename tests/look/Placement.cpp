@@ -68,7 +68,8 @@ void lookAtScrolling(const QScrollArea &area, QStringList &faults)
 bool mayCover(const QWidget &widget)
 {
     return qobject_cast<const QRubberBand *>(&widget) || qobject_cast<const QSizeGrip *>(&widget)
-        || qobject_cast<const QSplitterHandle *>(&widget) || widget.inherits("QWidgetResizeHandler");
+        || qobject_cast<const QSplitterHandle *>(&widget) || widget.inherits("QWidgetResizeHandler")
+        || widget.inherits("SearchPopup");
 }
 
 // Its pages begin under the line of its tabs.

@@ -6,6 +6,8 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
+#include "host/desk/SearchBox.h"
+#include "host/desk/SearchPopup.h"
 #include "host/start/SplashWindow.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/lists/KListPage.h"
@@ -22,6 +24,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
+#include <QListView>
 #include <QTest>
 #include <QTimer>
 
@@ -101,6 +105,26 @@ Show startPage(LookOffice &office)
         office.clear();
         settle(office.window());
         look(office.window(), {});
+    };
+}
+
+Show search(LookOffice &office, const QString &typed, int steps)
+{
+    return [&office, typed, steps](const Look &look) {
+        office.clear();
+        auto *box = office.window().findChild<SearchBox *>();
+        box->begin();
+        Hand::typeInto(*box->edit(), typed);
+        const QAbstractItemModel *hits = box->popup()->list()->model();
+        const auto isAnswered = [&] { return hits->rowCount() > 0 || box->popup()->isNothingFound(); };
+        QTRY_VERIFY(isAnswered());
+        for (int step = 0; step < steps; ++step)
+            box->popup()->step(1);
+        if (const SearchHit *hit = box->popup()->chosen(); hit && hit->kind == SearchKinds::Cars)
+            QTRY_VERIFY(Hand::named<QLabel>(&office.window(), u"درباره این یافته"_s) != nullptr);
+        settle(office.window());
+        look(office.window(), {});
+        box->close();
     };
 }
 

@@ -37,6 +37,8 @@ Show window(Arguments... arguments)
 }
 // The main window without a page.
 Show startPage(LookOffice &office);
+// What the search shows of what is typed, with one of the hits chosen.
+Show search(LookOffice &office, const QString &typed, int steps = 0);
 // A page of the main window, by the entry of the menu.
 Show page(LookOffice &office, const QString &entry, const std::function<void(KListPage &)> &prepare = {});
 // What a command of a list opens, on its first row.

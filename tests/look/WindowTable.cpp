@@ -147,6 +147,9 @@ ListReport reportOf(LookOffice &office)
 void addPages(LookOffice &office, std::vector<Entry> &entries)
 {
     entries.push_back({"start", startPage(office)});
+    entries.push_back({"search", search(office, u"احمدی"_s)});
+    entries.push_back({"search-car", search(office, office.text(u"SELECT sNumOfPlates FROM AutomobilInformations WHERE sNumOfPlates<>'' ORDER BY iID DESC LIMIT 1"_s), 1)});
+    entries.push_back({"search-nothing", search(office, u"زززز"_s)});
     entries.push_back({"menu", menus(office)});
     entries.push_back({"contracts", page(office, contracts)});
     entries.push_back({"contracts-none", page(office, contracts, [](KListPage &list) {

@@ -163,6 +163,21 @@ QList<OpenItem> ContractReceiptOwner::openItems(int personID, CTblReceipts::Kind
     return gathering.take();
 }
 
+double ContractReceiptOwner::restOf(const CTblAutomobilContracts &contract)
+{
+    double rest = 0;
+    if (contract.m_iStatus != 0 || contract.m_iDocNum < 1)
+        return rest;
+    for (const int person : QSet<int>{contract.m_iPersonFirstID, contract.m_iPersonSecondID}) {
+        Gathering gathering(person);
+        if (person > 0)
+            gathering.addReceivable(contract);
+        for (const OpenItem &item : gathering.take())
+            rest += item.rest;
+    }
+    return rest;
+}
+
 void ContractReceiptOwner::lock(int recordID, bool mustExist) const
 {
     CTblAutomobilContracts contract;

@@ -195,9 +195,16 @@ QList<SearchText::Mark> SearchText::marks(const QString &text, const QString &ty
     QStringList sought = words(typed);
     sought.append(wholePlate(typed));
     sought.append(wholeTelephone(typed));
+    const auto isPart = [&](qsizetype place) { return place >= 0 && place < text.size() && belongs(text.at(place)); };
+    // As it is found: from the beginning of a word on, or to the end of a number.
+    const auto take = [&](qsizetype from, qsizetype to) {
+        const bool isTrunkZero = from > 0 && text.at(from - 1) == u'0' && !isPart(from - 2);
+        if (!isPart(from - 1) || isTrunkZero || (!isPart(to) && text.at(to - 1).isDigit()))
+            found.append({from, to - from});
+    };
     for (const QString &word : std::as_const(sought)) {
         for (qsizetype at = word.isEmpty() ? -1 : shown.indexOf(word); at >= 0; at = shown.indexOf(word, at + word.size()))
-            found.append({places.at(at), places.at(at + word.size() - 1) + 1 - places.at(at)});
+            take(places.at(at), places.at(at + word.size() - 1) + 1);
     }
     std::ranges::sort(found, {}, &Mark::start);
     QList<Mark> apart;
