@@ -34,6 +34,7 @@ public:
     void focusFirst();
     // Which cards there are follows from the user's rights: after a login, and when rights or modules changed.
     void refresh();
+    bool isReading() const { return m_reader.isReading(); }
     // As read; what was shown before stays where the reading failed.
     void show(const TodayState &state);
     // Before that is called there is no card of the backups.

@@ -22,6 +22,8 @@ namespace {
 constexpr int rowHeight = 32;
 constexpr int chipPadding = 8;
 constexpr int gap = 12;
+// Text is measured in whole pixels and drawn in parts of them.
+constexpr int spare = 2;
 // The name gets so much of what amount and chip leave, the words beside it the rest.
 constexpr int namePercent = 55;
 
@@ -86,11 +88,11 @@ TodayRow::Places TodayRow::places() const
         rest.setRight(found.chip.left() - gap);
     }
     if (m_line.amount) {
-        const int width = strong.horizontalAdvance(DToMoney(*m_line.amount));
+        const int width = strong.horizontalAdvance(DToMoney(*m_line.amount)) + spare;
         found.amount = QRect(rest.right() - width + 1, 0, width, height());
         rest.setRight(found.amount.left() - gap);
     }
-    const int wanted = strong.horizontalAdvance(m_line.name);
+    const int wanted = strong.horizontalAdvance(m_line.name) + spare;
     const int share = m_line.line.isEmpty() ? rest.width() : std::max(rest.width() * namePercent / 100, rest.width() - gap - QFontMetrics(LookFonts::font(Use::Label)).horizontalAdvance(m_line.line));
     found.name = QRect(rest.left(), 0, std::max(0, std::min(wanted, share)), height());
     found.line = m_line.line.isEmpty() ? QRect() : rest.adjusted(found.name.width() + gap, 0, 0, 0);

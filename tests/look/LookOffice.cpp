@@ -7,12 +7,15 @@
 #include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
 #include "auto/subjects/AutoWindows.h"
+#include "auto/today/AutoToday.h"
 #include "host/books/BookWindows.h"
 #include "suite/accounting/search/OfficeSearch.h"
 #include "suite/accounting/search/SearchIndex.h"
 #include "suite/crm/subjects/CrmSearch.h"
+#include "suite/crm/subjects/CrmToday.h"
 #include "suite/crm/subjects/CrmWindows.h"
 #include "suite/treasury/subjects/TreasurySearch.h"
+#include "suite/treasury/subjects/TreasuryToday.h"
 #include "suite/treasury/subjects/TreasuryWindows.h"
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/crm/persons/PersonParts.h"
@@ -100,6 +103,9 @@ void LookOffice::makeSearchable()
     TreasurySearch::enter();
     AutoSearch::enter();
     CrmWindows::enter();
+    CrmToday::enter();
+    TreasuryToday::enter();
+    AutoToday::enter();
     TreasuryWindows::enter();
     BookWindows::enter();
     AutoWindows::enter();

@@ -7,6 +7,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "host/desk/SearchBox.h"
+#include "host/desk/StartPage.h"
 #include "host/desk/SearchPopup.h"
 #include "host/start/SplashWindow.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -103,6 +104,10 @@ Show startPage(LookOffice &office)
 {
     return [&office](const Look &look) {
         office.clear();
+        auto *page = office.window().findChild<StartPage *>();
+        QTRY_VERIFY(!page->isReading());
+        page->refresh();
+        QTRY_VERIFY(!page->isReading());
         settle(office.window());
         look(office.window(), {});
     };
