@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "host/desk/TodayCharts.h"
+
+#include "host/desk/ChartLegend.h"
+#include "host/desk/DayCurves.h"
+#include "host/desk/MonthBars.h"
+#include "suite/utility/look/ElidedLabel.h"
+#include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookSizes.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int belowChartHeading = 6;
+
+ElidedLabel *chartHeading(const QString &text, QWidget *parent)
+{
+    auto *label = new ElidedLabel(text, parent);
+    LookFonts::apply(label, LookFonts::Use::Label);
+    return label;
+}
+
+}
+
+TodayCharts::TodayCharts(QWidget *parent)
+    : QWidget(parent)
+    , m_bars(new MonthBars(this))
+    , m_curves(new DayCurves(this))
+{
+    const QString months = u"قراردادهای شش ماه"_s;
+    const QString days = u"درآمد و هزینه این ماه"_s;
+    m_bars->setAccessibleName(months);
+    m_curves->setAccessibleName(days);
+    auto *legend = new QHBoxLayout;
+    legend->setSpacing(LookSizes::unit);
+    legend->addWidget(chartHeading(days, this), 1);
+    legend->addWidget(new ChartLegend(HostColors::Role::Chart, u"درآمد"_s, this));
+    legend->addWidget(new ChartLegend(HostColors::Role::ChartOther, u"هزینه"_s, this));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(belowChartHeading);
+    column->addWidget(chartHeading(months, this));
+    column->addWidget(m_bars, 5);
+    column->addLayout(legend);
+    column->addWidget(m_curves, 4);
+}
+
+void TodayCharts::setMonths(const QList<std::pair<QString, int>> &months)
+{
+    m_month = months.isEmpty() ? QString() : months.constFirst().first;
+    m_bars->setMonths(months);
+}
+
+void TodayCharts::setDays(const QList<double> &income, const QList<double> &expenses)
+{
+    m_curves->setDays(m_month, income, expenses);
+}
