@@ -11,6 +11,7 @@
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ReceiptLinking.h"
+#include "auto/subjects/AutoFirstSteps.h"
 #include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
 #include "auto/subjects/AutoWindows.h"
@@ -76,6 +77,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
     AutoSubjects::enter();
     AutoWindows::enter();
     AutoToday::enter();
+    AutoFirstSteps::enter();
     AutoSearch::enter();
     CarRecordParts::enter();
     try {

@@ -11,6 +11,7 @@
 #include "host/desk/BackupSign.h"
 #include "host/desk/CDlgAbout.h"
 #include "host/desk/CDlgKeys.h"
+#include "host/desk/HostSteps.h"
 #include "host/desk/KeyList.h"
 #include "host/desk/PageAction.h"
 #include "host/administration/CDlgChangePassword.h"
@@ -104,6 +105,7 @@ MainWindow::MainWindow(const DataFolder &folder, CAutoDBSetting *module, QWidget
     , m_reminders(m_bar->reminders())
     , m_searchBuilding(new SearchBuilding(this))
 {
+    HostSteps::enter(m_folder);
     // Once it holds the menus, whose room it asks for.
     buildMenus();
     setMenuWidget(m_bar);
