@@ -21,6 +21,7 @@ namespace {
 
 constexpr int stepHeight = 56;
 constexpr int stepButtonWidth = 96;
+constexpr int stepMark = 24;
 constexpr int besideStep = 12; // the card's own edge is the rest of its padding
 const QString doneWord = u"انجام شد"_s;
 
@@ -61,6 +62,7 @@ FirstStepRow::FirstStepRow(int number, const QString &title, const QString &line
     LookFonts::apply(m_name, LookFonts::Use::Strong);
     LookFonts::apply(m_line, LookFonts::Use::Label);
     LookFonts::applyHint(m_doneWord);
+    m_mark->setMinimumWidth(LookSizes::scaled(stepMark));
     m_doneWord->setAlignment(Qt::AlignCenter);
     m_doneWord->setMinimumWidth(LookSizes::scaled(stepButtonWidth));
     m_button->setMinimumWidth(LookSizes::scaled(stepButtonWidth));
