@@ -10,6 +10,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/today/TodaySettings.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -47,6 +48,8 @@ QList<SettingsEdit::Setting> editedSettings()
                setting(OfficeSettings::opening, u"تاریخ افتتاح"_s),
                setting(OfficeSettings::closing, u"تاریخ پایان"_s),
                setting(OfficeSettings::catalogLocked, u"قفل فهرست خودروها"_s),
+               setting(TodaySettings::unsettled, u"روزهای قرارداد تسویه نشده"_s),
+               setting(TodaySettings::standing, u"روزهای خودروی مانده"_s),
                setting(OfficeSettings::closed, u"بسته بودن پایگاه داده"_s)}
     + BackupFields::settings();
 }
@@ -69,7 +72,7 @@ std::optional<QString> shown(const QString &setting, const QVariant &value)
 }
 
 CDlgSettings::CDlgSettings(const DataFolder &folder, QWidget *parent)
-    : CDlgSettings(folder, OfficeSettings::read(BackupFields::sections()), parent)
+    : CDlgSettings(folder, OfficeSettings::read(BackupFields::sections() + QStringList{TodaySettings::section()}), parent)
 {
 }
 
@@ -99,6 +102,7 @@ void CDlgSettings::build()
     addOffice(u"واحد پول"_s, &CDlgSettings::placeMoney);
     addOffice(u"سال مالی"_s, &CDlgSettings::placeFiscalYear);
     addOffice(u"نام خودرو"_s, &CDlgSettings::placeCatalog);
+    addOffice(u"صفحه امروز"_s, &CDlgSettings::placeToday);
     m_backups = new BackupFields(m_folder, GetDBSetting()->IsAdmin(), m_wasClosed, page);
     placeDatabase(page->addForm(u"پایگاه داده"_s));
     placeLook(page->addForm(u"نمایش"_s));
@@ -154,6 +158,18 @@ void CDlgSettings::placeCatalog(FormGrid *grid)
     grid->addCell(m_catalogLocked, 4);
 }
 
+void CDlgSettings::placeToday(FormGrid *grid)
+{
+    const auto add = [&](const QString &caption) {
+        auto *edit = new KEdit(KEdit::Kind::Integer, this);
+        edit->setRange(0, TodaySettings::mostDays);
+        addLabelled(grid, caption, edit, 2);
+        return edit;
+    };
+    m_unsettledDays = add(u"قرارداد تسویه نشده پس از چند روز :"_s);
+    m_standingDays = add(u"خودروی مانده پس از چند روز :"_s);
+}
+
 void CDlgSettings::placeDatabase(FormGrid *grid)
 {
     m_closed = new QCheckBox(u"پایگاه داده بسته است (فقط مشاهده)"_s, this);
@@ -182,6 +198,8 @@ void CDlgSettings::load(const OfficeSettings &settings)
     m_opening->setDateTime(settings.fiscalYearOpeningDate());
     m_closing->setDateTime(settings.fiscalYearClosingDate());
     m_catalogLocked->setChecked(settings.isCatalogLocked());
+    m_unsettledDays->setNumber(TodaySettings::unsettledDays(settings));
+    m_standingDays->setNumber(TodaySettings::standingDays(settings));
     m_closed->setChecked(m_wasClosed);
     m_backups->load(settings);
 }
@@ -205,6 +223,10 @@ bool CDlgSettings::validate()
         return refuse(u"لطفا تاریخ پایان سال مالی را درست وارد نمایید."_s, m_closing);
     if (m_closing->date() < m_opening->date())
         return refuse(u"تاریخ پایان سال مالی پیش از تاریخ افتتاح آن است."_s, m_closing);
+    for (KEdit *days : {m_unsettledDays, m_standingDays}) {
+        if (!days->isEntryValid() || days->text().isEmpty())
+            return refuse(u"لطفا شمار روزها را از 0 تا %1 وارد نمایید."_s.arg(TodaySettings::mostDays), days);
+    }
     return true;
 }
 
@@ -220,6 +242,8 @@ void CDlgSettings::write()
     set(OfficeSettings::opening, m_opening->date().toString(Qt::ISODate));
     set(OfficeSettings::closing, m_closing->date().toString(Qt::ISODate));
     set(OfficeSettings::catalogLocked, onOrOff(m_catalogLocked->isChecked()));
+    set(TodaySettings::unsettled, QString::number(m_unsettledDays->integer()));
+    set(TodaySettings::standing, QString::number(m_standingDays->integer()));
     m_backups->write(m_edit);
 }
 
@@ -232,7 +256,9 @@ QWidget *CDlgSettings::fieldOf(const QString &setting) const
                                            {nameOf(OfficeSettings::year), m_fiscalYear},
                                            {nameOf(OfficeSettings::opening), m_opening},
                                            {nameOf(OfficeSettings::closing), m_closing},
-                                           {nameOf(OfficeSettings::catalogLocked), m_catalogLocked}};
+                                           {nameOf(OfficeSettings::catalogLocked), m_catalogLocked},
+                                           {nameOf(TodaySettings::unsettled), m_unsettledDays},
+                                           {nameOf(TodaySettings::standing), m_standingDays}};
     return fields.value(setting, m_closed);
 }
 

@@ -16,7 +16,7 @@ class QCheckBox;
 class QComboBox;
 
 // What all users of the database share: the dealership's details, the money unit, the fiscal year, whether the car catalog
-// may be edited, when backups are taken, and whether the database is closed. Of a closed database only that last one can be changed.
+// may be edited, when the first page tells of what waits, when backups are taken, and whether the database is closed. Of a closed database only that last one can be changed.
 // Besides, what this computer does about backups, and the program's colours on it, which are the user's own.
 class CDlgSettings : public KDialog
 {
@@ -36,6 +36,7 @@ private:
     void placeMoney(FormGrid *grid);
     void placeFiscalYear(FormGrid *grid);
     void placeCatalog(FormGrid *grid);
+    void placeToday(FormGrid *grid);
     void placeDatabase(FormGrid *grid);
     void placeLook(FormGrid *grid);
     void load(const OfficeSettings &settings);
@@ -53,6 +54,8 @@ private:
     KDateEdit *m_opening = nullptr;
     KDateEdit *m_closing = nullptr;
     QCheckBox *m_catalogLocked = nullptr;
+    KEdit *m_unsettledDays = nullptr; // after which the first page tells of a contract
+    KEdit *m_standingDays = nullptr;  // and of a car
     QCheckBox *m_closed = nullptr;
     QComboBox *m_look = nullptr;
     BackupFields *m_backups = nullptr;

@@ -9,6 +9,7 @@
 #include "suite/accounting/history/HistoryRows.h"
 #include "suite/accounting/history/HistoryWords.h"
 #include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/accounting/today/TodaySettings.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void showsWhatIsStored();
     void storesEverything();
     void whatChangedIsNotedByItsLabel();
+    void daysOfTheFirstPageAreTheOffices();
     void refused_data();
     void refused();
     void cancelChangesNothing();
@@ -161,6 +163,27 @@ void TestCDlgSettings::whatChangedIsNotedByItsLabel()
     QVERIFY(!hasHistory(clerks));
 }
 
+void TestCDlgSettings::daysOfTheFirstPageAreTheOffices()
+{
+    const auto days = [](const CDlgSettings &dialog, const QString &label) { return named<KEdit>(dialog, label); };
+    const QString unsettled = u"قرارداد تسویه نشده پس از چند روز :"_s;
+    const QString standing = u"خودروی مانده پس از چند روز :"_s;
+    const auto stored = [] { return OfficeSettings::read({TodaySettings::section()}); };
+    {
+        Settings settings;
+        QCOMPARE(days(settings.dialog, unsettled)->integer(), 7);
+        QCOMPARE(days(settings.dialog, standing)->integer(), 45);
+    }
+    Settings settings;
+    days(settings.dialog, unsettled)->setNumber(0);
+    days(settings.dialog, standing)->setNumber(60);
+    settings.dialog.accept();
+    QCOMPARE(settings.dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(TodaySettings::unsettledDays(stored()), 0);
+    QCOMPARE(TodaySettings::standingDays(stored()), 60);
+    QCOMPARE(days(Settings().dialog, standing)->integer(), 60);
+}
+
 void TestCDlgSettings::refused_data()
 {
     QTest::addColumn<QString>("label");
@@ -179,6 +202,10 @@ void TestCDlgSettings::refused_data()
                                     << "";
     QTest::newRow("closing day before the opening") << "تاریخ پایان :"
                                                     << "1390/12/29";
+    QTest::newRow("no days of a contract") << "قرارداد تسویه نشده پس از چند روز :"
+                                           << "";
+    QTest::newRow("too many days of a car") << "خودروی مانده پس از چند روز :"
+                                            << "1000";
 }
 
 void TestCDlgSettings::refused()
