@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "tests/host/desk/MainWindowTest.h"
+
+#include "suite/utility/look/LookSizes.h"
 #include "tests/support/RegisteredTest.h"
 
 using namespace Qt::StringLiterals;
