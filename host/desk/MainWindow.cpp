@@ -278,6 +278,7 @@ void MainWindow::buildProgramMenu()
                 {u"&تغییر کلمه عبور"_s, u"user"_s, changePassword, {}, Command::OfUser},
                 {u"&ورود با کاربر دیگر"_s, u"logout"_s, [this] { switchUser(); }, {}, Command::OfUser},
                 {u"&کلیدها"_s, u"keys"_s, [this] { showKeys(); }, control(Qt::Key_Slash), Command::StartsGroup},
+                {u"&گام‌های نخست"_s, u"check"_s, [this] { showFirstSteps(); }},
                 {u"&درباره برنامه"_s, u"info"_s, about, QKeySequence(Qt::Key_F1)},
                 {u"&خروج"_s, u"close"_s, [this] { close(); }, control(Qt::Key_Q), Command::StartsGroup | Command::OfUser},
             });
@@ -391,6 +392,12 @@ void MainWindow::showKeys()
     if (const KDialogTabPage *page = m_workArea->currentPage())
         keys += KeyList::ofPage(*page);
     CDlgKeys(keys + KeyList::everywhere(), this).exec();
+}
+
+void MainWindow::showFirstSteps()
+{
+    m_workArea->showStartPage();
+    m_startPage->showFirstSteps();
 }
 
 void MainWindow::showDate()

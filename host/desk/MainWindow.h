@@ -122,6 +122,7 @@ private:
     void openReminders();
     void showReminders();
     void showKeys();
+    void showFirstSteps();
     void showDate();
     void restoreWindow();
 

@@ -4,6 +4,7 @@
 #include "host/desk/StartPage.h"
 
 #include "host/desk/BackupCard.h"
+#include "host/desk/FirstSteps.h"
 #include "host/desk/LauncherRow.h"
 #include "host/desk/MonthFigures.h"
 #include "host/desk/TodayBoard.h"
@@ -43,6 +44,7 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     , m_columns(new TodayBoard(m_board))
     , m_figures(new MonthFigures(m_board))
     , m_backup(new BackupCard(m_board))
+    , m_steps(new FirstSteps(this))
     , m_reader([this](const TodayState &state) { show(state); })
 {
     setAccessibleName(u"امروز"_s);
@@ -62,12 +64,24 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     m_figures->hide();
     m_backup->hide();
     auto *scroll = new QScrollArea(this);
-    scroll->setWidget(m_board);
+    auto *content = new QWidget(scroll);
+    auto *either = new QVBoxLayout(content);
+    either->setContentsMargins({});
+    either->setSpacing(0);
+    either->addWidget(m_steps);
+    either->addWidget(m_board, 1);
+    m_steps->hide();
+    connect(m_steps, &FirstSteps::offeredChanged, this, [this](bool offered) {
+        m_steps->setVisible(offered);
+        m_board->setVisible(!offered);
+    });
+    scroll->setWidget(content);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
     m_board->setAutoFillBackground(false);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit / 2, LookSizes::windowMargin, LookSizes::unit);
@@ -102,8 +116,17 @@ void StartPage::refresh()
 // Nobody is disturbed in a window that is open before the page.
 void StartPage::read()
 {
-    if (isVisible() && !QApplication::activeModalWidget())
-        refresh();
+    if (!isVisible() || QApplication::activeModalWidget())
+        return;
+    refresh();
+    if (GetDBSetting()->IsLoggedIn())
+        m_steps->refresh();
+}
+
+void StartPage::showFirstSteps()
+{
+    m_steps->bringBack();
+    m_steps->focusFirst();
 }
 
 void StartPage::showEvent(QShowEvent *event)

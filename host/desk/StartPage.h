@@ -11,6 +11,7 @@
 
 class BackupCard;
 class ElidedLabel;
+class FirstSteps;
 class KChip;
 class LauncherRow;
 class MonthFigures;
@@ -39,6 +40,8 @@ public:
     void show(const TodayState &state);
     // Before that is called there is no card of the backups.
     void setBackups(const BackupStanding &standing);
+    // Also in an office that has begun, or whose user has hidden them.
+    void showFirstSteps();
 
 Q_SIGNALS:
     void backupAsked();
@@ -62,6 +65,7 @@ private:
     QList<TodayCardView *> m_views;
     MonthFigures *m_figures;
     BackupCard *m_backup;
+    FirstSteps *m_steps; // in place of the cards while the office is empty
     QTimer m_clock;
     TodayReader m_reader;
 };

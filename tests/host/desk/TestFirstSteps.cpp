@@ -80,6 +80,7 @@ private Q_SLOTS:
     void officeAtWorkIsLedNoMore();
     void stepTakenMovesTheFocusOn();
     void silentDatabaseLeavesWhatIsShown();
+    void stepsStandOnTheFirstPageUntilTheOfficeHasBegun();
 };
 
 void TestFirstSteps::freshOfficeHasAllBeforeIt()
@@ -265,6 +266,26 @@ void TestFirstSteps::silentDatabaseLeavesWhatIsShown()
     QVERIFY(steps.isOffered());
     QCOMPARE(rows(steps).size(), allSteps.size());
     QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestFirstSteps::stepsStandOnTheFirstPageUntilTheOfficeHasBegun()
+{
+    {
+        MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+        showAt(window, 1366);
+        const auto *steps = window.findChild<FirstSteps *>();
+        QVERIFY(steps && steps->isVisible());
+        named<QPushButton>(*steps, u"پنهان کردن گام‌های نخست"_s)->click();
+        QVERIFY(!steps->isVisible());
+    }
+    run(u"INSERT INTO AutomobilContracts(iCode) VALUES(1)"_s);
+    MainWindow window(DataFolder(m_folder.path()), m_module.entry());
+    showAt(window, 1366);
+    const auto *steps = window.findChild<FirstSteps *>();
+    QVERIFY(!steps->isVisible());
+    action(window, u"گام‌های نخست"_s)->trigger();
+    QVERIFY(steps->isVisible());
+    QVERIFY(rows(*steps).constFirst()->button()->hasFocus());
 }
 
 #include "TestFirstSteps.moc"
