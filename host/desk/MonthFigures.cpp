@@ -3,6 +3,7 @@
 
 #include "host/desk/MonthFigures.h"
 
+#include "host/desk/TodayCharts.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/KChip.h"
 #include "suite/utility/look/LookFonts.h"
@@ -42,6 +43,7 @@ MonthFigures::MonthFigures(QWidget *parent)
     , m_title(new ElidedLabel(this))
     , m_unit(new ElidedLabel(this))
     , m_cars(new ElidedLabel(this))
+    , m_charts(new TodayCharts(this))
 {
     LookMarks::setCard(this);
     LookFonts::apply(m_title, LookFonts::Use::Title);
@@ -63,7 +65,7 @@ MonthFigures::MonthFigures(QWidget *parent)
     column->addLayout(head);
     column->addLayout(grid);
     column->addWidget(m_cars);
-    column->addStretch(1);
+    column->addWidget(m_charts, 1);
     show(TodayFigures(), {});
 }
 
@@ -99,6 +101,11 @@ void MonthFigures::show(const TodayFigures &figures, const QString &unit)
     m_commission.change->setText(comparedAmount(now.commission, before.commission, before.name));
     m_commission.change->setKind(kindOf(now.commission, before.commission));
     m_cars->setText(u"خودرو: %1 ورود، %2 فروش"_s.arg(now.carsIn).arg(now.carsOut));
+    QList<std::pair<QString, int>> months;
+    for (const TodayFigures::Month &month : figures.months)
+        months.append({month.name, month.contracts});
+    m_charts->setMonths(months);
+    m_charts->setDays(figures.income, figures.expenses);
 }
 
 QString MonthFigures::roundText(double amount)

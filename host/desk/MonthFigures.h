@@ -11,6 +11,7 @@
 
 class ElidedLabel;
 class KChip;
+class TodayCharts;
 
 // The card of the running month: how many contracts, for how much, with which commission, and how that stands to the month before.
 class MonthFigures : public QFrame
@@ -43,4 +44,5 @@ private:
     Figure m_amount;
     Figure m_commission;
     ElidedLabel *m_cars;
+    TodayCharts *m_charts;
 };

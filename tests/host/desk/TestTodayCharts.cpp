@@ -5,6 +5,7 @@
 
 #include "host/desk/DayCurves.h"
 #include "host/desk/MonthBars.h"
+#include "host/desk/MonthFigures.h"
 #include "suite/utility/look/HostColors.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -65,6 +66,7 @@ private Q_SLOTS:
     void amountsBelowNothingStayInTheChart();
     void firstDayIsOneDay();
     void figuresAreToldToWhoDoesNotSeeThem();
+    void cardOfTheMonthHasThem();
 };
 
 void TestTodayCharts::runningMonthIsAtTheLeftAndStandsOut()
@@ -162,6 +164,21 @@ void TestTodayCharts::figuresAreToldToWhoDoesNotSeeThem()
     QCOMPARE(curves->accessibleDescription(), QString());
     charts.resize(360, 330);
     QVERIFY(!chartPicture(charts).isNull());
+}
+
+void TestTodayCharts::cardOfTheMonthHasThem()
+{
+    TodayFigures figures;
+    for (qsizetype place = 0; place < halfYear.size(); ++place) {
+        figures.months[std::size_t(place)].name = halfYear.at(place).first;
+        figures.months[std::size_t(place)].contracts = halfYear.at(place).second;
+    }
+    figures.income = {10, 20, 30};
+    figures.expenses = {1, 2, 3};
+    MonthFigures card;
+    card.show(figures, u"ریال"_s);
+    QCOMPARE(card.findChild<MonthBars *>()->accessibleDescription(), u"آذر 14، آبان 12، مهر 7، شهریور 0، مرداد 11، تیر 9"_s);
+    QCOMPARE(card.findChild<DayCurves *>()->accessibleDescription(), u"تا 3 آذر: درآمد 30، هزینه 3"_s);
 }
 
 #include "TestTodayCharts.moc"
