@@ -21,6 +21,7 @@ for program in \
         NoteValues \
         MatchDemand \
         CarList \
+        Search \
         ExportSeason \
         GatherSeason; do
     "build/bench/bench/$program" --benchmark_enable_random_interleaving=true "$@" || failed=1

@@ -28,8 +28,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcSearch, "tz.host.search")
 
-// The search itself runs beside; the pause only spares what nobody would look at.
-constexpr int typingPauseMs = 15;
+// What was asked for an earlier letter is dropped: only letters that come together are taken together.
+constexpr int typingPauseMs = 0;
 constexpr int factsPauseMs = 120;
 constexpr int wideBox = 360;
 constexpr int narrowBox = 240;
@@ -91,6 +91,7 @@ void SearchBox::fit(int barWidth)
     m_key->setVisible(isWide);
     m_edit->setMinimumWidth(LookSizes::scaled(isWide ? wideBox : leastBox));
     m_edit->setMaximumWidth(LookSizes::scaled(isWide ? wideBox : narrowBox));
+    setMaximumWidth(m_edit->maximumWidth() + (isWide ? m_key->sizeHint().width() + layout()->spacing() : 0));
 }
 
 void SearchBox::setNotice(const QString &notice)
@@ -153,6 +154,7 @@ void SearchBox::show(const QString &typed, const QList<SearchFinding::Group> &gr
     m_shown = typed;
     m_popup->show(typed, groups, milliseconds);
     m_factsPause.start();
+    Q_EMIT answered();
     if (std::exchange(m_opensWhenFound, false))
         openChosen(false);
 }

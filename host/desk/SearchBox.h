@@ -35,6 +35,10 @@ public:
     // What the pop-up says besides, such as that keys are being made.
     void setNotice(const QString &notice);
 
+Q_SIGNALS:
+    // What was asked last is shown.
+    void answered();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -70,7 +70,7 @@ SearchPopup::SearchPopup(QWidget *window)
     m_sentence->setContentsMargins(LookSizes::windowMargin, 2 * LookSizes::windowMargin, LookSizes::windowMargin, 2 * LookSizes::windowMargin);
     m_facts->setWordWrap(true);
     m_facts->setTextFormat(Qt::PlainText);
-    m_facts->setAccessibleName(u"درباره این یافته"_s);
+    m_facts->setObjectName(u"searchFacts"_s);
     LookFonts::apply(m_facts, LookFonts::Use::Label);
     m_facts->setForegroundRole(HostColors::quietText);
     m_facts->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
@@ -195,6 +195,7 @@ void SearchPopup::showFacts(const SearchHit &hit, const SearchTask::Facts &facts
     for (const auto &[label, text] : facts)
         lines.append(u"%1: %2"_s.arg(label, text));
     m_facts->setText(lines.join(u"   |   "_s));
+    m_facts->setAccessibleName(u"درباره این یافته، "_s + lines.join(u"، "_s));
     m_facts->setVisible(!lines.isEmpty());
     place();
     m_list->scrollTo(m_list->currentIndex());

@@ -72,7 +72,8 @@ TopBar::TopBar(QWidget *parent)
     line->setSpacing(LookSizes::unit);
     line->addWidget(m_menuBar, 0, Qt::AlignVCenter);
     line->addStretch(1);
-    line->addWidget(m_search);
+    // Before the room around it.
+    line->addWidget(m_search, 100);
     line->addStretch(1);
     for (QToolButton *button : {m_look, static_cast<QToolButton *>(m_reminders), m_user}) {
         LookMarks::setTall(button);

@@ -126,7 +126,7 @@ Show search(LookOffice &office, const QString &typed, int steps)
         for (int step = 0; step < steps; ++step)
             box->popup()->step(1);
         if (const SearchHit *hit = box->popup()->chosen(); hit && hit->kind == SearchKinds::Cars)
-            QTRY_VERIFY(Hand::named<QLabel>(&office.window(), u"درباره این یافته"_s) != nullptr);
+            QTRY_VERIFY(office.window().findChild<QLabel *>(u"searchFacts"_s)->isVisible());
         settle(office.window());
         look(office.window(), {});
         box->close();

@@ -19,10 +19,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostExact = 40;
-constexpr int mostOfAStart = 100;    // keys that are read of one beginning
-constexpr int mostRecords = 100;     // of a kind
-constexpr int mostCandidates = 2000; // with one of several words
-constexpr int countedKeys = 300;     // of a word, to tell which one is rare
+constexpr int mostOfAStart = 100;      // keys that are read of one beginning
+constexpr int mostRecords = 100;       // of a kind
+constexpr int mostCandidates = 600;    // with one of several words
+constexpr qsizetype enoughByWhole = 3; // whoever typed a name whole means it
+constexpr int countedKeys = 300;       // of a word, to tell which one is rare
 
 enum Rank : int {
     Whole,
@@ -35,13 +36,14 @@ enum Rank : int {
 using Ranked = QHash<qint32, int>;
 using Found = QHash<int, Ranked>;
 
-Rank rankOf(const QString &start, bool whole)
+// Of the key by which a record was found.
+Rank rankOf(const QString &key, const SearchQuery::Starts &starts)
 {
-    if (start.startsWith(SearchText::backwards))
+    if (key.startsWith(SearchText::backwards))
         return End;
-    if (start.startsWith(SearchText::explaining))
+    if (key.startsWith(SearchText::explaining))
         return Explanation;
-    return whole ? Whole : Beginning;
+    return starts.contains(key) ? Whole : Beginning;
 }
 
 // Behind every key that begins so.
@@ -74,14 +76,15 @@ public:
 
     Found find(const SearchQuery &query)
     {
-        findWhole(query.whole);
+        findWhole(query.whole, query.words.size() < 2);
         if (query.words.size() > 1)
             findWords(query.words);
         return m_found;
     }
 
 private:
-    void take(const QList<KSql> &parts)
+    // Rows of kind, record and the key that it was found by; empty: by several words.
+    void take(const QList<KSql> &parts, const SearchQuery::Starts &starts)
     {
         if (parts.isEmpty())
             return;
@@ -91,55 +94,67 @@ private:
         for (; statement.HasResultRow(); statement.MoveNextResult()) {
             Ranked &records = m_found[statement.GetLongFieldValue(0)];
             const qint32 record = statement.GetLongFieldValue(1);
-            const int rank = statement.GetLongFieldValue(2);
+            const int rank = rankOf(statement.GetTextFieldValue(2), starts);
             records.insert(record, std::min(rank, records.value(record, rank)));
         }
     }
 
-    // The newest of those with the whole key, and the first ones behind it in the order of the keys.
-    void findWhole(const SearchQuery::Starts &starts)
+    // The newest of those with the whole key, and the first ones behind it in the order of the keys. The beginnings of one word are read each by
+    // itself, so that none takes the room of another; those of several words have few keys.
+    void findWhole(const SearchQuery::Starts &starts, bool oneWord)
     {
+        QList<SearchQuery::Starts> together{starts};
+        if (oneWord) {
+            together.clear();
+            for (const QString &start : starts)
+                together.append({start});
+        }
+        QList<KSql> whole;
+        for (const QString &start : starts) {
+            if (!start.startsWith(SearchText::backwards) && !start.startsWith(SearchText::explaining))
+                whole.append(KSql::quoted(start));
+        }
         QList<KSql> parts;
         for (const int kind : m_kinds) {
-            for (const QString &start : starts) {
-                parts.append(KSql::formatted("(SELECT iKind,iRecordID,%1 FROM SearchKeys WHERE iKind=%2 AND sKey=%3 ORDER BY iRecordID DESC LIMIT %4)", int(rankOf(start, true)), kind,
-                                             KSql::quoted(start), mostExact));
-                parts.append(KSql::formatted("(SELECT iKind,iRecordID,%1 FROM SearchKeys WHERE iKind=%2 AND sKey>%3 AND sKey<%4 ORDER BY iKind,sKey LIMIT %5)", int(rankOf(start, false)), kind,
-                                             KSql::quoted(start), KSql::quoted(after(start)), mostOfAStart));
-            }
+            for (const KSql &key : whole)
+                parts.append(KSql::formatted("(SELECT iKind,iRecordID,sKey FROM SearchKeys WHERE iKind=%1 AND sKey=%2 ORDER BY iRecordID DESC LIMIT %3)", kind, key, mostExact));
+            for (const SearchQuery::Starts &some : together)
+                parts.append(KSql::formatted("(SELECT iKind,iRecordID,sKey FROM SearchKeys k FORCE INDEX (PRIMARY) WHERE k.iKind=%1 AND %2 ORDER BY iKind,sKey LIMIT %3)", kind, ranges("k.", some), mostOfAStart));
         }
-        take(parts);
+        take(parts, starts);
     }
 
     // Records in which each word is found, beginning with the one that fewest have.
     void findWords(const QList<SearchQuery::Starts> &words)
     {
-        const QHash<int, QList<int>> counts = countKeys(words);
+        QList<int> wanting = m_kinds;
+        wanting.removeIf([this](int kind) { return m_found.value(kind).size() >= enoughByWhole; });
+        if (wanting.isEmpty())
+            return;
+        const QHash<int, QList<int>> counts = countKeys(wanting, words);
         QList<KSql> parts;
-        for (const int kind : m_kinds) {
+        for (const int kind : std::as_const(wanting)) {
             const QList<int> ofKind = counts.value(kind, QList<int>(words.size(), 0));
             if (ofKind.contains(0))
                 continue;
             const qsizetype rarest = std::ranges::min_element(ofKind) - ofKind.cbegin();
-            KSql part = KSql::formatted("(SELECT %1,c.iRecordID,%2 FROM (SELECT DISTINCT iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %3 LIMIT %4) c WHERE TRUE", kind, int(Beginning),
-                                        ranges("k.", words.at(rarest)), mostCandidates);
+            KSql part = KSql::formatted("(SELECT %1,c.iRecordID,'' FROM (SELECT DISTINCT iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %2 LIMIT %3) c WHERE TRUE", kind, ranges("k.", words.at(rarest)), mostCandidates);
             for (qsizetype word = 0; word < words.size(); ++word) {
                 if (word != rarest)
                     part += KSql::formatted(" AND EXISTS(SELECT 1 FROM SearchKeys b FORCE INDEX (record) WHERE b.iKind=%1 AND b.iRecordID=c.iRecordID AND %2)", kind, ranges("b.", words.at(word)));
             }
             parts.append(part + KSql::formatted(" LIMIT %1)", mostRecords));
         }
-        take(parts);
+        take(parts, {});
     }
 
     // By kind and word, up to a few hundred.
-    QHash<int, QList<int>> countKeys(const QList<SearchQuery::Starts> &words)
+    QHash<int, QList<int>> countKeys(const QList<int> &kinds, const QList<SearchQuery::Starts> &words) const
     {
         QList<KSql> parts;
-        for (const int kind : m_kinds) {
+        for (const int kind : kinds) {
             for (int word = 0; word < words.size(); ++word) {
-                for (const QString &start : words.at(word))
-                    parts.append(KSql::formatted("(SELECT %1,%2,COUNT(*) FROM (SELECT 1 FROM SearchKeys k WHERE k.iKind=%1 AND %3 LIMIT %4) counted)", kind, word, range("k.", start), countedKeys));
+                parts.append(KSql::formatted("(SELECT %1,%2,COUNT(*) FROM (SELECT 1 FROM SearchKeys k WHERE k.iKind=%1 AND %3 LIMIT %4) counted)", kind, word, ranges("k.", words.at(word)), countedKeys));
             }
         }
         QHash<int, QList<int>> counts;

@@ -15,6 +15,7 @@ namespace {
 constexpr qsizetype permutedWords = 3;
 constexpr qsizetype mostWords = 6;
 constexpr qsizetype fewestLastDigits = 3;
+constexpr qsizetype fewestOfOneNumber = 8; // groups of digits that make so many are one number
 
 bool isDigits(const QString &text)
 {
@@ -65,14 +66,20 @@ SearchQuery SearchQuery::of(const QString &typed)
         append(query.whole, SearchText::wholePlate(typed));
         return query;
     }
-    for (const QString &word : std::as_const(words))
-        query.words.append(startsOf(word));
+    const QString joined = words.join(QString());
+    const bool isOneNumber = isDigits(joined) && joined.size() >= fewestOfOneNumber;
+    for (const QString &word : std::as_const(words)) {
+        if (!isOneNumber)
+            query.words.append(startsOf(word));
+    }
     append(query.whole, SearchText::wholePlate(typed));
     QStringList ofPlate = words;
     ofPlate.removeIf(&isOfPlates);
     append(query.whole, ofPlate.join(QString()).left(SearchText::longestKey));
-    if (isDigits(words.join(QString())))
+    if (isDigits(joined)) {
         append(query.whole, SearchText::wholeTelephone(typed));
+        return query;
+    }
     if (words.size() <= permutedWords) {
         std::ranges::sort(words);
         do {
