@@ -46,6 +46,7 @@ void SearchBuilding::start()
     m_thread.reset(QThread::create([this] { run(); }));
     m_thread->setObjectName(u"search keys"_s);
     connect(m_thread.get(), &QThread::finished, this, [this] {
+        m_thread->wait();
         m_thread.reset();
         Q_EMIT progressed({});
     });

@@ -21,6 +21,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/accounting/search/OfficeSearch.h"
+#include "suite/accounting/search/SearchIndex.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/crm/subjects/CrmSubjects.h"
@@ -68,6 +69,7 @@ private Q_SLOTS:
     void factsOfTheChosenCar();
     void onlyWhatTheUserMaySee();
     void deletedMeanwhileIsTold();
+    void officeFromBeforeGetsItsKeys();
     void nothingIsSaid_data();
     void nothingIsSaid();
 
@@ -316,6 +318,16 @@ void TestSearchBox::deletedMeanwhileIsTold()
     const QStringList told = g_pDlgMessage->takeShown();
     QCOMPARE(told.size(), 1);
     QVERIFY2(told.constFirst().contains(u"دیگر در دفتر نیست"), qPrintable(told.constFirst()));
+}
+
+void TestSearchBox::officeFromBeforeGetsItsKeys()
+{
+    m_database.run(u"DELETE FROM SearchKeys"_s);
+    m_database.run(u"DELETE FROM Properties WHERE sSection='Search'"_s);
+    m_window->makeSearchable();
+    QTRY_VERIFY(SearchIndex::isBuilt());
+    look(u"12ب345"_s);
+    QCOMPARE(rows(), 4);
 }
 
 void TestSearchBox::nothingIsSaid_data()
