@@ -35,6 +35,8 @@ constexpr int wideBox = 360;
 constexpr int narrowBox = 240;
 constexpr int leastBox = 120;
 
+const QString storyAction = u"story"_s; // of RecordWindows
+
 }
 
 SearchBox::SearchBox(QWidget *room, QWidget *window)
@@ -213,6 +215,21 @@ void SearchBox::offerActions()
     menu.exec(QPoint(isRightToLeft() ? row.right() - menu.sizeHint().width() : row.left(), row.bottom()));
 }
 
+void SearchBox::openStory()
+{
+    const SearchHit *hit = m_popup->chosen();
+    if (!hit)
+        return;
+    const SearchHit chosen = *hit;
+    for (const RecordAction &action : RecordWindows::actionsOf(chosen.table, chosen.key)) {
+        if (action.id != storyAction)
+            continue;
+        close();
+        RecordWindows::run(action, chosen.key, m_window);
+        return;
+    }
+}
+
 bool SearchBox::moved(const QKeyEvent &event)
 {
     const bool byGroup = event.modifiers().testFlag(Qt::ControlModifier);
@@ -241,6 +258,10 @@ bool SearchBox::keyPressed(const QKeyEvent &event)
     case Qt::Key_Menu:
         offerActions();
         return true;
+    case Qt::Key_T:
+        if (with == Qt::ControlModifier)
+            openStory();
+        return with == Qt::ControlModifier;
     case Qt::Key_F10:
         if (with == Qt::ShiftModifier)
             offerActions();
@@ -280,7 +301,7 @@ bool SearchBox::eventFilter(QObject *watched, QEvent *event)
     switch (event->type()) {
     case QEvent::ShortcutOverride:
         // Keys that menus have too.
-        if (const auto *key = static_cast<QKeyEvent *>(event); m_popup->isVisible() && (key->key() == Qt::Key_Escape || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter))
+        if (const auto *key = static_cast<QKeyEvent *>(event); m_popup->isVisible() && (key->key() == Qt::Key_Escape || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_T))
             event->accept();
         return false;
     case QEvent::KeyPress:

@@ -15,6 +15,7 @@ class SearchPopup;
 
 // The search over everything, in the main window's bar: what is typed is looked for at once and shown below it. Up and Down choose a hit,
 // Ctrl with them a group; Enter opens it, Ctrl+Enter edits it, Alt+Enter, the key for menus or Left behind the text offers what else can be done with it,
+// Ctrl+T tells its story,
 // Shift+Enter lists all of its group, Esc closes and gives the focus back.
 class SearchBox final : public QWidget
 {
@@ -52,6 +53,8 @@ private:
     void openChosen(bool edits);
     void openAll(const SearchFinding::Group &group);
     void offerActions();
+    // Its whole story, where there is a window for it.
+    void openStory();
 
     QWidget *m_window;
     QLineEdit *m_edit;

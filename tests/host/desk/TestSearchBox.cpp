@@ -65,6 +65,7 @@ private Q_SLOTS:
     void enterBeforeTheAnswerOpensTheFirst();
     void controlEnterEdits();
     void actionsAreOfferedByKeys();
+    void storyIsToldByItsKey();
     void allOpensTheListOfThem();
     void factsOfTheChosenCar();
     void onlyWhatTheUserMaySee();
@@ -267,6 +268,21 @@ void TestSearchBox::actionsAreOfferedByKeys()
     for (const QString &text : {u"صورتحساب"_s, u"دریافت از این شخص"_s, u"پرداخت به این شخص"_s, u"همه اشخاص یافته شده"_s})
         QVERIFY2(offered.contains(text), qPrintable(offered.join(u'|')));
     QVERIFY(box()->popup()->isVisible());
+}
+
+void TestSearchBox::storyIsToldByItsKey()
+{
+    int told = 0;
+    const QString table = u"AutomobilInformations"_s;
+    const auto before = RecordWindows::actionsOf(table, m_car);
+    RecordWindows::addAction(table, {.id = u"story"_s, .text = u"سرگذشت"_s, .icon = {}, .form = table, .run = [&](qint32 key, QWidget *) { told = key; }});
+    look(u"12ب345"_s);
+    Hand::press(Qt::Key_Down);
+    Hand::press(Qt::Key_T, Qt::ControlModifier);
+    QCOMPARE(told, m_car);
+    QVERIFY(!box()->popup()->isVisible());
+    RecordWindows::removeAction(table, u"story"_s);
+    QCOMPARE(RecordWindows::actionsOf(table, m_car).size(), before.size());
 }
 
 void TestSearchBox::allOpensTheListOfThem()
