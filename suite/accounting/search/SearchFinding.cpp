@@ -124,7 +124,8 @@ private:
         take(parts, starts);
     }
 
-    // Records in which each word is found, beginning with the one that fewest have.
+    // Records in which each word is found, beginning with the one that fewest have. The others are asked for record by record: an EXISTS the
+    // server may turn round, and read all that have a common word.
     void findWords(const QList<SearchQuery::Starts> &words)
     {
         QList<int> wanting = m_kinds;
@@ -141,7 +142,7 @@ private:
             KSql part = KSql::formatted("(SELECT %1,c.iRecordID,'' FROM (SELECT DISTINCT iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %2 LIMIT %3) c WHERE TRUE", kind, ranges("k.", words.at(rarest)), mostCandidates);
             for (qsizetype word = 0; word < words.size(); ++word) {
                 if (word != rarest)
-                    part += KSql::formatted(" AND EXISTS(SELECT 1 FROM SearchKeys b FORCE INDEX (record) WHERE b.iKind=%1 AND b.iRecordID=c.iRecordID AND %2)", kind, ranges("b.", words.at(word)));
+                    part += KSql::formatted(" AND (SELECT 1 FROM SearchKeys b FORCE INDEX (record) WHERE b.iKind=%1 AND b.iRecordID=c.iRecordID AND %2 LIMIT 1) IS NOT NULL", kind, ranges("b.", words.at(word)));
             }
             parts.append(part + KSql::formatted(" LIMIT %1)", mostRecords));
         }
