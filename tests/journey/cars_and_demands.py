@@ -21,7 +21,7 @@ TARIFF = ("نقل و انتقال سواری", 12_300_000, "تعرفه سال ج
 
 # The car's first page, by label and column, as typed.
 CODES = (
-    ("شماره پلاک :", "sNumOfPlates", "67-345ب12"),
+    ("شماره پلاک :", "sNumOfPlates", "12 ب 345 ایران 67"),
     ("شماره شاسي :", "sChassisNum", "NAAN01CE8NK551122"),
     ("شماره موتور :", "sNumOfEngines", "124K9081726"),
     ("VIN :", "sVIN", "1M8GDM9AXKP042788"),

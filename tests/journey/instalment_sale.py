@@ -38,7 +38,7 @@ VEHICLE_AND_TERMS = (
     ("نوع سوخت :", "sFuel", "بنزین", True),
     ("شماره موتور :", "sNumOfEngines", "124K9081726", True),
     ("شماره شاسي :", "sChassisNum", "NAAN01CE8NK551122", True),
-    ("شماره پلاک :", "sNumOfPlates", "67-345ب12", True),
+    ("شماره پلاک :", "sNumOfPlates", "12 ب 345 ایران 67", True),
     ("دانگ :", "sDengue", "شش", True),
     ("توضيحات :", "sDescMatter", "بدون رنگ با کارکرد 21000 کیلومتر", True),
     ("پرداخت به صورت چکي : تعداد :", "sCheckCount", "3", True),

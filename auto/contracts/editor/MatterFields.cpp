@@ -55,7 +55,7 @@ QList<KFormField> matterFields()
         {u"sFuel"_s, u"نوع سوخت :"_s},
         {u"sNumOFAxles"_s, u"تعداد محور :"_s},
         code("sVIN", u"VIN :"_s),
-        code("sNumOfPlates", u"شماره پلاک :"_s),
+        {u"sNumOfPlates"_s, u"شماره پلاک :"_s, Kind::Plate},
         code("sChassisNum", u"شماره شاسي :"_s),
         {u"sNumOfWheels"_s, u"تعداد چرخ :"_s},
         {u"sDengue"_s, u"دانگ :"_s},

@@ -9,6 +9,7 @@
 #include "suite/utility/forms/KFormField.h"
 #include "suite/utility/forms/LineControls.h"
 #include "suite/utility/forms/LongTextControl.h"
+#include "suite/utility/forms/PlateControl.h"
 
 #include <algorithm>
 #include <iterator>
@@ -39,6 +40,7 @@ struct KindOfControl
 constexpr KindOfControl kinds[] = {
     {Kind::Text, make<TextControl>},
     {Kind::LongText, make<LongTextControl>},
+    {Kind::Plate, make<PlateControl>},
     {Kind::Money, makeNumber<KEdit::Kind::Money>},
     {Kind::Percent, makeNumber<KEdit::Kind::Percent>},
     {Kind::Integer, makeNumber<KEdit::Kind::Integer>},

@@ -56,6 +56,7 @@ std::optional<QString> FormTexts::text(const KForm &form, const QString &column,
     case Kind::Integer:
     case Kind::Text:
     case Kind::LongText:
+    case Kind::Plate:
     case Kind::EditableChoice:
         break;
     }

@@ -13,6 +13,7 @@ struct KFormField
     enum class Kind {
         Text,           // limited to its column's length unless maxLength says less
         LongText,       // the same over several lines
+        Plate,          // a text that may be a number plate, stored in one spelling
         Money,          // unsigned money
         Percent,        // 0 to 100
         Integer,        // whole number, 0 and above unless a range is given

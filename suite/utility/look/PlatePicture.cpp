@@ -56,6 +56,12 @@ void paintBand(QPainter &painter, const PlateColors &colors)
     write(painter, {1.6, 20, 13, 6}, 5, colors.bandInk, u"IRAN"_s);
 }
 
+// What is not typed yet has its place.
+QString withGaps(const QString &part, qsizetype length)
+{
+    return part + QString(std::max<qsizetype>(0, length - part.size()), u'‒');
+}
+
 void paintPlate(QPainter &painter, const PlateText &plate)
 {
     const PlateColors colors;
@@ -63,12 +69,12 @@ void paintPlate(QPainter &painter, const PlateText &plate)
     painter.setBrush(colors.ground);
     painter.drawRoundedRect(QRectF(0.7, 0.7, plateWidth - 1.4, plateHeight - 1.4), 4, 4);
     paintBand(painter, colors);
-    write(painter, {17, 1, 25, 29}, 16, colors.ink, plate.two);
-    write(painter, {42, -1, 20, 29}, 16, colors.ink, plate.letter);
-    write(painter, {63, 1, 40, 29}, 16, colors.ink, plate.three);
+    write(painter, {17, 1, 25, 29}, 16, colors.ink, withGaps(plate.two, 2));
+    write(painter, {42, -1, 20, 29}, 16, colors.ink, withGaps(plate.letter, 1));
+    write(painter, {63, 1, 40, 29}, 16, colors.ink, withGaps(plate.three, 3));
     painter.fillRect(QRectF(104, 1.4, 1.2, 27.2), colors.edge);
     write(painter, {105, 1, 32, 11}, 8, colors.ink, u"ایران"_s);
-    write(painter, {105, 11, 32, 18}, 14, colors.ink, plate.region);
+    write(painter, {105, 11, 32, 18}, 14, colors.ink, withGaps(plate.region, 2));
 }
 
 }
@@ -81,11 +87,13 @@ PlatePicture::PlatePicture(QWidget *parent)
 
 void PlatePicture::setText(const QString &text)
 {
-    const std::optional<PlateText> plate = PlateText::of(text);
+    std::optional<PlateText> plate = PlateText::of(text);
+    if (!plate)
+        plate = PlateText::begun(text);
     if (plate == m_plate)
         return;
     m_plate = plate;
-    setAccessibleName(m_plate ? m_plate->text() : QString());
+    setAccessibleName(isPlate() ? m_plate->text() : QString());
     update();
 }
 

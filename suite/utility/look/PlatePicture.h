@@ -10,8 +10,8 @@
 
 #include <optional>
 
-// A car's number plate as it looks on the car: always from left to right, and light in a dark look too. Where its text is no plate
-// of that form it shows nothing and keeps its room, so that nothing moves while one is typed.
+// A car's number plate as it looks on the car: always from left to right, and light in a dark look too. While one is typed,
+// its parts fill in. Where its text is no plate of that form it shows nothing and keeps its room, so that nothing moves.
 class TZUTILITY_EXPORT PlatePicture : public QWidget
 {
     Q_OBJECT
@@ -19,9 +19,9 @@ class TZUTILITY_EXPORT PlatePicture : public QWidget
 public:
     explicit PlatePicture(QWidget *parent = nullptr);
 
-    // In any way of writing (PlateText). What is shown is the picture's accessible name.
+    // In any way of writing (PlateText). A whole plate is the picture's accessible name.
     void setText(const QString &text);
-    bool isPlate() const { return m_plate.has_value(); }
+    bool isPlate() const { return m_plate && m_plate->isWhole(); }
 
     // In less room the picture is smaller, never cut; in more it stands at the leading edge.
     QSize sizeHint() const override;

@@ -99,7 +99,7 @@ QList<KFormField> CarFields::base()
         code(u"sNumOfEngines"_s, u"شماره موتور :"_s),
         code(u"sChassisNum"_s, u"شماره شاسي :"_s),
         code(u"sNumOfBodies"_s, u"شماره اتاق :"_s),
-        code(u"sNumOfPlates"_s, u"شماره پلاک :"_s),
+        {u"sNumOfPlates"_s, u"شماره پلاک :"_s, Kind::Plate},
         code(u"sVIN"_s, u"VIN :"_s),
         {u"iFunction"_s, u"کارکرد(کيلومتر) :"_s, Kind::Integer},
         {u"dAmount"_s, u"مبلغ :"_s, Kind::Money},

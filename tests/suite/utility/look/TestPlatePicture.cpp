@@ -68,10 +68,22 @@ private Q_SLOTS:
         QVERIFY(picture.isPlate());
         QCOMPARE(picture.accessibleName(), plateOfACar);
         QVERIFY(extentOf(painted(picture, picture.sizeHint())).from >= 0);
-        picture.setText(u"12 ب 34"_s);
+        picture.setText(u"تهران 12345"_s);
         QVERIFY(!picture.isPlate());
         QCOMPARE(picture.accessibleName(), QString());
         QCOMPARE(extentOf(painted(picture, picture.sizeHint())).from, -1);
+    }
+
+    void partsFillInWhileAPlateIsTyped()
+    {
+        PlatePicture picture;
+        picture.setText(u"12 ب 34"_s);
+        QVERIFY(!picture.isPlate());
+        QCOMPARE(picture.accessibleName(), QString());
+        const QImage half = painted(picture, picture.sizeHint());
+        QVERIFY(extentOf(half).from >= 0);
+        picture.setText(u"12 ب 345"_s);
+        QVERIFY(painted(picture, picture.sizeHint()) != half);
     }
 
     // So that nothing moves while a plate is typed.

@@ -45,6 +45,8 @@ private Q_SLOTS:
         row("heh with a kashida", u"12 هـ 345 ایران 67"_s, u"12 ه 345 ایران 67"_s);
         row("yeh of the other keyboard", u"12ي34567"_s, u"12 ی 345 ایران 67"_s);
         row("kaf of the other keyboard", u"12ك34567"_s, u"12 ک 345 ایران 67"_s);
+        row("letter read out", u"12 دال 345 ایران 67"_s, u"12 د 345 ایران 67"_s);
+        row("the letters of the blue band", u"IR IRAN 12 ب 345 67"_s);
     }
 
     void plates()
@@ -61,6 +63,42 @@ private Q_SLOTS:
     {
         const PlateText expected{u"12"_s, u"ب"_s, u"345"_s, u"67"_s};
         QCOMPARE(PlateText::of(u"67 ایران 345 ب 12"_s), std::optional(expected));
+    }
+
+    void begun_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown"); // null: it cannot become a plate
+        const auto row = [](const char *name, const QString &typed, const QString &shown) { QTest::newRow(name) << typed << shown; };
+        row("one digit", u"1"_s, u"1"_s);
+        row("two digits", u"12"_s, u"12"_s);
+        row("the letter", u"12ب"_s, u"12 ب"_s);
+        row("a digit behind it", u"12ب3"_s, u"12 ب 3"_s);
+        row("three digits", u"12 ب345"_s, u"12 ب 345"_s);
+        row("the region begins", u"12 ب 3456"_s, u"12 ب 345 ایران 6"_s);
+        row("whole", u"12ب34567"_s, u"12 ب 345 ایران 67"_s);
+        row("country typed", u"12 ب 345 ایران"_s, u"12 ب 345"_s);
+        row("alef", u"12ا3"_s, u"12 الف 3"_s);
+        row("a digit too many", u"12ب345678"_s, {});
+        row("a motorcycle", u"123"_s, {});
+        row("a town behind digits", u"12 ته"_s, {});
+        row("a letter first", u"ب"_s, {});
+        row("the region first", u"6712ب"_s, {});
+        row("a part cut short", u"12 ب 34 5"_s, {});
+    }
+
+    void begun()
+    {
+        QFETCH(QString, typed);
+        const std::optional<PlateText> plate = PlateText::begun(typed);
+        QTEST(plate ? plate->typedText() : QString(), "shown");
+        QCOMPARE(plate && plate->isWhole(), PlateText::of(typed) && plate);
+    }
+
+    void oneSpellingOfAPlateAndEveryOtherTextAsItIs()
+    {
+        QCOMPARE(PlateText::oneSpelling(u"۶۷-۳۴۵ب۱۲"_s), u"12 ب 345 ایران 67"_s);
+        QCOMPARE(PlateText::oneSpelling(u"  تهران ۱۱ - ۱۲۳۴۵"_s), u"  تهران ۱۱ - ۱۲۳۴۵"_s);
     }
 
     void others_data()
