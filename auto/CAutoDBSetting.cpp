@@ -8,6 +8,7 @@
 #include "auto/cars/demands/CDlgAutomobilDemands.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/cars/CarActions.h"
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ReceiptLinking.h"
@@ -79,6 +80,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
     AutoToday::enter();
     AutoFirstSteps::enter();
     AutoSearch::enter();
+    CarActions::enter();
     CarRecordParts::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);

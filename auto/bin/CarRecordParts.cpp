@@ -68,6 +68,9 @@ RecordParts contractParts()
     calls.make = &RecordPart::of<CTblFollowUps>;
     RecordPart instalments = RecordParts::byColumn(u"AutomobilPayments"_s, u"قسط"_s, u"iAutomobilContractID"_s, table);
     instalments.make = &RecordPart::of<CTblAutomobilPayments>;
+    // Without the car it says nothing.
+    RecordPart car = RecordParts::byColumn(u"CarContracts"_s, {}, u"iContractID"_s, table);
+    car.references.append({u"iCarID"_s, u"AutomobilInformations"_s, u"خودرو"_s, Gone::LeftOut});
     return {.table = table,
             .form = table,
             .references = {person(u"iPersonFirstID"_s), person(u"iPersonSecondID"_s), user()},
@@ -82,7 +85,8 @@ RecordParts contractParts()
                       instalments,
                       RecordParts::files(kind),
                       RecordParts::customValues(kind),
-                      calls},
+                      calls,
+                      car},
             .code = u"iCode"_s,
             .recount = &countInstalments};
 }

@@ -5,6 +5,7 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 #include "auto/contracts/ContractFilter.h"
+#include "auto/contracts/cars/CarSale.h"
 #include "auto/contracts/FirstContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
@@ -283,7 +284,14 @@ void CDlgAutomobilContracts::requireDeletable(KMySQL &record)
 
 void CDlgAutomobilContracts::deleteRecord(KMySQL &asked)
 {
-    ContractDeleting::run(static_cast<CTblAutomobilContracts &>(asked));
+    auto &contract = static_cast<CTblAutomobilContracts &>(asked);
+    // Whoever deletes a contract by mistake and takes it back has not lost the sale by that; so it is asked, not done.
+    const bool takesBack = CarSale::soldBy(contract) != 0 && KSecurity::IsGranted(u"AutomobilInformations"_s, KSecurity::Modify)
+        && g_pDlgYesNo->Ask(u"صفحه فروش خودروی این قرارداد از آن پر شده است. آن هم خالی شود و خودرو دوباره برای فروش باشد؟"_s, this) == KMessageDialog::Yes;
+    ContractDeleting::run(contract, [&contract, takesBack] {
+        if (takesBack)
+            CarSale::takeBack(contract);
+    });
 }
 
 KListReport CDlgAutomobilContracts::reportSpec() const

@@ -3,6 +3,7 @@
 
 #include "auto/db/CTblAutomobilContracts.h"
 
+#include "auto/db/CTblCarContracts.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
@@ -39,6 +40,7 @@ bool CTblAutomobilContracts::Delete()
     CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     statement.FormatAndExecuteQuery("DELETE FROM AutomobilPayments WHERE iAutomobilContractID=%d", m_iID);
     CTblFollowUps::deleteOf(recordKind, m_iID, database());
+    CTblCarContracts::deleteOf(m_iID, database());
     const bool deleted = KMySQL::Delete();
     transaction.commit();
     return deleted;

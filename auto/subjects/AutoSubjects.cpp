@@ -9,6 +9,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilTariffs.h"
+#include "auto/db/CTblCarContracts.h"
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
@@ -17,6 +18,7 @@
 #include "suite/accounting/changes/SubjectWords.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KLookup.h"
 
 using namespace Qt::StringLiterals;
 
@@ -84,6 +86,8 @@ QList<RecordSubject::Part> partsOfContract(qint32 key, int database)
         query.ExecuteQuery(KSql::formatted("SELECT iID FROM %1 WHERE iTable=%2 AND iRecordID=%3", KSql::name(QLatin1String(table)), kind, key));
         appendKeys(parts, query, QLatin1String(table));
     }
+    query.FormatAndExecuteQuery("SELECT iID FROM CarContracts WHERE iContractID=%d", key);
+    appendKeys(parts, query, u"CarContracts"_s);
     return parts;
 }
 
@@ -111,6 +115,11 @@ void enterContracts()
                            .title = &contractTitle,
                            .caption = &PlanTrace::captionOf,
                            .word = &PlanTrace::wordsOf});
+    RecordSubjects::enter({.table = u"CarContracts"_s,
+                           .kind = u"خودروی قرارداد"_s,
+                           .form = form,
+                           .make = RecordSubject::maker<CTblCarContracts>(),
+                           .title = [](KMySQL &record) { return KLookup::name(record, u"iCarID"); }});
 }
 
 void enterCars()
@@ -193,7 +202,7 @@ void enterCatalog()
 
 const QStringList &tables()
 {
-    static const QStringList list{u"AutomobilContracts"_s, u"InstalmentPlan"_s, u"AutomobilInformations"_s, u"AutomobilDemands"_s, u"CarBrands"_s, u"CarModels"_s, u"CarClasses"_s, u"AutomobilTariffs"_s, u"Items"_s};
+    static const QStringList list{u"AutomobilContracts"_s, u"InstalmentPlan"_s, u"CarContracts"_s, u"AutomobilInformations"_s, u"AutomobilDemands"_s, u"CarBrands"_s, u"CarModels"_s, u"CarClasses"_s, u"AutomobilTariffs"_s, u"Items"_s};
     return list;
 }
 

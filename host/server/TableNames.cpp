@@ -34,6 +34,7 @@ QString TableNames::shown(const QString &table)
         {u"Cheques"_s, u"چک‌ها"_s},
         {u"ChequeChanges"_s, u"گردش چک‌ها"_s},
         {u"FollowUps"_s, u"پیگیری‌ها"_s},
+        {u"CarContracts"_s, u"خودروهای قراردادها"_s},
         {u"Services"_s, u"خدمات"_s},
         {u"Factors"_s, u"فاکتورها"_s},
         {u"FactorStuffs"_s, u"ردیف‌های فاکتورها"_s},

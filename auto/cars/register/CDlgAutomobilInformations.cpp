@@ -17,6 +17,7 @@
 #include "auto/editor/NewRecord.h"
 #include "auto/lists/WordCells.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/records/RecordWindows.h"
 #include "suite/crm/persons/PersonFilter.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -107,11 +108,29 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
         {u"show"_s, u"نمايش"_s, change | C::NeedsRow, [this] { showSelected(); }, {}, u":/icons/show.svg"_s, Read},
         {u"archive"_s, u"بايگاني شد"_s, change | C::NeedsRow, [this] { archiveCar(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilInformationArchive"_s},
         {u"matchingDemands"_s, u"متقاضیان"_s, C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, u":/icons/users.svg"_s, Access, u"AutomobilDemands"_s},
+        recordCommand(u"contracts"_s, u"قراردادهای خودرو"_s, u":/icons/contract.svg"_s),
+        recordCommand(u"prices"_s, u"تاریخچه قیمت"_s, u":/icons/history.svg"_s),
+        recordCommand(u"whatIf"_s, u"برآورد معامله"_s, u":/icons/money.svg"_s),
         printCommand(C::StartsGroup),
         {u"catalog"_s, u"نام خودرو"_s, C::StartsGroup, [this] { browseCatalog(); }, {}, u":/icons/car.svg"_s, Access, u"CarsAll"_s},
         {u"inputParameters"_s, u"پارامترهاي ورودي"_s, 0, [this] { editInputParameters(); }, {}, u":/icons/settings.svg"_s, Access, u"InputParameters"_s},
         {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
     };
+}
+
+// What others do with a car (RecordWindows), in the menu of its row.
+KListCommand CDlgAutomobilInformations::recordCommand(const QString &id, const QString &text, const QString &icon)
+{
+    using C = KListCommand;
+    return {id, text, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this, id] {
+                for (const RecordAction &action : RecordWindows::actionsOf(u"AutomobilInformations"_s, list()->currentKey())) {
+                    if (action.id == id)
+                        RecordWindows::run(action, list()->currentKey(), this);
+                }
+            },
+            {},
+            icon,
+            Read};
 }
 
 KListTraits CDlgAutomobilInformations::traits() const

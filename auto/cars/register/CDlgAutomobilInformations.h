@@ -52,6 +52,7 @@ private:
     void showCar(int key);
     void archiveCar();
     void showMatchingDemands();
+    KListCommand recordCommand(const QString &id, const QString &text, const QString &icon);
     void browseCatalog();
     void editInputParameters();
 

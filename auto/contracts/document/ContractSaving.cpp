@@ -33,7 +33,7 @@ QHash<int, QString> fieldValues(const KRowValues &named)
 }
 
 RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &customFields, ContractSaving::Posted &posted,
-                                      const ContractSaving::PlanStep &plan = {})
+                                      const ContractSaving::PlanStep &plan, const ContractSaving::FurtherStep &also)
 {
     RecordSaving::Parts<Contract> parts;
     parts.locks = [] { CTblDocuments::lockBooks(); };
@@ -50,8 +50,10 @@ RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &custom
             further.theirs = namedValues(CTblCustomFieldRecords::values(Contract::recordKind, contract.m_iID, contract.database()));
         return further;
     };
-    parts.afterRow = [](Contract &contract, const KRowValues &further) {
+    parts.afterRow = [also](Contract &contract, const KRowValues &further) {
         CTblCustomFieldRecords::changeValues(Contract::recordKind, contract.m_iID, fieldValues(further), contract.database());
+        if (also)
+            also(contract);
     };
     return parts;
 }
@@ -68,16 +70,16 @@ int ContractSaving::customFieldOf(const QString &name)
     return name.startsWith(customFieldPrefix) ? name.sliced(customFieldPrefix.size()).toInt() : 0;
 }
 
-ContractSaving::Posted ContractSaving::save(const Decision &decision, const CustomFields &customFields, const PlanStep &plan)
+ContractSaving::Posted ContractSaving::save(const Decision &decision, const CustomFields &customFields, const PlanStep &plan, const FurtherStep &further)
 {
     Posted posted;
-    RecordSaving::save<Contract>(decision, partsOf(customFields, posted, plan));
+    RecordSaving::save<Contract>(decision, partsOf(customFields, posted, plan, further));
     return posted;
 }
 
-ContractSaving::Posted ContractSaving::saveAsNew(const Decision &decision, const CustomFields &customFields, int &key)
+ContractSaving::Posted ContractSaving::saveAsNew(const Decision &decision, const CustomFields &customFields, int &key, const FurtherStep &further)
 {
     Posted posted;
-    key = RecordSaving::saveAsNew<Contract>(decision, partsOf(customFields, posted));
+    key = RecordSaving::saveAsNew<Contract>(decision, partsOf(customFields, posted, {}, further));
     return posted;
 }

@@ -34,11 +34,14 @@ using PlanStep = std::function<void(CTblAutomobilContracts &)>;
 
 using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
 
+// What is written along with the saved contract, behind its row. Runs in the unit, as PlanStep does. Empty: nothing.
+using FurtherStep = std::function<void(CTblAutomobilContracts &)>;
+
 // As RecordSaving does it. A custom field that both sides changed is one more conflict, under the name of customFieldName. Throws
 // KAccountingError, with nothing kept, when no document could be added.
-[[nodiscard]] Posted save(const Decision &decision, const CustomFields &customFields = {}, const PlanStep &plan = {});
+[[nodiscard]] Posted save(const Decision &decision, const CustomFields &customFields = {}, const PlanStep &plan = {}, const FurtherStep &further = {});
 // As a new contract, with a document of its own and all values of the custom fields. key: where it goes.
-[[nodiscard]] Posted saveAsNew(const Decision &decision, const CustomFields &customFields, int &key);
+[[nodiscard]] Posted saveAsNew(const Decision &decision, const CustomFields &customFields, int &key, const FurtherStep &further = {});
 
 QString customFieldName(int fieldID);
 // 0 for the name of a column.

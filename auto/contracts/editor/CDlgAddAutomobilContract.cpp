@@ -18,6 +18,7 @@
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 #include "auto/contracts/receipts/ContractChanging.h"
 #include "auto/contracts/receipts/ContractDeleting.h"
+#include "auto/contracts/whatif/CDlgDealWhatIf.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
@@ -77,8 +78,8 @@ int CDlgAddAutomobilContract::edit(int key, ContractEditorMode mode, const Offic
     CDlgAddAutomobilContract dialog(key, mode, parent);
     if (!dialog.load(settings))
         return 0;
-    if (carID != 0)
-        dialog.takeCar(carID);
+    if (carID != 0 && !dialog.takeCar(carID))
+        return 0;
     return dialog.exec() == QDialog::Accepted ? dialog.key() : 0;
 }
 
@@ -96,10 +97,12 @@ void CDlgAddAutomobilContract::ShowContract(int key, bool &refresh, QWidget *par
 
 CDlgAddAutomobilContract::CDlgAddAutomobilContract(int key, ContractEditorMode mode, QWidget *parent)
     : CDlgRecordEditor(key, mode, parent)
+    , m_car(mode == ContractEditorMode::New ? 0 : key)
 {
     SetSettingName(u"AutomobilContracts\\Editor"_s);
     m_copyCar = addCommand(u"گالري اتومبيل"_s, [this] { copyCar(); });
     m_copyCar->setIcon(LookIcons::icon(u":/icons/car.svg"_s));
+    m_estimate = addCommand(u"برآورد معامله"_s, [this] { estimate(); });
 }
 
 CDlgAddAutomobilContract::~CDlgAddAutomobilContract() = default;
@@ -148,6 +151,7 @@ void CDlgAddAutomobilContract::applyMode()
         return;
     leaveOnlyWayBack();
     m_copyCar->hide();
+    m_estimate->hide();
 }
 
 void CDlgAddAutomobilContract::showContractType(int contractType)
@@ -202,6 +206,7 @@ bool CDlgAddAutomobilContract::validatePages()
 void CDlgAddAutomobilContract::save()
 {
     m_planAnswer.reset();
+    m_car.askAboutSale(m_contractType, chosenStatus() == 0, this);
     for (;;) {
         try {
             return savePosted();
@@ -210,6 +215,9 @@ void CDlgAddAutomobilContract::save()
             if (!choice)
                 throw GoneBack();
             m_planAnswer = {undecided.facts(), *choice};
+        } catch (const CarSale::Changed &changed) {
+            if (!m_car.goesOnAfter(changed, this))
+                throw GoneBack();
         } catch (const ContractDeleting::MoneyReceived &received) {
             CDlgContractReceipts::offer(received, key(), this);
             throw GoneBack();
@@ -224,14 +232,16 @@ void CDlgAddAutomobilContract::savePosted()
         ContractChanging::requireAllowed(contract);
         PlanFollowing::run(contract, m_planAnswer);
     };
-    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()}, moneyAndPlan);
+    m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()}, moneyAndPlan,
+                                    [this](CTblAutomobilContracts &contract) { m_car.write(contract); });
 }
 
 int CDlgAddAutomobilContract::saveAsNew()
 {
     const KWaitCursor wait;
     int added = 0;
-    m_posted = ContractSaving::saveAsNew(decision(pages()), {m_customValues, m_customFields->changedValues()}, added);
+    m_posted = ContractSaving::saveAsNew(decision(pages()), {m_customValues, m_customFields->changedValues()}, added,
+                                         [this](CTblAutomobilContracts &contract) { m_car.write(contract); });
     return added;
 }
 
@@ -290,17 +300,30 @@ bool CDlgAddAutomobilContract::takeOutOfArchive()
 
 void CDlgAddAutomobilContract::copyCar()
 {
-    const int chosen = CDlgAutomobilInformations::SelectCar(this, m_chosenCar);
+    const int chosen = CDlgAutomobilInformations::SelectCar(this, m_car.carID());
     if (chosen != 0)
-        takeCar(chosen);
+        (void)takeCar(chosen);
 }
 
-void CDlgAddAutomobilContract::takeCar(int carID)
+// At the price as it stands in the window.
+void CDlgAddAutomobilContract::estimate()
+{
+    const double price = m_base->form()->edit(u"dAmount"_s)->number();
+    if (m_car.carID() != 0)
+        CDlgDealWhatIf::ShowCar(m_car.carID(), price, this);
+    else
+        CDlgDealWhatIf::Show({.car = {}, .price = price}, this);
+}
+
+bool CDlgAddAutomobilContract::takeCar(int carID)
 {
     const auto car = loadCarForContract(carID);
     if (!car)
-        return;
-    m_chosenCar = carID;
+        return true;
+    if (!m_car.mayTake(carID, this))
+        return false;
+    m_car.take(carID);
+    m_base->proposeAmount(car->price);
     const QStringList shortened = m_matter->takeVehicle(contractFromCar(*car));
     if (car->ownerID != 0) {
         // A person from the list of persons is an ordinary party.
@@ -312,4 +335,5 @@ void CDlgAddAutomobilContract::takeCar(int carID)
         g_pDlgWarning->Show(
             u"متن خودرو در این فیلدهای قرارداد جا نشد و کوتاه شد، لطفا بررسی کنید: "_s + shortened.join(u"، "_s),
             this);
+    return true;
 }

@@ -5,6 +5,7 @@
 
 #include "auto/editor/CDlgRecordEditor.h"
 #include "auto/contracts/document/ContractSaving.h"
+#include "auto/contracts/editor/CarOfContract.h"
 #include "auto/contracts/editor/ContractEditorPage.h"
 #include "auto/contracts/instalments/PlanFollowing.h"
 #include "suite/accounting/office/OfficeSettings.h"
@@ -40,6 +41,10 @@ public:
     // Builds the pages and fills them. False when the contract does not exist; the window must not be shown then.
     [[nodiscard]] bool load(const OfficeSettings &settings = readSettings());
 
+    // The car whose vehicle, owner and price the contract takes over, and which it remembers once it is saved. False: the user leaves it,
+    // because it is in another contract.
+    [[nodiscard]] bool takeCar(int carID);
+
     CDlgAddAutomobilContractBase *basePage() const { return m_base; }
     CDlgAddAutomobilContractMatter *matterPage() const { return m_matter; }
     QPushButton *carButton() const { return m_copyCar; }
@@ -67,7 +72,7 @@ private:
     void savePosted();
     void showCheques();
     void copyCar();
-    void takeCar(int carID);
+    void estimate();
     // The pages that a contract of the shown type has.
     QList<ContractEditorPage *> pages() const;
 
@@ -75,10 +80,11 @@ private:
     std::optional<PlanFollowing::Answer> m_planAnswer; // of the save that is at work
     QHash<int, QString> m_customValues;                // of the contract as it was opened
     int m_contractType = 0;
-    int m_chosenCar = 0; // key of the car last copied in
+    CarOfContract m_car;
     int m_matterTab = -1;
     CDlgAddAutomobilContractBase *m_base = nullptr;
     CDlgAddAutomobilContractMatter *m_matter = nullptr;
     CDlgCustomFields *m_customFields = nullptr;
     QPushButton *m_copyCar = nullptr;
+    QPushButton *m_estimate = nullptr;
 };

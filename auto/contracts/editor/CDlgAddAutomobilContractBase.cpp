@@ -235,6 +235,16 @@ void CDlgAddAutomobilContractBase::figureEdited(CommissionField figure, double n
     }
 }
 
+void CDlgAddAutomobilContractBase::proposeAmount(double amount)
+{
+    KEdit *edit = m_form->edit(column("dAmount"));
+    if (amount <= 0 || !IsEquals(edit->number(), 0))
+        return;
+    edit->setNumber(amount);
+    figureEdited(CommissionField::Amount, amount);
+    m_beforeAmount.reset();
+}
+
 void CDlgAddAutomobilContractBase::recompute(CommissionField changed)
 {
     if (changed != CommissionField::Amount)

@@ -37,6 +37,8 @@ public:
     [[nodiscard]] bool validate() override;
     // Shows why the code cannot be saved, and goes to its field.
     bool refuseCode(const QString &why);
+    // The amount of the contract, with what follows from it, where none is entered yet; 0: nothing is proposed.
+    void proposeAmount(double amount);
     void write(CTblAutomobilContracts &contract) override;
     QList<KForm::Problem> doubts() const override;
     QHash<QString, Entry> furtherEntries() const override;

@@ -26,7 +26,8 @@ struct CarForContract
     int wheels = 0;
     int usageType = 0;
     int fuel = 0;
-    int ownerID = 0; // 0 also for an owner who is no longer among the persons
+    double price = 0; // in the suite's money unit
+    int ownerID = 0;  // 0 also for an owner who is no longer among the persons
 };
 
 // One field of the contract, by its column, and the text for it.

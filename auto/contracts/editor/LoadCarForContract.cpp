@@ -15,7 +15,7 @@ std::optional<CarForContract> loadCarForContract(int carID, int database)
     car.SetColumns({u"iPersonID"_s, u"iAutomobilType"_s, u"iModel"_s, u"iBrigade"_s, u"iSystem"_s,
                     u"iColor"_s, u"sNumOfEngines"_s, u"sChassisNum"_s, u"sVIN"_s, u"sNumOfPlates"_s,
                     u"sDocumentsDelivered"_s, u"sDesc"_s, u"iYear"_s, u"iNumOFAxles"_s, u"iNumOfWheels"_s,
-                    u"iUsageType"_s, u"iFuel"_s});
+                    u"iUsageType"_s, u"iFuel"_s, u"dAmount"_s});
     if (!car.IsRecordExist(u"iID"_s, carID))
         return std::nullopt;
     CarForContract result;
@@ -35,6 +35,7 @@ std::optional<CarForContract> loadCarForContract(int carID, int database)
     result.wheels = car.m_iNumOfWheels;
     result.usageType = car.m_iUsageType;
     result.fuel = car.m_iFuel;
+    result.price = car.m_dAmount;
     CTblPersons owner(database);
     if (owner.IsRecordExist(u"iID"_s, car.m_iPersonID))
         result.ownerID = car.m_iPersonID;

@@ -42,10 +42,12 @@ void ContractDeleting::requireNothingReceived(const CTblAutomobilContracts &cont
         throw MoneyReceived(u"در فهرست چک‌ها %1 چک بابت این قرارداد هست. تا مسترد یا باطل نشود، قرارداد %2 نمی‌شود."_s.arg(QString::number(cheques), deed));
 }
 
-void ContractDeleting::run(CTblAutomobilContracts &asked)
+void ContractDeleting::run(CTblAutomobilContracts &asked, const std::function<void()> &further)
 {
-    RowDeleting::run(asked, [&asked] {
+    RowDeleting::run(asked, [&asked, &further] {
         ContractLock::take(asked, asked.m_iID);
         requireNothingReceived(asked);
+        if (further)
+            further();
     });
 }

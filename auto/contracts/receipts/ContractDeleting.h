@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class CTblAutomobilContracts;
 
 // Deletes a contract for which no money was received or paid, and no cheque is in the register.
@@ -22,6 +24,7 @@ public:
 // Throws MoneyReceived. The contract is loaded. deed: what is refused then, the first word of "حذف نمی‌شود".
 void requireNothingReceived(const CTblAutomobilContracts &contract, const QString &deed = QStringLiteral("حذف"));
 // Deletes the contract that the user was asked about, as RowDeleting does. Throws MoneyReceived and RowDeleting::Refused.
-void run(CTblAutomobilContracts &asked);
+// further: run in the unit, on the locked contract, before it goes. Empty: nothing.
+void run(CTblAutomobilContracts &asked, const std::function<void()> &further = {});
 
 }

@@ -55,6 +55,7 @@ class TestDeletedRecords : public QObject
         run(u"INSERT INTO AutomobilPayments(iAutomobilContractID,iPersonID,iNum,date,dAmount,sDesc) VALUES(%1,%2,1,NOW(),0.1,NULL),(%1,%2,2,NOW(),1e15/3,'')"_s.arg(key).arg(posted.buyer));
         run(u"INSERT INTO FollowUps(iTable,iRecordID,iPaymentID,sNote) SELECT 69,%1,MIN(iID),'قول داد' FROM AutomobilPayments WHERE iAutomobilContractID=%1"_s.arg(key));
         run(u"INSERT INTO Alarms(iTable,iRecordID,iUserID,date) VALUES(69,%1,1,NOW())"_s.arg(key));
+        run(u"INSERT INTO CarContracts(iCarID,iContractID,iUserID,dateCreate) VALUES(%1,%2,1,NOW())"_s.arg(m_office->addCar()).arg(key));
         return key;
     }
     int customField(int kind)
@@ -165,7 +166,7 @@ private Q_SLOTS:
     {
         m_office->clear();
         m_office->logInAsAdmin();
-        for (const char *table : {"Bin", "BinRows", "FileDocs", "CustomFieldRecords", "CustomFields", "FollowUps", "Alarms", "Changes", "AutomobilPayments"})
+        for (const char *table : {"Bin", "BinRows", "FileDocs", "CustomFieldRecords", "CustomFields", "FollowUps", "Alarms", "CarContracts", "Changes", "AutomobilPayments"})
             run(u"DELETE FROM "_s + QLatin1String(table));
     }
 

@@ -11,10 +11,13 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/records/RecordWindows.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"
+#include "suite/utility/look/LookIcons.h"
 
 #include <QCheckBox>
+#include <QMenu>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -51,9 +54,24 @@ CDlgAddAutomobilInformation::CDlgAddAutomobilInformation(int carID, EditorMode m
         car.sold = m_sale->form()->checkBox(u"bSold"_s)->isChecked();
         CDlgMatchingDemands::Show(car, m_base->code(), this);
     });
+    m_more = addCommand(u"بیشتر"_s, [] {});
+    m_more->setMenu(new QMenu(m_more));
+    m_more->setVisible(mode != EditorMode::New);
+    connect(m_more->menu(), &QMenu::aboutToShow, this, &CDlgAddAutomobilInformation::offerMore);
 }
 
 CDlgAddAutomobilInformation::~CDlgAddAutomobilInformation() = default;
+
+// Of the car as it is stored.
+void CDlgAddAutomobilInformation::offerMore()
+{
+    QMenu *menu = m_more->menu();
+    menu->clear();
+    for (const RecordAction &action : RecordWindows::actionsOf(u"AutomobilInformations"_s, key())) {
+        if (action.id != "matchingDemands"_L1)
+            menu->addAction(LookIcons::icon(action.icon), action.text, this, [this, action] { RecordWindows::run(action, key(), this); });
+    }
+}
 
 bool CDlgAddAutomobilInformation::load()
 {

@@ -32,6 +32,8 @@ public:
 
     CDlgAddAutomobilInformationBase *basePage() const { return m_base; }
     CDlgAddAutomobilInformationSales *salePage() const { return m_sale; }
+    // A menu of what else can be done with the car; hidden for a new one.
+    QPushButton *moreButton() const { return m_more; }
     QPushButton *demandsButton() const { return m_demands; }
 
 protected:
@@ -44,6 +46,7 @@ protected:
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
+    void offerMore();
     QList<CarEditorPage *> pages() const;
     // False, after a message, for entries that are no valid values and for a buyer who is also the owner.
     bool checkEntries();
@@ -52,4 +55,5 @@ private:
     CDlgAddAutomobilInformationBase *m_base = nullptr;
     CDlgAddAutomobilInformationSales *m_sale = nullptr;
     QPushButton *m_demands = nullptr;
+    QPushButton *m_more = nullptr;
 };
