@@ -34,6 +34,7 @@ FLOORS = [
     ["suite/accounting/recovery"],
     ["suite/accounting/history"],
     ["suite/accounting/search", "suite/accounting/timeline", "suite/accounting/today"],
+    ["suite/accounting/twins"],
     ["suite/crm", "suite/image"],
     ["suite/treasury"],
     ["auto"],

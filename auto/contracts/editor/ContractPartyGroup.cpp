@@ -7,6 +7,8 @@
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/KPersonField.h"
+#include "suite/crm/persons/PersonTwins.h"
+#include "suite/accounting/twins/TwinNote.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -126,6 +128,18 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
         }
     });
     setPersonDataEditable(false);
+    offerKnownPerson();
+}
+
+// Who is typed by hand and is in the list of persons already can be taken from there.
+void ContractPartyGroup::offerKnownPerson()
+{
+    const auto find = [this](const QString &code) { return kind() == PartyKind::Other ? PersonTwins::ofNationalCode(code, 0) : std::nullopt; };
+    const auto take = [this](const Twin &person) {
+        setKind(PartyKind::Ordinary);
+        takePerson(person.key);
+    };
+    new TwinNote(m_form.edit(m_side.nationalId), find, {}, take);
 }
 
 void ContractPartyGroup::buildPersonRows(FormGrid *grid)

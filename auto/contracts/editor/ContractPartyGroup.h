@@ -90,6 +90,7 @@ Q_SIGNALS:
 private:
     void buildPersonRows(FormGrid *grid);
     void buildFigureRow(FormGrid *grid);
+    void offerKnownPerson();
     void kindChosen();
     void showPersonalData(const CTblPersons &person);
     void clearPerson();

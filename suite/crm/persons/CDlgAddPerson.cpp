@@ -7,11 +7,13 @@
 #include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/twins/TwinNote.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/crm/persons/IdentityHints.h"
 #include "suite/crm/persons/MobileNumber.h"
 #include "suite/crm/persons/NationalCode.h"
+#include "suite/crm/persons/PersonTwins.h"
 #include "suite/crm/persons/TaxFields.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
@@ -164,7 +166,24 @@ void CDlgAddPerson::build()
     connect(m_form->comboBox(u"iKind"_s), &QComboBox::currentIndexChanged, this, &CDlgAddPerson::applyKind);
     for (const char16_t *column : {u"sNationalCode", u"sMobile"})
         connect(m_form->edit(QString::fromUtf16(column)), &KEdit::textChanged, this, &CDlgAddPerson::updateHints);
+    wireTwins();
     m_form->control(u"sName"_s)->setFocus();
+}
+
+// Whether a code or number looks wrong is said as before, while no other person has it.
+void CDlgAddPerson::wireTwins()
+{
+    KEdit *national = m_form->edit(u"sNationalCode"_s);
+    KEdit *mobile = m_form->edit(u"sMobile"_s);
+    m_nationalTwin = new TwinNote(
+        national, [this](const QString &text) { return PersonTwins::ofNationalCode(text, m_edit.key()); },
+        [this, national] { return IdentityHints::nationalCode(national->text(), m_form->comboBox(u"iKind"_s)->currentIndex()); });
+    m_mobileTwin = new TwinNote(
+        mobile, [this](const QString &text) { return PersonTwins::ofMobile(text, m_edit.key()); },
+        [mobile] { return IdentityHints::mobile(mobile->text()); });
+    m_nameTwin = new TwinNote(m_form->edit(u"sFatherName"_s), [this](const QString &text) {
+        return PersonTwins::ofName(CTblPersons::displayName(m_form->edit(u"sName"_s)->text(), m_form->edit(u"sFamily"_s)->text()), text, m_edit.key());
+    });
 }
 
 // The national code and the mobile have the room that their hints need.
@@ -195,6 +214,8 @@ void CDlgAddPerson::loadRecord()
     m_form->comboBox(u"iKind"_s)->setCurrentIndex(m_record.isNatural() ? m_record.m_iKind : CTblPersons::kindLegal);
     m_tax->load(m_record);
     applyKind();
+    for (TwinNote *twin : {m_nationalTwin, m_mobileTwin, m_nameTwin})
+        twin->loaded();
 }
 
 void CDlgAddPerson::prefill(const QString &searchedFor)
@@ -302,11 +323,20 @@ void CDlgAddPerson::settle()
                          .arg(caption, ConvertToStandard(m_record.m_sNationalCode), CTblPersonsMini::GetName(other)),
                      u"sNationalCode"_s);
     }
+    settleTwins();
     m_record.m_bNatural = m_record.isNatural() ? 1 : 0;
     if (!m_record.isNatural()) {
         m_record.m_sName = CTblPersons::displayName(m_record.m_sName, m_record.m_sFamily);
         m_record.m_sFamily.clear();
     }
+}
+
+void CDlgAddPerson::settleTwins()
+{
+    if (const std::optional<Twin> twin = m_mobileTwin->found())
+        m_edit.doubt(u"موبایل %1 برای «%2» هم ثبت شده است. آیا با این حال ذخیره شود؟"_s.arg(m_record.m_sMobile, twin->text), u"sMobile"_s);
+    if (const std::optional<Twin> twin = m_nameTwin->found())
+        m_edit.doubt(u"«%1» با همین نام و نام پدر در فهرست هست. آیا با این حال ذخیره شود؟"_s.arg(twin->text), u"sFatherName"_s);
 }
 
 // A code that was proposed, not chosen, gives way to the person who has got it since.

@@ -13,6 +13,7 @@
 class CardPage;
 class KForm;
 class TaxFields;
+class TwinNote;
 
 // The editor of one person ("مشخصات شخص"). A name is all that it insists on; a national code or mobile that looks wrong
 // gets a hint beside the field and is saved as it is, because people do bring such papers.
@@ -73,6 +74,8 @@ private:
     void storeEntries();
     void settle();
     void settleCode();
+    void settleTwins();
+    void wireTwins();
     bool saveRecord();
 
     Mode m_mode;
@@ -83,4 +86,7 @@ private:
     qint32 m_openedKind = CTblPersons::kindNatural;
     KForm *m_form = nullptr;
     std::unique_ptr<TaxFields> m_tax;
+    TwinNote *m_nationalTwin = nullptr;
+    TwinNote *m_mobileTwin = nullptr;
+    TwinNote *m_nameTwin = nullptr; // beside the father's name
 };

@@ -6,6 +6,7 @@
 #include "auto/editor/ArchiveLine.h"
 #include "auto/words/StoredTexts.h"
 #include "auto/cars/register/editor/CarFields.h"
+#include "auto/cars/register/editor/CarTwins.h"
 #include "auto/cars/fields/CatalogFields.h"
 #include "auto/cars/fields/ItemFields.h"
 #include "auto/cars/fields/PersonGroup.h"
@@ -14,10 +15,13 @@
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/twins/TwinNote.h"
 #include "suite/image/KStaticImage.h"
-#include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KEdit.h"
+#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KStepArrows.h"
+#include "suite/utility/entries/PlateEdit.h"
+#include "suite/utility/entries/PlateKindBox.h"
 #include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
@@ -60,7 +64,7 @@ CDlgAddAutomobilInformationBase::CDlgAddAutomobilInformationBase(EditorMode mode
     build();
     wireItems();
     m_form->arrows(u"iYear"_s)->setStart(GetShamsiYearOfToday());
-    connect(m_form->edit(vinColumn), &KEdit::textChanged, this, &CDlgAddAutomobilInformationBase::showVinHint);
+    wireTwins();
     connect(m_form->edit(plateColumn), &KEdit::textChanged, this, &CDlgAddAutomobilInformationBase::showPlate);
 }
 
@@ -125,7 +129,10 @@ QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
     m_form->place(grid, plateColumn);
     m_plate = new PlatePicture(box);
     grid->addCell(m_plate);
-    m_form->place(grid, {{"sChassisNum", 2}, {"sNumOfEngines"}, {"sNumOfBodies"}, {"sVIN", 2}, {"iFunction"}, {"dAmount"}, {"iTypeDocument"}, {"dateInsurance"}, {"sDiscountYears"}, {"sNameInsurance"}, {"sInsuranceStatus", 2}});
+    m_plateKind = new PlateKindBox(static_cast<PlateEdit *>(m_form->control(plateColumn)), box);
+    m_plateKind->setObjectName(u"plateKind"_s);
+    grid->addField(labelFor(u"نوع پلاک :"_s, m_plateKind), nullptr, m_plateKind, 1);
+    m_form->place(grid, {{"sChassisNum", 2}, {"sNumOfEngines"}, {"sNumOfBodies", 2}, {"sVIN", 2}, {"iFunction"}, {"dAmount"}, {"iTypeDocument"}, {"dateInsurance"}, {"sDiscountYears"}, {"sNameInsurance"}, {"sInsuranceStatus", 2}});
     return box;
 }
 
@@ -158,8 +165,18 @@ void CDlgAddAutomobilInformationBase::wireItems()
                         u"نوشتن مدارکی که تحویل نشده است"_s);
 }
 
+void CDlgAddAutomobilInformationBase::wireTwins()
+{
+    for (const CarTwins::Field &field : CarTwins::fields()) {
+        const auto otherHint = field.column == vinColumn ? std::function([this] { return vinHint(); }) : std::function<QString()>();
+        const auto find = [this, field](const QString &text) { return CarTwins::find(field, text, m_carID); };
+        m_twins.append(new TwinNote(m_form->edit(field.column), find, otherHint));
+    }
+}
+
 void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
 {
+    m_carID = car.m_iID;
     m_form->setShowMode(isShowMode());
     m_items->fill();
     m_catalog->show(car.m_iAutomobilType, car.m_iModel, car.m_iBrigade);
@@ -167,11 +184,13 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
     m_form->load(car);
     m_owner->setPersonID(car.m_iPersonID);
     m_owner->setReadOnly(isShowMode());
+    m_plateKind->setEnabled(!isShowMode());
     LoadKStaticImageFromLongBinary(*m_picture, car.m_oPicture);
     m_picture->setReadOnly(isShowMode());
     m_archiveLine->showArchived(car);
     m_archiveLine->setVisible(car.m_iArchiveUserID != 0);
-    showVinHint();
+    for (TwinNote *twin : std::as_const(m_twins))
+        twin->loaded();
     showPlate();
     // Otherwise the window would open on its confirm button.
     if (!isShowMode())
@@ -190,7 +209,13 @@ bool CDlgAddAutomobilInformationBase::validate()
 
 QList<KForm::Problem> CDlgAddAutomobilInformationBase::doubts() const
 {
-    return vehicleDoubts(m_form->edit(u"iYear"_s), m_form->edit(u"iNumOfWheels"_s));
+    QList<KForm::Problem> doubts = vehicleDoubts(m_form->edit(u"iYear"_s), m_form->edit(u"iNumOfWheels"_s));
+    for (qsizetype i = 0; i < m_twins.size(); ++i) {
+        const CarTwins::Field &field = CarTwins::fields().at(i);
+        if (const std::optional<Twin> twin = m_twins.at(i)->found())
+            doubts.append({m_form->edit(field.column), u"%1 این خودرو در «%2» هم هست."_s.arg(field.name, twin->text)});
+    }
+    return doubts;
 }
 
 void CDlgAddAutomobilInformationBase::write(CTblAutomobilInformations &car)
@@ -219,13 +244,6 @@ int CDlgAddAutomobilInformationBase::code() const
 QString CDlgAddAutomobilInformationBase::vinHint() const
 {
     return hintFor(VehicleIdentification::check(m_form->edit(vinColumn)->plainText()));
-}
-
-void CDlgAddAutomobilInformationBase::showVinHint()
-{
-    KEdit *vin = m_form->edit(vinColumn);
-    FieldNote::of(vin)->showHint(vinHint());
-    vin->setAccessibleDescription(vinHint());
 }
 
 void CDlgAddAutomobilInformationBase::showPlate()

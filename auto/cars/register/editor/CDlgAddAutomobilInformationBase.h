@@ -11,7 +11,9 @@ class CatalogFields;
 class ItemFields;
 class KStaticImage;
 class PersonGroup;
+class PlateKindBox;
 class PlatePicture;
+class TwinNote;
 
 // First page of the car editor: the owner, the vehicle with its numbers, insurance, equipment and papers, and its picture.
 class CDlgAddAutomobilInformationBase final : public CarEditorPage
@@ -37,6 +39,7 @@ public:
     PersonGroup *owner() const { return m_owner; }
     KStaticImage *picture() const { return m_picture; }
     PlatePicture *plate() const { return m_plate; }
+    PlateKindBox *plateKind() const { return m_plateKind; }
     // The hint beside a VIN that looks wrong; empty otherwise.
     QString vinHint() const;
 
@@ -52,7 +55,7 @@ private:
     QWidget *buildNumbers(QWidget *content);
     QWidget *buildEquipment(QWidget *content);
     void wireItems();
-    void showVinHint();
+    void wireTwins();
     void showPlate();
 
     KForm *m_form = nullptr;
@@ -62,4 +65,7 @@ private:
     ItemFields *m_items = nullptr;
     ArchiveLine *m_archiveLine = nullptr;
     PlatePicture *m_plate = nullptr;
+    PlateKindBox *m_plateKind = nullptr;
+    QList<TwinNote *> m_twins; // in the order of CarTwins::fields
+    int m_carID = 0;
 };

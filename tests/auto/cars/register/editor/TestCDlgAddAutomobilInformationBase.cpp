@@ -205,6 +205,17 @@ private Q_SLOTS:
         QCOMPARE(m_dialog->salePage()->plate()->accessibleName(), plate->accessibleName());
     }
 
+    void anOlderSpellingStaysUntilItIsTouchedAndThenBecomesTheOne()
+    {
+        open([](Car &car) { car.m_sNumOfPlates = u"67-345ب12"_s; });
+        QVERIFY(m_dialog->basePage()->plate()->isPlate());
+        Car car;
+        QCOMPARE(saved(car).m_sNumOfPlates, u"67-345ب12"_s);
+        m_dialog = m_office->opened(m_dialog->key());
+        form().edit(u"sNumOfPlates"_s)->setText(u"۶۷-۳۴۵د۱۲"_s);
+        QCOMPARE(saved(car).m_sNumOfPlates, u"12 د 345 ایران 67"_s);
+    }
+
     // --- Insurance ---
 
     void nameOfTheInsuranceIsTextAndOfferedToTheNextCar()
@@ -319,7 +330,7 @@ private Q_SLOTS:
         for (const char *name :
              {"dateIntroduction", "iSource", "iAutomobilType", "iModel", "iBrigade", "iSystem", "iYear", "iMonth", "iColor", "iFuel",
               "iUsageType", "iCountry", "iBodyStatus", "iVolumCylinders", "iNumOfWheels", "iNumOfCylinders", "iCapacity",
-              "iNumOFAxles", "sNumOfPlates", "sChassisNum", "sNumOfEngines", "sNumOfBodies", "sVIN", "iFunction", "dAmount",
+              "iNumOFAxles", "sNumOfPlates", "plateKind", "sChassisNum", "sNumOfEngines", "sNumOfBodies", "sVIN", "iFunction", "dAmount",
               "iTypeDocument", "dateInsurance", "sDiscountYears", "sNameInsurance", "sInsuranceStatus", "sAccessories",
               "sFractionalParts", "sDocumentsDelivered", "sDocumentsDeficit", "sFacilities", "sDesc", "sDescSpecial"})
             expected << QString::fromLatin1(name);
