@@ -6,6 +6,7 @@
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
+#include "host/demo/DemoCarContracts.h"
 #include "host/demo/DemoCars.h"
 #include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"
@@ -28,7 +29,7 @@ constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
 constexpr int fewestSales = 12;
 constexpr int mostSales = 120;
-constexpr int mostWithMoney = 80; // contracts with receipts, plans and cheques: the latest
+constexpr int mostWithMoney = 80;      // contracts with receipts, plans and cheques: the latest
 constexpr int daysOfTheRegister = 300; // age of the oldest car in it
 
 // Fixed days, so that the office is the same whenever it is created.
@@ -137,6 +138,7 @@ void fill(int contracts, int database)
     const DemoCatalog catalog(office.userID, QDateTime(office.firstDay, QTime(9, 0), Qt::UTC), database);
     const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
+    DemoCarContracts::write(database);
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
     DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
                  database)

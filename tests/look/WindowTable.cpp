@@ -3,6 +3,7 @@
 
 #include "tests/look/WindowTable.h"
 
+#include "auto/cars/prices/CDlgPriceHistory.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/catalog/CDlgAddCar.h"
 #include "auto/catalog/CDlgCarsAll.h"
@@ -10,6 +11,7 @@
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/catalog/tariffs/CDlgAddAutomobilTariff.h"
 #include "auto/catalog/tariffs/CDlgAutomobilTariffs.h"
+#include "auto/contracts/cars/CDlgCarContracts.h"
 #include "auto/contracts/cheques/CDlgContractCheques.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/contracts/instalments/CDlgPlanChoice.h"
@@ -17,7 +19,9 @@
 #include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ContractReceipts.h"
+#include "auto/contracts/whatif/CDlgDealWhatIf.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblAutomobilInformations.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
 #include "host/keeping/BackupKeeper.h"
 #include "host/keeping/CDlgBackupPassphrase.h"
@@ -75,6 +79,8 @@
 #include <QImage>
 #include <QMimeData>
 #include <QTest>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -231,6 +237,7 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
                            CDlgContractReceipts(contract).exec();
                        })});
     entries.push_back({"contracts-received", withReceived(office)});
+    entries.push_back({"deal-what-if", window<CDlgDealWhatIf>(CDlgDealWhatIf::Facts{u"پژو 207 12 ب 345 ایران 67"_s, 12'500'000'000.0, 11'800'000'000.0, 45'000'000.0, 9'000'000.0})});
     entries.push_back({"receipt", window<CDlgCashFromPerson>(person, 2'818'800.0, u"بابت تسویه قرارداد شماره 15"_s)});
     entries.push_back({"receipt-cheque", window<CDlgCashFromPerson>(CDlgCashFromPerson::Start{.method = CTblReceipts::cheque})});
     const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());
@@ -277,6 +284,19 @@ void addCheques(LookOffice &office, std::vector<Entry> &entries)
                        })});
 }
 
+// Dearer once, then cheaper.
+void repriceCar(int carID)
+{
+    for (const double factor : {1.05, 0.9}) {
+        CTblAutomobilInformations car;
+        car.SetColumns({u"dAmount"_s});
+        QVERIFY(car.IsRecordExist(u"iID"_s, carID));
+        car.Edit();
+        car.m_dAmount = std::round(car.m_dAmount * factor / 1'000'000) * 1'000'000;
+        car.Update(true);
+    }
+}
+
 void addCars(LookOffice &office, std::vector<Entry> &entries)
 {
     const int tariff = office.number(u"SELECT MIN(iID) FROM AutomobilTariffs"_s);
@@ -284,6 +304,12 @@ void addCars(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"car-edit", command(office, cars, u"edit"_s)});
     entries.push_back({"car-show", command(office, cars, u"show"_s)});
     entries.push_back({"car-demands", command(office, cars, u"matchingDemands"_s)});
+    const int linked = office.number(u"SELECT COALESCE(MAX(iCarID),(SELECT MAX(iID) FROM AutomobilInformations)) FROM CarContracts"_s);
+    entries.push_back({"car-contracts", window<CDlgCarContracts>(linked, CDlgCarContracts::Purpose::AskForAnother)});
+    entries.push_back({"car-prices", modal([linked] {
+                           repriceCar(linked);
+                           CDlgPriceHistory(linked).exec();
+                       })});
     entries.push_back({"car-picker", modal([] { CDlgAutomobilInformations::SelectCar(nullptr); })});
     entries.push_back({"demand-new", command(office, demands, u"new"_s)});
     entries.push_back({"demand-edit", command(office, demands, u"edit"_s)});
