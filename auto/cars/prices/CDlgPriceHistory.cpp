@@ -4,7 +4,6 @@
 #include "auto/cars/prices/CDlgPriceHistory.h"
 
 #include "auto/cars/prices/PriceChart.h"
-#include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
@@ -90,7 +89,7 @@ void CDlgPriceHistory::build()
 void CDlgPriceHistory::fill(int carID)
 {
     const QList<PriceHistory::Entry> prices = PriceHistory::of(carID);
-    m_chart->setPrices(prices, GetDBSetting()->GetDBServerDate());
+    m_chart->setPrices(prices);
     QVector<KListModel::Row> rows;
     for (auto entry = prices.crbegin(); entry != prices.crend(); ++entry)
         rows.append(priceRow(int(rows.size()) + 1, *entry));

@@ -22,10 +22,9 @@ PriceChart::PriceChart(QWidget *parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void PriceChart::setPrices(const QList<PriceHistory::Entry> &prices, const QDateTime &until)
+void PriceChart::setPrices(const QList<PriceHistory::Entry> &prices)
 {
     m_prices = prices;
-    m_until = until;
     QStringList texts;
     for (const PriceHistory::Entry &entry : m_prices)
         texts.append(DToMoney(entry.price));
@@ -39,13 +38,11 @@ QSize PriceChart::sizeHint() const
 }
 
 // From 0, so that a small change does not look like a large one.
-QPointF PriceChart::place(const QDateTime &when, double price, const QRectF &room) const
+QPointF PriceChart::place(qsizetype step, double price, const QRectF &room) const
 {
     const auto dearer = [](const PriceHistory::Entry &a, const PriceHistory::Entry &b) { return a.price < b.price; };
     const double highest = std::max(1.0, std::max_element(m_prices.cbegin(), m_prices.cend(), dearer)->price);
-    const double span = std::max<qint64>(1, m_prices.constFirst().when.secsTo(m_until));
-    const double passed = std::clamp(double(m_prices.constFirst().when.secsTo(when)) / span, 0.0, 1.0);
-    return {room.right() - passed * room.width(), room.bottom() - price / highest * room.height()};
+    return {room.right() - double(step) / double(m_prices.size()) * room.width(), room.bottom() - price / highest * room.height()};
 }
 
 void PriceChart::paintEvent(QPaintEvent *)
@@ -58,16 +55,16 @@ void PriceChart::paintEvent(QPaintEvent *)
     const QRectF room = QRectF(rect()).adjusted(margin, margin, -margin, -margin);
     painter.setPen(QPen(HostColors::of(HostColors::Role::Line), 1));
     painter.drawLine(room.bottomLeft(), room.bottomRight());
-    QPainterPath steps(place(m_prices.constFirst().when, m_prices.constFirst().price, room));
+    QPainterPath steps(place(0, m_prices.constFirst().price, room));
     for (qsizetype i = 0; i < m_prices.size(); ++i) {
-        const QDateTime end = i + 1 < m_prices.size() ? m_prices.at(i + 1).when : m_until;
-        steps.lineTo(place(m_prices.at(i).when, m_prices.at(i).price, room));
-        steps.lineTo(place(end, m_prices.at(i).price, room));
+        steps.lineTo(place(i, m_prices.at(i).price, room));
+        steps.lineTo(place(i + 1, m_prices.at(i).price, room));
     }
     painter.setPen(QPen(HostColors::of(HostColors::Role::Chart), 2));
+    painter.setBrush(Qt::NoBrush);
     painter.drawPath(steps);
     painter.setBrush(HostColors::of(HostColors::Role::Chart));
     painter.setPen(Qt::NoPen);
-    for (const PriceHistory::Entry &entry : std::as_const(m_prices))
-        painter.drawEllipse(place(entry.when, entry.price, room), 3.5, 3.5);
+    for (qsizetype i = 0; i < m_prices.size(); ++i)
+        painter.drawEllipse(place(i, m_prices.at(i).price, room), 3.5, 3.5);
 }

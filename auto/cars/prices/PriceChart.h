@@ -7,7 +7,8 @@
 
 #include <QWidget>
 
-// The prices of a car over the time, oldest at the right: each stands until the next.
+// The prices of a car one after the other, the oldest at the right. Each is a step of the same width: a car is priced twice on one day and then
+// stands for months.
 class PriceChart : public QWidget
 {
     Q_OBJECT
@@ -15,8 +16,8 @@ class PriceChart : public QWidget
 public:
     explicit PriceChart(QWidget *parent = nullptr);
 
-    // Oldest first. until: where the last one ends.
-    void setPrices(const QList<PriceHistory::Entry> &prices, const QDateTime &until);
+    // Oldest first.
+    void setPrices(const QList<PriceHistory::Entry> &prices);
 
     QSize sizeHint() const override;
 
@@ -24,8 +25,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QPointF place(const QDateTime &when, double price, const QRectF &room) const;
+    // Where the step of that number begins, at the height of the price.
+    QPointF place(qsizetype step, double price, const QRectF &room) const;
 
     QList<PriceHistory::Entry> m_prices;
-    QDateTime m_until;
 };

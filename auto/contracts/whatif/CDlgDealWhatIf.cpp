@@ -18,10 +18,12 @@
 #include "suite/utility/look/FormGrid.h"
 #include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
+#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 #include <QDialogButtonBox>
+#include <QHBoxLayout>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -86,7 +88,7 @@ void CDlgDealWhatIf::build()
     setContent(page, buttons);
 }
 
-KEdit *CDlgDealWhatIf::add(FormGrid *grid, const QString &name, const QString &label, int span, bool isResult)
+KEdit *CDlgDealWhatIf::add(FormGrid *grid, const QString &name, const QString &label, int span, bool isResult, QHBoxLayout *row)
 {
     auto *line = new KEdit(KEdit::Kind::Money, this);
     line->setObjectName(name);
@@ -95,7 +97,12 @@ KEdit *CDlgDealWhatIf::add(FormGrid *grid, const QString &name, const QString &l
         line->setRange(-largestMoney, largestMoney);
     else
         connect(line, &KEdit::numberEdited, this, &CDlgDealWhatIf::recompute);
-    grid->addField(labelFor(label, line), new FieldNote(line, this), line, span);
+    if (row) {
+        row->addWidget(line, 1);
+        grid->addField(labelFor(label, line), new FieldNote(line, this), row, span);
+    } else {
+        grid->addField(labelFor(label, line), new FieldNote(line, this), line, span);
+    }
     m_edits.insert(name, line);
     return line;
 }
@@ -113,14 +120,17 @@ void CDlgDealWhatIf::buildPrice(CardPage *page)
     add(grid, u"price"_s, u"قیمت :"_s, 2);
     add(grid, u"purchase"_s, u"مبلغ خريد از مالک :"_s, 2);
     add(grid, u"expenses"_s, u"مخارج اتومبيل :"_s, 2);
-    add(grid, u"notary"_s, u"هزينه محضر :"_s);
     auto *tariff = new QPushButton(u"..."_s, this);
     tariff->setAccessibleName(u"هزينه محضر : ..."_s);
     tariff->setToolTip(u"انتخاب از هزینه های تعرفه های محضر"_s);
     tariff->setAutoDefault(false);
     LookMarks::setButton(tariff, LookMarks::Button::Small);
     connect(tariff, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { pickTariff(); }); });
-    grid->addCell(tariff);
+    tariff->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    auto *row = new QHBoxLayout;
+    row->setSpacing(LookSizes::unit / 2);
+    add(grid, u"notary"_s, u"هزينه محضر :"_s, 2, false, row);
+    row->addWidget(tariff);
     add(grid, u"commission"_s, u"کمیسیون هر طرف :"_s, 2);
     addNumber(grid, u"sellerDiscount"_s, u"تخفیف فروشنده (%) :"_s, true);
     addNumber(grid, u"buyerDiscount"_s, u"تخفیف خریدار (%) :"_s, true);

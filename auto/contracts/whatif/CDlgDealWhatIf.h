@@ -12,6 +12,7 @@
 class CardPage;
 class FormGrid;
 class KEdit;
+class QHBoxLayout;
 
 // What a deal would bring, while its price is typed ("برآورد معامله"): commission of both sides, tax, duty, instalments, margin; and a sheet of it for
 // the customer, without what is the office's own. Nothing is saved.
@@ -45,7 +46,7 @@ public:
 
 private:
     void build();
-    KEdit *add(FormGrid *grid, const QString &name, const QString &label, int span = 1, bool isResult = false);
+    KEdit *add(FormGrid *grid, const QString &name, const QString &label, int span = 1, bool isResult = false, QHBoxLayout *row = nullptr);
     KEdit *addNumber(FormGrid *grid, const QString &name, const QString &label, bool isPercent);
     void buildPrice(CardPage *page);
     void buildInstalments(CardPage *page);

@@ -59,7 +59,7 @@ void TwinNote::tell()
     FieldNote *note = FieldNote::of(m_edit);
     if (!note)
         return;
-    const QString hint = m_twin ? u"%1 (Ctrl+T)"_s.arg(m_twin->text) : m_otherHint ? m_otherHint()
+    const QString hint = m_twin ? u"تکراری (Ctrl+T): %1"_s.arg(m_twin->text) : m_otherHint ? m_otherHint()
                                                                                    : QString();
     note->showHint(hint);
     note->setCursor(m_twin ? Qt::PointingHandCursor : Qt::ArrowCursor);

@@ -126,13 +126,13 @@ QWidget *CDlgAddAutomobilInformationBase::buildNumbers(QWidget *content)
 {
     auto *box = new QGroupBox(u"شماره ها، مبلغ و بيمه"_s, content);
     auto *grid = new FormGrid(box);
-    m_form->place(grid, plateColumn);
+    m_form->place(grid, plateColumn, 2);
     m_plate = new PlatePicture(box);
     grid->addCell(m_plate);
     m_plateKind = new PlateKindBox(static_cast<PlateEdit *>(m_form->control(plateColumn)), box);
     m_plateKind->setObjectName(u"plateKind"_s);
     grid->addField(labelFor(u"نوع پلاک :"_s, m_plateKind), nullptr, m_plateKind, 1);
-    m_form->place(grid, {{"sChassisNum", 2}, {"sNumOfEngines"}, {"sNumOfBodies", 2}, {"sVIN", 2}, {"iFunction"}, {"dAmount"}, {"iTypeDocument"}, {"dateInsurance"}, {"sDiscountYears"}, {"sNameInsurance"}, {"sInsuranceStatus", 2}});
+    m_form->place(grid, {{"sChassisNum", 2}, {"sNumOfEngines"}, {"sNumOfBodies"}, {"sVIN", 2}, {"iFunction"}, {"dAmount"}, {"iTypeDocument"}, {"dateInsurance"}, {"sDiscountYears"}, {"sNameInsurance"}, {"sInsuranceStatus", 2}});
     return box;
 }
 

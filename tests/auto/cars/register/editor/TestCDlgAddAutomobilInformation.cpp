@@ -37,6 +37,7 @@ void enterInto(KForm &form, const KFormField &field, int number)
     using Kind = KFormField::Kind;
     switch (field.kind) {
     case Kind::Text:
+    case Kind::Plate:
         form.edit(field.column)->setText(u"متن %1"_s.arg(number));
         break;
     case Kind::Date:
@@ -69,6 +70,7 @@ QVariant shownBy(const KForm &form, const KFormField &field)
     using Kind = KFormField::Kind;
     switch (field.kind) {
     case Kind::Text:
+    case Kind::Plate:
         return form.edit(field.column)->plainText();
     case Kind::Date:
         return form.dateEdit(field.column)->dateTime();
