@@ -16,6 +16,7 @@
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/invoices/InvoiceValues.h"
+#include "suite/accounting/lists/CTblSavedFilters.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -175,6 +176,12 @@ void enterLists()
                            .make = RecordSubject::maker<CTblReportLayouts>(),
                            .title = [](KMySQL &record) { return static_cast<const CTblReportLayouts &>(record).m_sName; },
                            .caption = captions({{u"sLayout"_s, u"قالب"_s}, {u"sReport"_s, u"گزارش"_s}})});
+    // Only who may do everything sees what others keep for themselves.
+    RecordSubjects::enter({.table = u"SavedFilters"_s,
+                           .kind = u"فیلتر ذخیره شده"_s,
+                           .form = {},
+                           .make = RecordSubject::maker<CTblSavedFilters>(),
+                           .title = [](KMySQL &record) { return static_cast<const CTblSavedFilters &>(record).m_sName; }});
     // What happens to the data as a whole; there is no row.
     RecordSubjects::enter({.table = u"Exports"_s, .kind = u"خروجی"_s, .form = {}, .make = RecordSubject::maker<CTblProperties>()});
     RecordSubjects::enter({.table = u"Backup"_s, .kind = u"پشتیبان"_s, .form = {}, .make = RecordSubject::maker<CTblProperties>()});

@@ -125,6 +125,30 @@ KFilterValues KFilterForm::values() const
     return values;
 }
 
+KFilterValues KFilterForm::enteredValues() const
+{
+    KFilterValues values;
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        if (isChangeable(i))
+            values.insert(m_filters.at(i).key, valueAt(i));
+    }
+    return values;
+}
+
+bool KFilterForm::enter(const KFilterValues &values)
+{
+    reset();
+    qsizetype entered = 0;
+    for (qsizetype i = 0; i < m_filters.size(); ++i) {
+        const auto value = values.constFind(m_filters.at(i).key);
+        if (value == values.cend() || !isChangeable(i))
+            continue;
+        m_items[static_cast<size_t>(i)].control.set(*value);
+        ++entered;
+    }
+    return entered == values.size();
+}
+
 void KFilterForm::set(QStringView key, const QVariant &value)
 {
     const KFilterControl &control = m_items[static_cast<size_t>(indexOf(key))].control;

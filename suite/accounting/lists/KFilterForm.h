@@ -30,6 +30,10 @@ public:
     // What the filter asks for now, as its kind says. An unknown key is an error of the program and asserts.
     QVariant value(QStringView key) const;
     KFilterValues values() const;
+    // What the user sees and can change of them.
+    KFilterValues enteredValues() const;
+    // Resets the filters and sets those. False when some are none that the user can change; the others are set.
+    bool enter(const KFilterValues &values);
     // Sets the control as a user would: a date (QDate or QDateTime) is ticked too, an invalid one unticks it; a choice that
     // is not there means the first; a text is not escaped yet.
     void set(QStringView key, const QVariant &value);
