@@ -54,7 +54,7 @@ QList<KListColumn> CDlgDocuments::columnTable() const
         {.key = u"kind"_s, .title = u"نوع سند"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iKind"_s, .cell = KListColumn::of<CTblDocuments>(kindCell)},
         {.key = u"description"_s, .title = u"شرح سند"_s, .width = 200, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
         // The sum of the document's rows, queried for all documents at once.
-        {.key = u"amount"_s, .title = u"مبلغ"_s, .alignment = Qt::AlignRight},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .alignment = Qt::AlignRight, .sums = true},
         {.key = u"user"_s, .title = u"کاربر"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iUserID"_s, .lookup = u"iUserID"_s},
     };
 }
@@ -106,7 +106,9 @@ void CDlgDocuments::completeRows(QVector<KListModel::Row> &rows)
     for (qsizetype index = 0; index < rows.size(); ++index)
         rows[index].cells[amount] = KListColumn::money(amounts.value(keys.at(index)));
     // An error above leaves the list and what belongs to it as they were.
-    m_keys = std::move(keys);
+    m_keys.clear();
+    for (qsizetype index = 0; index < rows.size(); ++index)
+        m_keys.insert(rows.at(index).key, keys.at(index));
 }
 
 void CDlgDocuments::activated(int key)
@@ -138,7 +140,7 @@ void CDlgDocuments::buildRowsPane()
 
 void CDlgDocuments::showRows(int key)
 {
-    const DocumentRows::DocumentKey document = m_keys.value(list()->listModel()->rowOfKey(key));
+    const DocumentRows::DocumentKey document = m_keys.value(key);
     m_rows->showDocument(document.second, document.first);
 }
 
@@ -154,14 +156,12 @@ QString CDlgDocuments::totalsText() const
 
 DocumentRows::DocumentKey CDlgDocuments::currentDocument() const
 {
-    return m_keys.value(list()->currentRow());
+    return m_keys.value(list()->currentKey());
 }
 
 void CDlgDocuments::selectDocument(int num, int fiscalYear)
 {
-    const qsizetype row = m_keys.indexOf(DocumentRows::DocumentKey{fiscalYear, num});
-    if (row >= 0)
-        list()->selectRow(static_cast<int>(row));
+    selectListed(m_keys.key(DocumentRows::DocumentKey{fiscalYear, num}));
 }
 
 void CDlgDocuments::addDocument()

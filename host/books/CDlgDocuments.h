@@ -44,5 +44,5 @@ private:
     void showRows(int key);
 
     DocumentRowsPane *m_rows = nullptr;
-    QList<DocumentRows::DocumentKey> m_keys; // of the rows of the list
+    QHash<int, DocumentRows::DocumentKey> m_keys; // of the records of the list, by their keys
 };

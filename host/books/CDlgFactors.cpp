@@ -54,6 +54,7 @@ CDlgFactors::CDlgFactors(QWidget *parent)
 
 QList<KListColumn> CDlgFactors::columnTable() const
 {
+    const auto isValid = [](KMySQL &record) { return static_cast<const CTblFactors &>(record).m_iStatus != CTblFactors::voided; };
     return {
         KListColumn::rowNumber(30),
         {.key = u"number"_s, .title = u"شماره"_s, .width = 45, .sortKey = u"iID"_s, .column = u"iID"_s},
@@ -65,7 +66,7 @@ QList<KListColumn> CDlgFactors::columnTable() const
         {.key = u"discount"_s, .title = u"تخفیف"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dDiscount"_s, .column = u"dDiscount"_s},
         {.key = u"tax"_s, .title = u"مالیات"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dTax"_s, .column = u"dTax"_s},
         {.key = u"duty"_s, .title = u"عوارض"_s, .width = 55, .alignment = Qt::AlignRight, .sortKey = u"dImposition"_s, .column = u"dImposition"_s},
-        {.key = u"owed"_s, .title = u"قابل پرداخت"_s, .width = 75, .alignment = Qt::AlignRight, .sortKey = u"dAmount-dDiscount+dTax+dImposition"_s, .cell = KListColumn::of<CTblFactors>(owedCell)},
+        {.key = u"owed"_s, .title = u"قابل پرداخت"_s, .width = 75, .alignment = Qt::AlignRight, .sortKey = u"dAmount-dDiscount+dTax+dImposition"_s, .cell = KListColumn::of<CTblFactors>(owedCell), .reads = {u"iStatus"_s}, .sums = true, .sumsBy = u"type"_s, .counts = isValid},
         {.key = u"document"_s, .title = u"شماره سند"_s, .width = 45, .sortKey = u"iDocNum"_s, .column = u"iDocNum"_s},
         {.key = u"status"_s, .title = u"وضعیت"_s, .width = 40, .sortKey = u"iStatus"_s, .column = u"iStatus"_s, .show = statusCell},
     };

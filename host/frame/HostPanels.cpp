@@ -209,7 +209,7 @@ void HostPanels::focusRing(QPainter &painter, const QRect &rect)
 
 void HostPanels::row(QPainter &painter, const QStyleOptionViewItem &option, const QWidget *view)
 {
-    constexpr int bar = 4;
+    constexpr int bar = LookSizes::rowBar;
     const bool selected = is(option, QStyle::State_Selected);
     const bool hovered = is(option, QStyle::State_MouseOver) && is(option, QStyle::State_Enabled);
     const QRect &rect = option.rect;

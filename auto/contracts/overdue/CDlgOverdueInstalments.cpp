@@ -112,7 +112,7 @@ QList<KListColumn> CDlgOverdueInstalments::columnTable() const
         {.key = u"number"_s, .title = u"قسط"_s, .width = 30, .sortKey = u"ap.iNum"_s, .column = u"ap.iNum"_s},
         {.key = u"amount"_s, .title = u"مبلغ قسط"_s, .width = 70, .alignment = right, .sortKey = u"ap.dAmount"_s, .cell = KListColumn::of<I>(amount)},
         {.key = u"received"_s, .title = u"دریافت شده"_s, .width = 70, .alignment = right, .cell = KListColumn::of<I>(received)},
-        {.key = u"rest"_s, .title = u"مانده"_s, .width = 70, .alignment = right, .cell = KListColumn::of<I>(rest), .warns = isOverdue},
+        {.key = u"rest"_s, .title = u"مانده"_s, .width = 70, .alignment = right, .cell = KListColumn::of<I>(rest), .sums = true, .warns = isOverdue},
         {.key = u"lateFee"_s, .title = u"جریمه دیرکرد"_s, .width = 60, .alignment = right, .cell = KListColumn::of<I>(fee)},
         {.key = u"note"_s, .title = u"آخرین تماس"_s, .width = 110, .alignment = right, .sortKey = u"fu.sNote"_s, .column = u"fu.sNote"_s},
         {.key = u"promised"_s, .title = u"وعده پرداخت"_s, .width = 55, .sortKey = u"fu.datePromised"_s, .column = u"fu.datePromised"_s, .warns = promiseIsOver},
@@ -129,6 +129,7 @@ QList<KListFilter> CDlgOverdueInstalments::filterTable() const
 KListTraits CDlgOverdueInstalments::traits() const
 {
     KListTraits traits;
+    traits.hasOwnTotals = true;
     traits.hasRowLimit = false; // its sums are those of all that is asked for
     traits.searchColumn = 6;
     traits.readsWholeRecords = true;
@@ -167,13 +168,13 @@ void CDlgOverdueInstalments::beginRows()
     m_amounts = DueAmounts::read(m_decimals);
 }
 
-void CDlgOverdueInstalments::completeRows(QVector<KListModel::Row> &rows)
+void CDlgOverdueInstalments::showTotals(const QVector<KListModel::Row> &rows)
 {
     const int rest = list()->columnOf(u"rest");
     const int days = list()->columnOf(u"days");
     double open = 0;
     double overdue = 0;
-    for (const KListModel::Row &row : std::as_const(rows)) {
+    for (const KListModel::Row &row : rows) {
         open += row.cells.at(rest).value.toDouble();
         if (row.cells.at(days).value.toInt() > 0)
             overdue += row.cells.at(rest).value.toDouble();

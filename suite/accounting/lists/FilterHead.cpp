@@ -19,6 +19,7 @@ namespace {
 
 // Of a condition; a longer one ends in "…" and has a tip.
 constexpr qsizetype longestChip = 40;
+constexpr int dropIcon = 14;
 
 QString shortened(const QString &condition)
 {
@@ -33,6 +34,8 @@ FilterHead::FilterHead(const QString &title, QWidget *box)
     , m_title(new QLabel(title, this))
     , m_open(new QLabel(u"<a href=\"#\" style=\"text-decoration: none\">باز کردن</a>"_s, this))
     , m_more(new KChip(KChip::Kind::Neutral, {}, this))
+    , m_requested(new KChip(KChip::Kind::Info, {}, this))
+    , m_drop(new QToolButton(this))
 {
     m_line->setContentsMargins(0, 0, 0, 0);
     m_line->setSpacing(LookSizes::unit);
@@ -41,7 +44,17 @@ FilterHead::FilterHead(const QString &title, QWidget *box)
     // The button beside it is there for the keyboard.
     m_open->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
     connect(m_open, &QLabel::linkActivated, this, &FilterHead::toggleAsked);
+    m_drop->setAutoRaise(true);
+    m_drop->setIcon(LookIcons::icon(u":/icons/close.svg"_s));
+    m_drop->setIconSize(QSize(LookSizes::scaled(dropIcon), LookSizes::scaled(dropIcon)));
+    m_drop->setFocusPolicy(Qt::StrongFocus);
+    m_drop->setAccessibleName(u"برداشتن شرط"_s);
+    connect(m_drop, &QToolButton::clicked, this, &FilterHead::requestDropped);
+    m_requested->hide();
+    m_drop->hide();
     m_line->addWidget(m_title);
+    m_line->addWidget(m_requested);
+    m_line->addWidget(m_drop);
     m_line->addWidget(m_more);
     m_line->addWidget(m_open);
     m_line->addStretch(1);
@@ -71,6 +84,16 @@ void FilterHead::setFolded(bool folded)
     fitChips();
 }
 
+void FilterHead::setRequested(const QString &words)
+{
+    m_requested->setText(shortened(words));
+    m_requested->setToolTip(words);
+    m_drop->setToolTip(u"برداشتن شرط «%1»"_s.arg(words));
+    m_requested->setVisible(!words.isEmpty());
+    m_drop->setVisible(!words.isEmpty());
+    fitChips();
+}
+
 void FilterHead::setConditions(const QStringList &conditions)
 {
     if (conditions == m_conditions)
@@ -84,7 +107,7 @@ void FilterHead::setConditions(const QStringList &conditions)
         if (chip->text() != condition)
             chip->setToolTip(condition);
         m_chips.push_back(chip);
-        m_line->insertWidget(static_cast<int>(m_chips.size()), chip); // the title stands before them
+        m_line->insertWidget(m_line->indexOf(m_drop) + static_cast<int>(m_chips.size()), chip);
     }
     fitChips();
 }
@@ -94,6 +117,8 @@ int FilterHead::widthWith(qsizetype count) const
 {
     const int gap = m_line->spacing();
     int width = m_title->sizeHint().width() + gap + m_open->sizeHint().width() + gap + m_button->sizeHint().width();
+    if (!m_requested->isHidden())
+        width += gap + m_requested->sizeHint().width() + gap + m_drop->sizeHint().width();
     for (qsizetype i = 0; i < count; ++i)
         width += gap + m_chips[static_cast<size_t>(i)]->sizeHint().width();
     return count < m_conditions.size() ? width + gap + m_more->sizeHint().width() : width;
@@ -118,7 +143,7 @@ void FilterHead::fitChips()
 // However many conditions there are, they do not widen the page.
 QSize FilterHead::sizeHint() const
 {
-    return {m_title->sizeHint().width(), m_line->sizeHint().height()};
+    return {m_title->sizeHint().width(), qMax(m_line->sizeHint().height(), m_title->sizeHint().height())};
 }
 
 QSize FilterHead::minimumSizeHint() const

@@ -13,7 +13,7 @@ class QHBoxLayout;
 class QLabel;
 class QToolButton;
 
-// The head of the filter box: its title, and of one that can be folded the button for that and, while it is folded, the conditions
+// The head of the filter box: its title, what was asked besides its filters, and of one that can be folded the button for that and, while it is folded, the conditions
 // as chips. Those without room are counted in the last one.
 class FilterHead : public QWidget
 {
@@ -27,6 +27,8 @@ public:
     void setFolded(bool folded);
     bool isFolded() const { return m_folded; }
     void setConditions(const QStringList &conditions);
+    // What the list was asked for besides its filters; empty: nothing. It stands there folded or not.
+    void setRequested(const QString &words);
     QToolButton *button() const { return m_button; }
 
     QSize sizeHint() const override;
@@ -34,6 +36,7 @@ public:
 
 Q_SIGNALS:
     void toggleAsked();
+    void requestDropped();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -46,6 +49,8 @@ private:
     QLabel *m_title;
     QLabel *m_open;
     KChip *m_more;
+    KChip *m_requested;
+    QToolButton *m_drop; // beside it
     QToolButton *m_button = nullptr;
     std::vector<KChip *> m_chips;
     QStringList m_conditions;

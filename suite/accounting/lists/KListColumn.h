@@ -26,13 +26,17 @@ struct TZACCOUNTING_EXPORT KListColumn
     QString column = {};                                       // the record column that is shown
     std::function<Cell(const QVariant &value)> show = {};      // the cell of a value of that column; empty: as its kind reads
     std::function<Cell(KMySQL &record, int number)> cell = {}; // the cell of a record, numbers counting from 1; goes before column
-    QStringList reads = {};                                    // further record columns that cell and warns read
+    QStringList reads = {};                                    // further record columns that cell, counts and warns read
     QString lookup = {};                                       // record column of keys whose names are shown, looked up for all rows at once;
                                                                // the cell is what stands where a key has no name
     QString emptyText = {};                                    // stands where the text would be empty
     bool isCode = false;                                       // as KListModel::Column::isCode
     bool countsRows = false;                                   // as KListModel::Column::countsRows
     bool optional = false;                                     // as KListModel::Column::optional; while it is off, nothing is read for it
+    int widthOnceOn = 0;                                       // as KListModel::Column::widthOnceOn
+    bool sums = false;                                         // as KListModel::Column::sums
+    QString sumsBy = {};                                       // as KListModel::Column::sumsBy
+    std::function<bool(KMySQL &record)> counts = {};           // of a column that sums: whether the record's amount counts; empty: each does
     std::function<bool(KMySQL &record)> warns = {};            // whether the cell of that record stands out; empty: it does not
 
     // The running number of the row.

@@ -55,10 +55,8 @@ KListFilterBox::KListFilterBox(const KListTraits &traits, QList<KListFilter> fil
         buildSearchRow(traits, grid);
     LookMarks::setTall(m_body);
     m_isFoldable = !title().isEmpty() && m_filters->hasManyLines();
-    if (!title().isEmpty()) {
-        m_head = new FilterHead(title(), this);
-        column->addWidget(m_head);
-    }
+    if (!title().isEmpty())
+        addHead();
     if (m_isFoldable) {
         m_head->setFoldable();
         connect(m_head, &FilterHead::toggleAsked, this, &KListFilterBox::toggle);
@@ -170,6 +168,24 @@ void KListFilterBox::open()
         return;
     m_isSettled = true;
     fold(false);
+}
+
+void KListFilterBox::addHead()
+{
+    m_head = new FilterHead(title(), this);
+    connect(m_head, &FilterHead::requestDropped, this, &KListFilterBox::requestDropped);
+    static_cast<QVBoxLayout *>(layout())->insertWidget(0, m_head);
+}
+
+// A box without a title gets its head for this.
+void KListFilterBox::setRequested(const QString &words)
+{
+    if (!m_head && words.isEmpty())
+        return;
+    if (!m_head)
+        addHead();
+    m_head->setRequested(words);
+    takeMargins();
 }
 
 void KListFilterBox::takeConditions()

@@ -46,6 +46,8 @@ public:
     void toggle();
     // What it asks for now is what the rows were asked with: it names that whenever it is folded, until the next time.
     void takeConditions();
+    // What the list was asked for besides its filters, as a chip with a cross, whether the box is folded or not; empty: nothing.
+    void setRequested(const QString &words);
     // Opens it for now, because something in it is wanted.
     void open();
 
@@ -59,6 +61,8 @@ public:
 Q_SIGNALS:
     // The search button, or Enter in an entry.
     void searchAsked();
+    // The cross of what is asked besides the filters.
+    void requestDropped();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -68,6 +72,7 @@ protected:
 private:
     void buildSearchRow(const KListTraits &traits, QGridLayout *grid);
     void shareWidth(QGridLayout *grid) const;
+    void addHead();
     void showConditions();
     void fold(bool folded);
     void foldByWidth();

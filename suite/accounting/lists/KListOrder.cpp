@@ -31,7 +31,7 @@ void KListOrder::read()
     m_clicked.column = ReadSetting(m_section, columnSetting, m_defaults.column);
     const bool isColumn = m_clicked.column >= 0 && m_clicked.column < m_columns.size();
     // The mark is not sought on a title that may not be in sight.
-    if (!isColumn || (m_columns.at(m_clicked.column).optional && m_columns.at(m_clicked.column).sortKey.isEmpty()))
+    if (!isColumn || m_columns.at(m_clicked.column).optional)
         m_clicked.column = m_defaults.column;
     QString stored = ReadSetting(m_section, sortSetting, m_defaults.sort);
     if (stored.isEmpty())

@@ -9,8 +9,13 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/bin/RowDeleting.h"
+#include "suite/accounting/lists/CDlgListColumns.h"
+#include "suite/accounting/lists/KListBar.h"
 #include "suite/accounting/lists/KListRows.h"
+#include "suite/accounting/lists/ListSums.h"
 #include "suite/accounting/lists/RowArchiving.h"
+#include "suite/accounting/lists/SavedFilterMenu.h"
+#include "suite/accounting/lists/SavedFilterText.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -23,6 +28,7 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -46,6 +52,9 @@ KListPage::~KListPage() = default;
 void KListPage::setSelectMode(bool on, int preselectedKey)
 {
     m_selectMode = on;
+    // Who chooses one row marks no others.
+    if (m_sums)
+        m_list->setSelectionMode(on ? QAbstractItemView::SingleSelection : QAbstractItemView::ExtendedSelection);
     m_chosenKey = preselectedKey;
     filters().setSelectMode(on);
 }
@@ -59,6 +68,8 @@ void KListPage::build()
     m_list = new KExtListCtrl(this);
     m_list->setAccessibleName(title());
     m_list->setColumns(columns);
+    m_list->setColumnsArrangeable();
+    m_list->setLayoutUser(GetDBSetting()->GetUserName());
     m_list->SetSettingName(m_traits.layoutSetting.isEmpty() ? m_section + u"\\List"_s : m_traits.layoutSetting);
     takeShownColumns();
 
@@ -67,6 +78,8 @@ void KListPage::build()
     layout->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
     layout->setSpacing(LookSizes::unit);
     layout->addWidget(m_filterBox);
+    buildBar();
+    layout->addWidget(m_bar);
     layout->addWidget(buildCard(), 1);
     buildCommands();
     layout->addWidget(m_commands);
@@ -79,6 +92,10 @@ QWidget *KListPage::buildCard()
     auto *card = new KListCard(m_list, this);
     m_count = new QLabel(u"تعداد : -"_s, card);
     card->addToFoot(m_count);
+    if (ListSums::isWanted(*m_list)) {
+        m_sums = new ListSums(m_list, !m_traits.hasOwnTotals, card);
+        card->addToFoot(m_sums, true);
+    }
     m_empty = new KEmptyState(m_list);
     connect(m_empty, &KEmptyState::pressed, this, [this] { guarded([this] { mendEmptiness(); }); });
     return card;
@@ -94,12 +111,52 @@ void KListPage::connectList()
         if (!m_selectMode)
             guarded([&] { emptyAreaActivated(); });
     });
-    connect(m_list, &KExtListCtrl::rowActivated, this, [this](int key) {
+    const auto activate = [this](int key) {
         if (m_selectMode)
             Q_EMIT okRequested();
         else
             guarded([&] { activated(key); });
-    });
+    };
+    connect(m_list, &KExtListCtrl::rowActivated, this, activate);
+    connect(m_bar, &KListBar::rowActivated, this, activate);
+}
+
+void KListPage::buildBar()
+{
+    m_bar = new KListBar(m_list, this);
+    connect(m_bar, &KListBar::narrowed, this, &KListPage::updateCount);
+    if (!filters().enteredValues().isEmpty()) {
+        m_savedFilters = new SavedFilterMenu(m_filterBox, m_section, FormName(), this);
+        connect(m_savedFilters, &SavedFilterMenu::chosen, this, &KListPage::takeFilter);
+        m_bar->addView(m_savedFilters);
+    }
+    connect(m_list, &KExtListCtrl::columnOrderAsked, this, [this] { CDlgListColumns::Show(m_list, this); });
+}
+
+void KListPage::takeFilter(const QString &kept)
+{
+    const SavedFilterText::Read read = SavedFilterText::read(filters().filters(), kept);
+    m_request = {};
+    m_filterBox->setRequested({});
+    m_bar->widen();
+    const bool isWhole = filters().enter(read.values) && !read.isPartly;
+    m_hasFurtherRows.reset();
+    search();
+    if (!isWhole)
+        g_pDlgMessage->Show(u"برخی از شرط‌های این فیلتر دیگر در این فهرست نیست و به کار نرفت."_s, this);
+}
+
+// Ctrl+F: the rows in sight first; pressed there, the filter that asks the database.
+void KListPage::find()
+{
+    QWidget *filter = firstFilterControl();
+    if (!m_bar->quickFilter()->hasFocus() || !filter) {
+        m_bar->quickFilter()->setFocus(Qt::ShortcutFocusReason);
+        m_bar->quickFilter()->selectAll();
+        return;
+    }
+    m_filterBox->open();
+    filter->setFocus(Qt::ShortcutFocusReason);
 }
 
 // An optional column that is off keeps its place in the rows, empty.
@@ -120,6 +177,8 @@ void KListPage::showOtherColumns()
     takeShownColumns();
     if (m_filledWith)
         guarded([this] { fillInPlace(*m_filledWith); });
+    else if (m_sums)
+        m_sums->refresh();
 }
 
 void KListPage::buildFilterBox()
@@ -128,10 +187,8 @@ void KListPage::buildFilterBox()
         m_traits, filterTable(), [this](QGridLayout *grid) { buildFilters(grid); }, this);
     connect(m_filterBox, &KListFilterBox::searchAsked, this, &KListPage::search);
     auto *find = new QShortcut(QKeySequence::Find, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    connect(find, &QShortcut::activated, this, [this] {
-        m_filterBox->open();
-        firstFilterControl()->setFocus(Qt::ShortcutFocusReason);
-    });
+    connect(find, &QShortcut::activated, this, &KListPage::find);
+    connect(m_filterBox, &KListFilterBox::requestDropped, this, &KListPage::dropRequestedCondition);
     auto *fold = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
     connect(fold, &QShortcut::activated, m_filterBox, &KListFilterBox::toggle);
     auto *refresh = new QShortcut(QKeySequence(Qt::Key_F5), this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
@@ -224,7 +281,7 @@ void KListPage::open()
     m_filterBox->readRowLimit(m_section);
     m_filterBox->readFolding(m_section);
     m_order.read();
-    m_list->setSortMark(m_order.markedColumn());
+    m_list->setSortMark(columnInOrder());
     takeDatabaseState();
     modeApplied();
     opening();
@@ -235,6 +292,18 @@ void KListPage::open()
     else if (m_request.selected > 0)
         selectListed(m_request.selected);
     setFocus(Qt::OtherFocusReason);
+}
+
+// What is off at first has the mark while it is in sight and the rows stand in its order.
+int KListPage::columnInOrder() const
+{
+    const QVector<KListModel::Column> &columns = m_list->listModel()->columns();
+    for (int column = 0; column < columns.size(); ++column) {
+        const QString &key = columns.at(column).sortKey;
+        if (columns.at(column).optional && !key.isEmpty() && key == KSortOrder::sortKey(m_order.sort()) && m_list->isColumnShown(column))
+            return column;
+    }
+    return m_order.markedColumn();
 }
 
 // An order that an earlier program stored may be one that the table no longer knows. The list opens all the same; what only
@@ -264,7 +333,8 @@ void KListPage::showEvent(QShowEvent *event)
 // never come to the filter again.)
 void KListPage::focusInEvent(QFocusEvent *event)
 {
-    m_list->setFocus(event->reason());
+    // Who chooses one of the rows looks for it first, and goes through them from there.
+    (m_selectMode ? static_cast<QWidget *>(m_bar->quickFilter()) : m_list)->setFocus(event->reason());
 }
 
 // Enter has searched by now; it is not also the answer to the window that holds the page.
@@ -319,7 +389,8 @@ void KListPage::fillInPlace(const KSql &filter)
     const int top = m_list->verticalScrollBar()->value();
     fill(filter);
     // A record that is gone leaves the selection to the row in its place.
-    selectListed(key);
+    if (m_list->listModel()->rowOfKey(key) >= 0)
+        m_list->selectKey(key);
     m_list->verticalScrollBar()->setValue(top);
 }
 
@@ -363,9 +434,11 @@ KSql KListPage::asked() const
 void KListPage::setRequest(const KListRequest &request)
 {
     m_request = request;
+    m_filterBox->setRequested(m_request.conditionText);
     if (!m_opened)
         return;
     guarded([this] {
+        m_bar->widen();
         takeRequest();
         m_hasFurtherRows.reset();
         refill();
@@ -386,6 +459,7 @@ void KListPage::takeRequest()
 void KListPage::dropRequestedCondition()
 {
     m_request = {};
+    m_filterBox->setRequested({});
     guarded([this] {
         m_hasFurtherRows.reset();
         refill();
@@ -458,6 +532,12 @@ void KListPage::restoreSelection(int rememberedRow)
 
 void KListPage::selectListed(int key)
 {
+    if (m_list->listModel()->rowOfKey(key) < 0 && m_bar->isNarrowed()) {
+        const QString words = m_bar->quickFilter()->text();
+        m_bar->widen();
+        if (m_list->listModel()->rowOfKey(key) < 0)
+            m_bar->quickFilter()->setText(words);
+    }
     if (m_list->listModel()->rowOfKey(key) >= 0)
         m_list->selectKey(key);
 }
@@ -483,9 +563,14 @@ void KListPage::emptyList()
 void KListPage::updateCount()
 {
     QString text = SuiteMessages::count(m_list->count());
-    if (m_leftOut > 0)
+    if (m_leftOut > 0 && !m_bar->isNarrowed())
         text += u" از "_s + DToMoney(static_cast<double>(m_list->count() + m_leftOut), 0);
     m_count->setText(text);
+    m_bar->updateFound();
+    if (m_sums)
+        m_sums->refresh();
+    if (m_traits.hasOwnTotals)
+        showTotals(m_list->listModel()->rows());
     updateEmptyState();
 }
 
@@ -496,6 +581,8 @@ void KListPage::updateEmptyState()
     const KListCommand *adding = m_commands->adding();
     if (!isEmpty)
         m_empty->dismiss();
+    else if (m_list->listModel()->allRows() > 0)
+        m_empty->say(u":/icons/search.svg"_s, u"در ردیف‌های این فهرست یافت نشد."_s, u"نمایش همه ردیف‌ها"_s, u":/icons/filter.svg"_s);
     else if (!m_isTableEmpty)
         m_empty->say(u":/icons/search.svg"_s, u"با این فیلتر چیزی یافت نشد."_s, u"پاک کردن فیلتر"_s, u":/icons/filter.svg"_s);
     else if (adding)
@@ -507,6 +594,8 @@ void KListPage::updateEmptyState()
 // What a list's own reset keeps may be what leaves nothing over.
 void KListPage::mendEmptiness()
 {
+    if (m_list->listModel()->allRows() > 0)
+        return m_bar->widen();
     if (m_isTableEmpty) {
         if (const KListCommand *adding = m_commands->adding())
             m_commands->run(adding->id);
@@ -514,7 +603,7 @@ void KListPage::mendEmptiness()
     }
     resetFilter();
     refill();
-    if (m_list->count() == 0 && !m_isTableEmpty) {
+    if (m_list->listModel()->allRows() == 0 && !m_isTableEmpty) {
         filters().widen();
         refill();
     }
@@ -532,7 +621,7 @@ void KListPage::sortBy(int column)
     }
     guarded([&] {
         try {
-            if (m_list->count() > 0)
+            if (m_list->listModel()->allRows() > 0)
                 refill();
         } catch (...) {
             // A refused order is not kept: the list shows what it showed, in the order it had.
@@ -586,12 +675,14 @@ std::unique_ptr<KMySQL> KListPage::makeRecord() const
 void KListPage::recordDeleted(int key)
 {
     const int row = m_list->currentRow();
+    m_exchangingRows = true;
     m_list->removeKey(key);
     restoreSelection(row);
+    m_exchangingRows = false;
     m_hasFurtherRows.reset();
     updateCommands();
     updateCount();
-    if (m_list->count() > 0)
+    if (m_list->listModel()->allRows() > 0)
         return;
     m_isTableEmpty = !hasFurtherRows(records());
     updateEmptyState();

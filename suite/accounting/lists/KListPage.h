@@ -22,7 +22,10 @@ using namespace Qt::StringLiterals;
 
 class KEmptyState;
 class KExtListCtrl;
+class KListBar;
 class KMySQL;
+class ListSums;
+class SavedFilterMenu;
 class QGridLayout;
 class QLabel;
 class QPushButton;
@@ -65,6 +68,9 @@ public:
     // Takes that condition away; the rows are read anew.
     void dropRequestedCondition();
 
+    // Asks what a filter that was kept asks (SavedFilterText), and nothing else.
+    void takeFilter(const QString &kept);
+
     // Reads the settings and fills the list; done by itself when the page is first shown.
     void open();
     // Reads the rows anew with the filter as it stands. Throws CMySQLException: the list then keeps the rows it had.
@@ -87,6 +93,10 @@ public:
     bool isOffered(QStringView id) const { return m_commands->isOffered(id); }
     KListFilterBox *filterBox() const { return m_filterBox; }
     KListCommands *commandLine() const { return m_commands; }
+    // Between the filter and the rows.
+    KListBar *bar() const { return m_bar; }
+    // Null for a list whose filter the user cannot change.
+    SavedFilterMenu *savedFilters() const { return m_savedFilters; }
     // What the list says instead of rows; hidden while it has some.
     KEmptyState *emptyState() const { return m_empty; }
     QString countText() const;
@@ -120,6 +130,8 @@ protected:
     // Called before the first row is made and after the last has its names, for what a list adds to all rows at once.
     virtual void beginRows() { }
     virtual void completeRows(QVector<KListModel::Row> &) { }
+    // The rows in sight have changed, for a list that sums them up itself (hasOwnTotals).
+    virtual void showTotals(const QVector<KListModel::Row> &) { }
     virtual QString defaultSort() const { return u"iID"_s; }
     virtual int defaultLastColumn() const { return 1; }
     // Before the user is asked: throws what keeps the record from being deleted.
@@ -138,7 +150,7 @@ protected:
     virtual KListReport reportSpec() const { return {}; }
     // Select mode: takes what the caller needs to know about the row besides its key.
     virtual void chose(int) { }
-    // The control that Ctrl+F moves to.
+    // The control that Ctrl+F moves to from the quick filter; null: it stays there.
     virtual QWidget *firstFilterControl() const { return filters().findControl(); }
 
     // --- What the base offers to it ---
@@ -166,6 +178,7 @@ protected:
     void guarded(const std::function<void()> &work);
 
     // Selects the row with that key; without such a row the selection stays.
+    // One that the quick filter keeps out of sight comes into sight.
     void selectListed(int key);
     // Removes all rows from the list, as if nothing had been found.
     void emptyList();
@@ -179,6 +192,8 @@ private:
     void takeShownColumns();
     void showOtherColumns();
     void buildFilterBox();
+    void buildBar();
+    void find();
     QWidget *buildCard();
     void buildCommands();
     KListCommand historyCommand();
@@ -186,6 +201,7 @@ private:
     void search();
     void searchInPlace();
     void takeDatabaseState();
+    int columnInOrder() const;
     void firstFill();
     // The filter's clauses, and what was asked besides them.
     KSql asked() const;
@@ -224,7 +240,10 @@ private:
     KListPrinting m_printing;
     KExtListCtrl *m_list = nullptr;
     KListFilterBox *m_filterBox = nullptr;
+    KListBar *m_bar = nullptr;
+    SavedFilterMenu *m_savedFilters = nullptr;
     KListCommands *m_commands = nullptr;
     QLabel *m_count = nullptr;
+    ListSums *m_sums = nullptr; // of a list with columns that sum
     KEmptyState *m_empty = nullptr;
 };

@@ -86,7 +86,7 @@ QVector<KListModel::Column> KListRows::shown(const QList<KListColumn> &columns, 
     for (const KListColumn &column : columns) {
         const KMySQL::Column *value = column.show || column.cell ? nullptr : found(record, column.column);
         const bool isDate = value && value->kind == KMySQL::ColumnKind::Date;
-        shown.append({column.title, column.alignment, column.width, column.sortKey, isDate, column.isCode, column.key, column.countsRows, column.optional});
+        shown.append({column.title, column.alignment, column.width, column.sortKey, isDate, column.isCode, column.key, column.countsRows, column.optional, column.widthOnceOn, column.sums, column.sumsBy});
     }
     return shown;
 }
@@ -108,6 +108,7 @@ KListModel::Row &KListRows::add(int number)
     for (Bound &bound : m_bound) {
         row.cells.append(cell(bound, number));
         row.cells.last().warning = bound.column->warns && bound.column->warns(m_record);
+        row.cells.last().isSummed = !bound.column->counts || bound.column->counts(m_record);
         if (bound.key)
             bound.keys.append(*bound.key);
     }

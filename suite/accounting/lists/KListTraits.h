@@ -19,6 +19,7 @@ struct KListTraits
     QString filterTitle = u"فيلتر جستجو"_s;
     bool deletesInSelectMode = false;
     bool hasPlaceholders = false;                      // true: the table gets rows of editors that are open, which no list shows
+    bool hasOwnTotals = false;                         // true: the list shows the sums of all its rows itself
     bool readsWholeRecords = false;                    // true: every column of the record is fetched, not only those that the table reads
     KFilterControl::Maker makePerson = {};             // the field of a person filter; a list that has one sets it
     QString emptyIcon = u":/icons/table.svg"_s;        // beside what the list says while it has no rows

@@ -49,7 +49,7 @@ QList<KListColumn> CDlgCashAccounts::columnTable() const
         {.key = u"code"_s, .title = u"کد حساب"_s, .width = 55, .sortKey = u"iCode"_s, .column = u"iCode"_s},
         {.key = u"name"_s, .title = u"نام حساب"_s, .width = 140, .alignment = Qt::AlignRight, .sortKey = u"sName"_s, .column = u"sName"_s},
         {.key = u"kind"_s, .title = u"نوع"_s, .width = 45, .sortKey = u"iHesabKolCode"_s, .column = u"iHesabKolCode"_s, .show = kindOfAccount},
-        {.key = u"balance"_s, .title = u"موجودی امروز"_s, .width = 90, .alignment = Qt::AlignRight, .cell = [balanceOf](KMySQL &record, int) { return KListColumn::Cell{DToMoney(std::abs(balanceOf(record).net())), balanceOf(record).net()}; }, .reads = {u"iCode"_s}},
+        {.key = u"balance"_s, .title = u"موجودی امروز"_s, .width = 90, .alignment = Qt::AlignRight, .cell = [balanceOf](KMySQL &record, int) { return KListColumn::Cell{DToMoney(std::abs(balanceOf(record).net())), balanceOf(record).net()}; }, .reads = {u"iCode"_s}, .sums = true},
         {.key = u"nature"_s, .title = u"تشخیص"_s, .width = 40, .cell = [balanceOf](KMySQL &record, int) { return KListColumn::Cell{balanceOf(record).nature()}; }, .reads = {u"iCode"_s}, .warns = [balanceOf](KMySQL &record) { return balanceOf(record).net() < 0 && !balanceOf(record).isBalanced(); }},
     };
 }
@@ -67,7 +67,7 @@ QList<KListFilter> CDlgCashAccounts::filterTable() const
 
 KListTraits CDlgCashAccounts::traits() const
 {
-    return {.hasRowLimit = false, .searchColumn = 4, .emptyIcon = u":/icons/money.svg"_s, .emptyText = u"هنوز صندوق یا حساب بانکی در سرفصل حساب‌ها نیست."_s};
+    return {.hasRowLimit = false, .searchColumn = 4, .hasOwnTotals = true, .emptyIcon = u":/icons/money.svg"_s, .emptyText = u"هنوز صندوق یا حساب بانکی در سرفصل حساب‌ها نیست."_s};
 }
 
 std::vector<KListCommand> CDlgCashAccounts::commands()
@@ -90,11 +90,11 @@ void CDlgCashAccounts::beginRows()
     m_balances = CTblDocs::balances(AccountLevel::Moeen, {}, GetDBSetting()->GetDBServerDate());
 }
 
-void CDlgCashAccounts::completeRows(QVector<KListModel::Row> &rows)
+void CDlgCashAccounts::showTotals(const QVector<KListModel::Row> &rows)
 {
     const int column = list()->columnOf(u"balance");
     double sum = 0;
-    for (const KListModel::Row &row : std::as_const(rows))
+    for (const KListModel::Row &row : rows)
         sum += row.cells.at(column).value.toDouble();
     m_total->setText(u"جمع موجودی : %1 %2"_s.arg(DToMoney(sum), GetDBSetting()->MoneyUnitName()));
 }

@@ -29,7 +29,7 @@ protected:
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     void beginRows() override;
-    void completeRows(QVector<KListModel::Row> &rows) override;
+    void showTotals(const QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override { return u"iCode"_s; }
     void activated(int key) override;
     KListReport reportSpec() const override;

@@ -49,6 +49,7 @@ void CDlgCheques::showCheque(int chequeID)
 QList<KListColumn> CDlgCheques::columnTable() const
 {
     constexpr auto right = Qt::AlignRight;
+    const auto counts = [](KMySQL &record) { return ChequeStates::counts(static_cast<ChequeState>(static_cast<const CTblCheques &>(record).m_iState)); };
     return {
         KListColumn::rowNumber(30),
         {.key = u"kind"_s, .title = u"نوع"_s, .width = 45, .sortKey = u"iKind"_s, .column = u"iKind"_s, .show = chequeKindCell},
@@ -56,7 +57,7 @@ QList<KListColumn> CDlgCheques::columnTable() const
         {.key = u"number"_s, .title = u"شماره چک"_s, .width = 60, .sortKey = u"sNumber"_s, .column = u"sNumber"_s, .isCode = true},
         {.key = u"bank"_s, .title = u"بانک"_s, .width = 60, .alignment = right, .sortKey = u"sBank"_s, .column = u"sBank"_s},
         {.key = u"branch"_s, .title = u"شعبه"_s, .width = 60, .alignment = right, .sortKey = u"sBranch"_s, .column = u"sBranch"_s},
-        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 75, .alignment = right, .sortKey = u"dAmount"_s, .column = u"dAmount"_s},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 75, .alignment = right, .sortKey = u"dAmount"_s, .column = u"dAmount"_s, .reads = {u"iState"_s}, .sums = true, .sumsBy = u"kind"_s, .counts = counts},
         {.key = u"due"_s, .title = u"سررسید"_s, .width = 55, .sortKey = u"dateDue"_s, .column = u"dateDue"_s},
         {.key = u"drawer"_s, .title = u"صادرکننده"_s, .width = 80, .alignment = right, .sortKey = u"sDrawer"_s, .column = u"sDrawer"_s},
         {.key = u"person"_s, .title = u"از / به"_s, .width = 90, .alignment = right, .lookup = u"iPersonID"_s},

@@ -92,13 +92,14 @@ QString CDlgReceipts::sumsText() const
 
 QList<KListColumn> CDlgReceipts::columnTable() const
 {
+    const auto isValid = [](KMySQL &record) { return static_cast<const CTblReceipts &>(record).m_iStatus == CTblReceipts::valid; };
     return {
         KListColumn::rowNumber(30),
         {.key = u"number"_s, .title = u"شماره"_s, .width = 45, .sortKey = u"iID"_s, .column = u"iID"_s},
         {.key = u"kind"_s, .title = u"نوع"_s, .width = 45, .sortKey = u"iKind"_s, .column = u"iKind"_s, .show = kindCell},
         {.key = u"date"_s, .title = u"تاریخ"_s, .width = 55, .sortKey = u"date"_s, .column = u"date"_s},
         {.key = u"person"_s, .title = u"شخص"_s, .width = 105, .alignment = Qt::AlignRight, .lookup = u"iPersonID"_s},
-        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 75, .alignment = Qt::AlignRight, .sortKey = u"dAmount"_s, .column = u"dAmount"_s},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .width = 75, .alignment = Qt::AlignRight, .sortKey = u"dAmount"_s, .column = u"dAmount"_s, .reads = {u"iStatus"_s}, .sums = true, .sumsBy = u"kind"_s, .counts = isValid},
         {.key = u"method"_s, .title = u"روش"_s, .width = 40, .sortKey = u"iMethod"_s, .column = u"iMethod"_s, .show = methodCell},
         {.key = u"for"_s, .title = u"بابت"_s, .width = 120, .alignment = Qt::AlignRight, .sortKey = u"sFor"_s, .column = u"sFor"_s, .emptyText = u"علی‌الحساب"_s},
         {.key = u"description"_s, .title = u"شرح"_s, .width = 120, .alignment = Qt::AlignRight, .sortKey = u"sDesc"_s, .column = u"sDesc"_s},
@@ -115,7 +116,7 @@ QList<KListFilter> CDlgReceipts::filterTable() const
 
 KListTraits CDlgReceipts::traits() const
 {
-    return {.searchColumn = 6, .makePerson = personFilter(), .emptyIcon = u":/icons/receipt.svg"_s};
+    return {.searchColumn = 6, .hasOwnTotals = true, .makePerson = personFilter(), .emptyIcon = u":/icons/receipt.svg"_s};
 }
 
 std::vector<KListCommand> CDlgReceipts::commands()
@@ -143,14 +144,14 @@ bool CDlgReceipts::isWarning(KMySQL &record) const
     return static_cast<const CTblReceipts &>(record).m_iStatus != CTblReceipts::valid;
 }
 
-void CDlgReceipts::completeRows(QVector<KListModel::Row> &rows)
+void CDlgReceipts::showTotals(const QVector<KListModel::Row> &rows)
 {
     const int amount = list()->columnOf(u"amount");
     const int kind = list()->columnOf(u"kind");
     const int status = list()->columnOf(u"status");
     double received = 0;
     double paid = 0;
-    for (const KListModel::Row &row : std::as_const(rows)) {
+    for (const KListModel::Row &row : rows) {
         if (row.cells.at(status).value.toInt() != CTblReceipts::valid)
             continue;
         (row.cells.at(kind).value.toInt() == CTblReceipts::paid ? paid : received) += row.cells.at(amount).value.toDouble();

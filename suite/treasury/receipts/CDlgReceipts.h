@@ -26,7 +26,7 @@ protected:
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     bool isWarning(KMySQL &record) const override;
-    void completeRows(QVector<KListModel::Row> &rows) override;
+    void showTotals(const QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;
     void emptyAreaActivated() override;

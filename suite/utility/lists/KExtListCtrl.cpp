@@ -11,19 +11,21 @@
 #include <algorithm>
 #include <utility>
 
-#include "suite/utility/values/KSettings.h"
 #include "suite/utility/lists/CellDelegate.h"
 #include "suite/utility/lists/ColumnWidths.h"
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/lists/ListLook.h"
 #include "suite/utility/lists/OptionalColumns.h"
 #include "suite/utility/lists/RowMenuMark.h"
+#include "suite/utility/look/LookSizes.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int saveDelayMilliseconds = 500;
+const QString widthsSetting = u"sWidths"_s;
+const QString orderSetting = u"sOrder"_s;
 // So many show how long the figures of a list are.
 constexpr int tellingRows = 200;
 
@@ -60,7 +62,7 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     : QTreeView(parent)
     , m_model(new KListModel(this))
     , m_menuMark(new RowMenuMark(this))
-    , m_optional(new OptionalColumns(this, m_model))
+    , m_optional(new OptionalColumns(this, m_model, m_settings))
 {
     setModel(m_model);
     setItemDelegate(new CellDelegate(*m_menuMark, this));
@@ -87,6 +89,8 @@ KExtListCtrl::KExtListCtrl(QWidget *parent)
     connect(&m_saveTimer, &QTimer::timeout, this, &KExtListCtrl::saveLayout);
     followLayout();
     connect(m_optional, &OptionalColumns::switched, this, &KExtListCtrl::columnSwitched);
+    connect(m_optional, &OptionalColumns::orderAsked, this, &KExtListCtrl::columnOrderAsked);
+    connect(m_optional, &OptionalColumns::resetAsked, this, &KExtListCtrl::resetColumns);
     connect(m_menuMark, &RowMenuMark::clicked, this, &KExtListCtrl::requestRowMenu);
     // A reset drops the selection without a word of its own.
     connect(m_model, &QAbstractItemModel::modelReset, this, &KExtListCtrl::reportKey);
@@ -106,7 +110,7 @@ void KExtListCtrl::followLayout()
         if (m_applyingLayout)
             return;
         m_userLayout = true;
-        if (!m_settingName.isEmpty())
+        if (m_settings.isKept())
             m_saveTimer.start();
     };
     connect(header(), &QHeaderView::sectionResized, this, [this, layoutChanged](int section, int, int size) {
@@ -165,6 +169,58 @@ void KExtListCtrl::addOptionalColumnsTo(QMenu *menu)
     m_optional->addTo(menu);
 }
 
+void KExtListCtrl::setColumnsArrangeable()
+{
+    m_optional->setArrangeable();
+}
+
+bool KExtListCtrl::isColumnSwitchable(int column) const
+{
+    return m_optional->isSwitchable(column);
+}
+
+QList<int> KExtListCtrl::columnOrder() const
+{
+    QList<int> order;
+    for (int visual = 0; visual < header()->count(); ++visual)
+        order.append(header()->logicalIndex(visual));
+    return order;
+}
+
+void KExtListCtrl::arrangeColumns(const QList<int> &order, const QList<int> &shown)
+{
+    for (int visual = 0; visual < order.size(); ++visual)
+        header()->moveSection(header()->visualIndex(order.at(visual)), visual);
+    for (const int column : shown)
+        m_optional->switchColumn(column, true);
+    for (const int column : order) {
+        if (!shown.contains(column))
+            m_optional->switchColumn(column, false);
+    }
+}
+
+void KExtListCtrl::resetColumns()
+{
+    m_applyingLayout = true;
+    for (int column = 0; column < header()->count(); ++column)
+        header()->moveSection(header()->visualIndex(column), column);
+    m_optional->reset();
+    m_applyingLayout = false;
+    m_saveTimer.stop();
+    m_settings.write(widthsSetting, {});
+    m_settings.write(orderSetting, {});
+    m_userLayout = false;
+    fitColumns();
+    if (!m_narrowedBy.isEmpty())
+        narrowModel();
+    Q_EMIT shownColumnsChanged();
+}
+
+void KExtListCtrl::showColumnMenu(const QPoint &place)
+{
+    m_optional->showMenu(place);
+}
+
 QString KExtListCtrl::optionalColumnsName()
 {
     return OptionalColumns::name();
@@ -176,10 +232,12 @@ void KExtListCtrl::columnSwitched(int column, bool on)
     m_applyingLayout = true;
     header()->setSectionHidden(column, !on);
     if (on && m_userLayout)
-        header()->resizeSection(column, qMax(m_model->columns()[column].width * fontMetrics().averageCharWidth() / 4, leastWidth(column)));
+        header()->resizeSection(column, qMax(m_model->columns()[column].shownWidth() * fontMetrics().averageCharWidth() / 4, leastWidth(column)));
     m_applyingLayout = false;
     if (!m_userLayout)
         fitColumns();
+    if (!m_narrowedBy.isEmpty())
+        narrowModel();
     Q_EMIT shownColumnsChanged();
 }
 
@@ -190,7 +248,7 @@ void KExtListCtrl::fitColumns()
     const QVector<KListModel::Column> &columns = m_model->columns();
     QVector<ColumnWidths::Column> wishes;
     for (int i = 0; i < columns.size(); ++i)
-        wishes.append(isColumnShown(i) ? ColumnWidths::Column{columns[i].width * unit / 4.0, qMax(double(leastWidth(i)), figureWidth(i))}
+        wishes.append(isColumnShown(i) ? ColumnWidths::Column{columns[i].shownWidth() * unit / 4.0, qMax(double(leastWidth(i)), figureWidth(i))}
                                        : ColumnWidths::Column());
     const QVector<int> widths = ColumnWidths::shared(wishes, viewport()->width());
     m_applyingLayout = true;
@@ -251,8 +309,8 @@ void KExtListCtrl::resizeEvent(QResizeEvent *event)
 
 void KExtListCtrl::SetSettingName(const QString &name)
 {
-    m_settingName = name;
-    m_optional->setSettingName(name);
+    m_settings.setSection(name);
+    m_optional->read();
     m_applyingLayout = true;
     m_optional->apply();
     m_applyingLayout = false;
@@ -265,11 +323,11 @@ void KExtListCtrl::SetSettingName(const QString &name)
 void KExtListCtrl::applyLayout()
 {
     const int columns = header()->count();
-    if (m_settingName.isEmpty() || columns == 0)
+    if (!m_settings.isKept() || columns == 0)
         return;
     m_applyingLayout = true;
-    QVector<int> widths = parted(ReadSetting(m_settingName, u"sWidths"_s, QString()));
-    QVector<int> order = parted(ReadSetting(m_settingName, u"sOrder"_s, QString()));
+    QVector<int> widths = parted(m_settings.read(widthsSetting));
+    QVector<int> order = parted(m_settings.read(orderSetting));
     for (int i = int(widths.size()); !widths.isEmpty() && i < columns && order.size() == i && m_model->columns()[i].optional; ++i) {
         widths.append(0);
         order.append(i);
@@ -295,8 +353,8 @@ void KExtListCtrl::saveLayout()
         widths.append(header()->sectionSize(i));
         order.append(header()->logicalIndex(i));
     }
-    WriteSetting(m_settingName, u"sWidths"_s, joined(widths));
-    WriteSetting(m_settingName, u"sOrder"_s, joined(order));
+    m_settings.write(widthsSetting, joined(widths));
+    m_settings.write(orderSetting, joined(order));
 }
 
 void KExtListCtrl::setRows(QVector<KListModel::Row> rows)
@@ -316,10 +374,58 @@ int KExtListCtrl::count() const
     return m_model->rowCount();
 }
 
+void KExtListCtrl::narrow(const QString &text)
+{
+    m_narrowedBy = text;
+    narrowModel();
+}
+
+void KExtListCtrl::narrowModel()
+{
+    QList<int> columns;
+    for (int column = 0; column < header()->count(); ++column) {
+        const KListModel::Column &shown = m_model->columns().at(column);
+        // What a list holds without showing it at first, a plate, is found too.
+        if ((isColumnShown(column) || shown.width == 0) && !shown.countsRows)
+            columns.append(column);
+    }
+    const int key = currentKey();
+    m_narrowing = true;
+    m_model->narrow(m_narrowedBy, columns);
+    selectRow(qMax(0, m_model->rowOfKey(key)));
+    m_narrowing = false;
+    reportKey();
+}
+
+// Of several marked rows the one that was met last; where that is no longer marked, the first of them.
 int KExtListCtrl::currentRow() const
 {
-    const QModelIndexList rows = selectionModel()->selectedRows();
-    return rows.isEmpty() ? -1 : rows.first().row();
+    const QItemSelectionModel *marked = selectionModel();
+    if (!marked->hasSelection())
+        return -1;
+    if (const QModelIndex current = marked->currentIndex(); marked->isSelected(current))
+        return current.row();
+    int first = -1;
+    for (const QItemSelectionRange &range : marked->selection())
+        first = first < 0 ? range.top() : qMin(first, range.top());
+    return first;
+}
+
+void KExtListCtrl::setSeveralMarkable()
+{
+    setSelectionMode(ExtendedSelection);
+}
+
+QList<int> KExtListCtrl::markedRows() const
+{
+    QList<int> rows;
+    for (const QItemSelectionRange &range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.append(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
 }
 
 int KExtListCtrl::currentKey() const
@@ -381,12 +487,23 @@ void KExtListCtrl::selectionChanged(const QItemSelection &selected, const QItemS
 {
     QTreeView::selectionChanged(selected, deselected);
     reportKey();
+    Q_EMIT marksChanged();
+}
+
+// Among marked rows another one becomes the current one without a change of the marks.
+void KExtListCtrl::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    if (selectionMode() != ExtendedSelection)
+        return;
+    reportKey();
+    viewport()->update();
 }
 
 void KExtListCtrl::reportKey()
 {
     const int key = currentKey();
-    if (key == m_reportedKey)
+    if (m_narrowing || key == m_reportedKey)
         return;
     m_reportedKey = key;
     Q_EMIT currentKeyChanged(key);
@@ -422,6 +539,11 @@ void KExtListCtrl::requestRowMenu()
 void KExtListCtrl::drawRow(QPainter *painter, const QStyleOptionViewItem &options, const QModelIndex &index) const
 {
     QTreeView::drawRow(painter, options, index);
+    // Of several marked rows the bar tells which one the commands are about.
+    if (selectionModel()->isSelected(index) && !m_menuMark->isCurrent(index)) {
+        const QRect row = visualRect(index.siblingAtColumn(header()->logicalIndexAt(viewport()->width() - 1)));
+        painter->fillRect(QRect(row.right() - LookSizes::rowBar + 1, row.top(), LookSizes::rowBar, row.height() - 1), palette().color(QPalette::Highlight));
+    }
     m_menuMark->paint(*painter, index);
 }
 
@@ -477,14 +599,16 @@ void KExtListCtrl::mouseReleaseEvent(QMouseEvent *event)
 
 void KExtListCtrl::copyRow() const
 {
-    const int row = currentRow();
-    if (row < 0)
-        return;
-    QStringList texts;
-    for (int visual = 0; visual < header()->count(); ++visual) {
-        const int column = header()->logicalIndex(visual);
-        if (!header()->isSectionHidden(column))
-            texts.append(cellText(row, column));
+    QStringList lines;
+    for (const int row : markedRows()) {
+        QStringList texts;
+        for (int visual = 0; visual < header()->count(); ++visual) {
+            const int column = header()->logicalIndex(visual);
+            if (!header()->isSectionHidden(column))
+                texts.append(cellText(row, column));
+        }
+        lines.append(texts.join(QLatin1Char('\t')));
     }
-    QApplication::clipboard()->setText(texts.join(QLatin1Char('\t')));
+    if (!lines.isEmpty())
+        QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }

@@ -15,7 +15,8 @@
 namespace {
 
 constexpr int footMargin = 12;
-constexpr int footGap = 32; // between its texts
+constexpr int footGap = 32;     // between its texts
+constexpr int roomShare = 1000; // of the room left, against the end of the line
 
 }
 
@@ -33,7 +34,7 @@ KListCard::KListCard(QAbstractItemView *list, QWidget *parent)
     column->addWidget(list, 1);
 }
 
-void KListCard::addToFoot(QWidget *text)
+void KListCard::addToFoot(QWidget *text, bool takesRoom)
 {
     if (!m_foot) {
         auto *bar = new QWidget(this);
@@ -46,7 +47,7 @@ void KListCard::addToFoot(QWidget *text)
         static_cast<QVBoxLayout *>(layout())->addWidget(bar);
     }
     LookFonts::apply(text, LookFonts::Use::Strong);
-    m_foot->insertWidget(m_foot->count() - 1, text);
+    m_foot->insertWidget(m_foot->count() - 1, text, takesRoom ? roomShare : 0);
 }
 
 bool KListCard::eventFilter(QObject *watched, QEvent *event)

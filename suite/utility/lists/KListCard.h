@@ -19,8 +19,9 @@ public:
     // Takes the list in.
     explicit KListCard(QAbstractItemView *list, QWidget *parent = nullptr);
 
-    // Adds a text to the line at the foot, which is there from the first one on.
-    void addToFoot(QWidget *text);
+    // Adds a text to the line at the foot, which is there from the first one on. One that takes the room left goes on below where
+    // that ends.
+    void addToFoot(QWidget *text, bool takesRoom = false);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

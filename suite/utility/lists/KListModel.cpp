@@ -6,12 +6,15 @@
 #include <QBrush>
 #include <QFont>
 #include <QGuiApplication>
+#include <QHash>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/look/HostColors.h"
+#include "suite/utility/lists/RowWords.h"
 
 namespace {
 
@@ -117,7 +120,63 @@ void KListModel::setRows(QVector<Row> rows)
     m_sourceRows = 0;
     m_madeRows.clear();
     m_rows = std::move(rows);
+    m_rowKeys.clear();
+    findInSight();
     endResetModel();
+}
+
+void KListModel::narrow(const QString &text, const QList<int> &columns)
+{
+    const QStringList words = RowWords::of(text);
+    if (words == m_words && (words.isEmpty() || columns == m_wordColumns))
+        return;
+    beginResetModel();
+    if (columns != m_wordColumns)
+        m_rowKeys.clear();
+    m_words = words;
+    m_wordColumns = columns;
+    findInSight();
+    endResetModel();
+}
+
+int KListModel::allRows() const
+{
+    return m_source ? m_sourceRows : int(m_rows.size());
+}
+
+// Many cells of a column say the same: a state, a name, a kind.
+void KListModel::makeRowKeys()
+{
+    QHash<QString, QString> known;
+    m_rowKeys.clear();
+    m_rowKeys.reserve(m_rows.size());
+    for (const Row &row : std::as_const(m_rows)) {
+        QString key;
+        for (const int column : std::as_const(m_wordColumns)) {
+            if (column >= row.cells.size() || row.cells.at(column).text.isEmpty())
+                continue;
+            const QString &text = row.cells.at(column).text;
+            auto cell = known.constFind(text);
+            if (cell == known.cend())
+                cell = known.insert(text, RowWords::key(text));
+            key += *cell + RowWords::cellEnd;
+        }
+        m_rowKeys.append(key);
+    }
+}
+
+// The keys stay for the next letter.
+void KListModel::findInSight()
+{
+    m_inSight.clear();
+    if (m_words.isEmpty())
+        return;
+    if (m_rowKeys.size() != m_rows.size())
+        makeRowKeys();
+    for (qsizetype row = 0; row < m_rows.size(); ++row) {
+        if (RowWords::areIn(m_words, m_rowKeys.at(row)))
+            m_inSight.append(int(row));
+    }
 }
 
 QString KListModel::longestFigure(int column) const
@@ -125,7 +184,7 @@ QString KListModel::longestFigure(int column) const
     QString longest;
     const int rows = m_source ? qMin(m_sourceRows, sampledRows) : int(m_rows.size());
     for (int i = 0; i < rows; ++i) {
-        const Row &row = rowAt(i);
+        const Row &row = m_source ? rowAt(i) : m_rows[i];
         if (column >= row.cells.size())
             continue;
         const Cell &cell = row.cells[column];
@@ -137,19 +196,38 @@ QString KListModel::longestFigure(int column) const
 
 QVector<KListModel::Row> KListModel::rows() const
 {
-    if (!m_source)
+    if (!m_source && !isNarrowed())
         return m_rows;
     QVector<Row> rows;
+    if (!m_source) {
+        for (int row = 0; row < m_inSight.size(); ++row)
+            rows.append(narrowedRow(row));
+        return rows;
+    }
     rows.reserve(m_sourceRows);
     for (int row = 0; row < m_sourceRows; ++row)
         rows.append(m_source->row(row));
     return rows;
 }
 
+// Numbered as it is seen.
+KListModel::Row KListModel::narrowedRow(int row) const
+{
+    Row shown = rowAt(row);
+    for (int column = 0; column < m_columns.size() && column < shown.cells.size(); ++column) {
+        if (m_columns[column].countsRows)
+            shown.cells[column] = {QString::number(row + 1), row + 1};
+    }
+    return shown;
+}
+
 void KListModel::setSource(std::shared_ptr<const Source> source)
 {
     beginResetModel();
     m_rows.clear();
+    m_rowKeys.clear();
+    m_words.clear();
+    m_inSight.clear();
     m_madeRows.clear();
     m_source = std::move(source);
     m_sourceRows = m_source ? m_source->count() : 0;
@@ -175,9 +253,17 @@ void KListModel::sourceChanged()
 
 void KListModel::appendRow(Row row)
 {
+    if (isNarrowed()) {
+        beginResetModel();
+        m_rows.append(std::move(row));
+        findInSight();
+        endResetModel();
+        return;
+    }
     const int at = int(m_rows.size());
     beginInsertRows({}, at, at);
     m_rows.append(std::move(row));
+    m_rowKeys.clear();
     endInsertRows();
 }
 
@@ -186,10 +272,13 @@ bool KListModel::removeKey(int key)
     const int row = rowOfKey(key);
     if (row < 0)
         return false;
+    const int stored = isNarrowed() ? m_inSight.at(row) : row;
     beginRemoveRows({}, row, row);
-    m_rows.removeAt(row);
+    m_rows.removeAt(stored);
+    m_rowKeys.clear();
+    findInSight();
     endRemoveRows();
-    countRowsFrom(row);
+    countRowsFrom(stored);
     return true;
 }
 
@@ -202,7 +291,8 @@ void KListModel::countRowsFrom(int first)
             continue;
         for (int row = first; row < m_rows.size(); ++row)
             m_rows[row].cells[column] = {QString::number(row + 1), row + 1};
-        Q_EMIT dataChanged(index(first, column), index(int(m_rows.size()) - 1, column));
+        if (rowCount() > 0)
+            Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
     }
 }
 
@@ -223,8 +313,41 @@ int KListModel::rowOfKey(int key) const
         const int row = m_source->rowOfKey(key);
         return row < m_sourceRows ? row : -1;
     }
-    const auto found = std::find_if(m_rows.cbegin(), m_rows.cend(), [key](const Row &row) { return row.key == key; });
-    return found == m_rows.cend() ? -1 : int(found - m_rows.cbegin());
+    for (int row = 0, rows = rowCount(); row < rows; ++row) {
+        if (rowAt(row).key == key)
+            return row;
+    }
+    return -1;
+}
+
+void KListModel::addAmount(int row, int column, int words, QList<std::pair<QString, double>> &sums) const
+{
+    const Row &listed = rowAt(row);
+    if (column >= listed.cells.size() || words >= listed.cells.size() || listed.heading || !listed.cells.at(column).isSummed)
+        return;
+    const QString &part = words < 0 ? QString() : listed.cells.at(words).text;
+    const auto known = std::ranges::find(sums, part, &std::pair<QString, double>::first);
+    const double amount = listed.cells.at(column).value.toDouble();
+    if (known != sums.end())
+        known->second += amount;
+    else
+        sums.append({part, amount});
+}
+
+QList<std::pair<QString, double>> KListModel::sums(int column, const QList<int> &rows) const
+{
+    const int words = columnOf(m_columns.at(column).sumsBy);
+    QList<std::pair<QString, double>> sums;
+    for (const int row : rows)
+        addAmount(row, column, words, sums);
+    return sums;
+}
+
+QList<std::pair<QString, double>> KListModel::sums(int column) const
+{
+    QList<int> rows(rowCount());
+    std::iota(rows.begin(), rows.end(), 0);
+    return sums(column, rows);
 }
 
 QModelIndex KListModel::index(int row, int column, const QModelIndex &parent) const
@@ -242,7 +365,7 @@ int KListModel::rowCount(const QModelIndex &parent) const
 {
     if (parent.isValid())
         return 0;
-    return m_source ? m_sourceRows : int(m_rows.size());
+    return isNarrowed() ? int(m_inSight.size()) : allRows();
 }
 
 int KListModel::columnCount(const QModelIndex &parent) const
@@ -254,7 +377,7 @@ int KListModel::columnCount(const QModelIndex &parent) const
 const KListModel::Row &KListModel::rowAt(int row) const
 {
     if (!m_source)
-        return m_rows[row];
+        return m_rows[isNarrowed() ? m_inSight.at(row) : row];
     if (const Row *made = m_madeRows.object(row))
         return *made;
     auto *made = new Row(m_source->row(row));
@@ -271,6 +394,8 @@ QVariant KListModel::data(const QModelIndex &index, int role) const
     const Cell *cell = index.column() < row.cells.size() ? &row.cells[index.column()] : nullptr;
     switch (role) {
     case Qt::DisplayRole:
+        if (isNarrowed() && column.countsRows)
+            return QString::number(index.row() + 1);
         return cell ? cell->text : QString();
     case Qt::TextAlignmentRole: {
         // Amounts end on one line, so that their digits stand below each other.

@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 #include <QCache>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 
@@ -29,13 +30,19 @@ public:
     {
         QString title;
         Qt::Alignment alignment = Qt::AlignRight; // as it is seen, not mirrored; amounts always end at the right
-        int width = 80;                           // dialog units: quarters of the font's average character; 0: not shown
+        int width = 80;                           // dialog units: quarters of the font's average character; 0: not shown at first
         QString sortKey;                          // what a click sorts by; empty: it does not sort
         bool isDate = false;
         bool isCode = false;     // a plate, a chassis number: drawn from left to right, its letters too
         QString key = {};        // plain English, by which code and tests name the column
         bool countsRows = false; // holds the running number of its rows, from 1
         bool optional = false;   // off until the user switches it on (KExtListCtrl); such columns stand behind the others
+        int widthOnceOn = 0;     // of a column of width 0: what it gets when the user switches it on; 0: it cannot be
+        bool sums = false;       // the amounts of its rows are summed up at the foot of the list
+        QString sumsBy = {};     // the key of another column by whose words the sums are parted: receipts from payments; empty: none
+
+        int shownWidth() const { return width > 0 ? width : widthOnceOn; }
+        bool isOffAtFirst() const { return optional || width == 0; }
     };
 
     // The value may stay empty. Dates and numbers set as value are drawn left to right.
@@ -44,6 +51,7 @@ public:
         QString text;
         QVariant value = {};
         bool warning = false; // stands out by itself, as a date that is over
+        bool isSummed = true; // of an amount in a column that sums: false for what is void
     };
 
     struct Row
@@ -80,15 +88,21 @@ public:
     void setSortMark(int column);
 
     // Sets all rows at once, with one reset; the way to fill a list. A row with fewer cells than columns is empty at its
-    // end.
+    // end. They are narrowed as those before them.
     void setRows(QVector<Row> rows);
+    // Leaves only the rows in sight that hold each word of the text in one of those columns, in whatever way it is written; an empty
+    // text: all. What the model says of its rows is then said of those, which are numbered anew. A source is not narrowed.
+    void narrow(const QString &text, const QList<int> &columns);
+    bool isNarrowed() const { return !m_words.isEmpty(); }
+    // With those that are out of sight.
+    int allRows() const;
     void appendRow(Row row);
     // The rows behind it are counted anew. False when no row has the key.
     bool removeKey(int key);
     void clear();
     // The longest of the amounts, dates and codes that the column shows; empty without any. Of a source, of its first rows.
     QString longestFigure(int column) const;
-    // A list with a source makes all its rows for this.
+    // Those in sight. A list with a source makes all its rows for this.
     QVector<Row> rows() const;
 
     // Shows the rows of the source instead of rows of its own, until rows are set; null: none. The rows are made when they are
@@ -103,6 +117,11 @@ public:
     int keyAt(int row) const;
     // -1 when no row has the key.
     int rowOfKey(int key) const;
+    // What the amounts of those rows in that column come to, with the words by which the sums are parted, as they come; one without words
+    // where they are not.
+    QList<std::pair<QString, double>> sums(int column, const QList<int> &rows) const;
+    // The same of all rows in sight.
+    QList<std::pair<QString, double>> sums(int column) const;
 
     // A view asks these two for every row of a long list at once.
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -114,11 +133,19 @@ public:
 
 private:
     const Row &rowAt(int row) const;
+    void addAmount(int row, int column, int words, QList<std::pair<QString, double>> &sums) const;
+    Row narrowedRow(int row) const;
+    void makeRowKeys();
+    void findInSight();
     void countRowsFrom(int first);
 
     QVector<Column> m_columns;
     int m_markedColumn = -1;
     QVector<Row> m_rows;
+    QStringList m_words;      // searched for; empty: all rows are in sight
+    QList<int> m_wordColumns; // in which they are
+    QStringList m_rowKeys;    // of all rows, what the words are searched in; made when they are needed
+    QList<int> m_inSight;     // of the rows, in their order, while there are words
     std::shared_ptr<const Source> m_source;
     int m_sourceRows = 0;                // of the source, as far as views know
     mutable QCache<int, Row> m_madeRows; // of the source, those asked for last

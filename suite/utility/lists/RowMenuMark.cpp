@@ -48,9 +48,13 @@ bool RowMenuMark::standsIn(int column) const
     return m_offered && column == ListLook::lastShown(*m_list->header());
 }
 
-bool RowMenuMark::isSelected(const QModelIndex &row) const
+bool RowMenuMark::isCurrent(const QModelIndex &row) const
 {
-    return m_list->selectionModel()->isSelected(row);
+    const QItemSelectionModel *marked = m_list->selectionModel();
+    if (!marked->isSelected(row))
+        return false;
+    const QModelIndex current = marked->currentIndex();
+    return current.row() == row.row() || !marked->isSelected(current);
 }
 
 QRect RowMenuMark::place(const QModelIndex &row) const
@@ -62,7 +66,7 @@ QRect RowMenuMark::place(const QModelIndex &row) const
 
 void RowMenuMark::paint(QPainter &painter, const QModelIndex &row) const
 {
-    const bool selected = isSelected(row);
+    const bool selected = isCurrent(row);
     if (!m_offered || (!selected && row.row() != m_hoveredRow))
         return;
     // A text of the last column would show between the dots. The line below the row stays.
@@ -77,7 +81,7 @@ void RowMenuMark::paint(QPainter &painter, const QModelIndex &row) const
 bool RowMenuMark::isOnMark(const QPoint &point) const
 {
     const QModelIndex row = m_list->indexAt(point).siblingAtColumn(0);
-    return m_offered && row.isValid() && (isSelected(row) || row.row() == m_hoveredRow) && place(row).contains(point);
+    return m_offered && row.isValid() && (isCurrent(row) || row.row() == m_hoveredRow) && place(row).contains(point);
 }
 
 void RowMenuMark::followPointer()

@@ -32,6 +32,8 @@ public:
     bool standsIn(int column) const;
     // Where the mark of that row stands in the viewport: at its end, also in a list that is scrolled sideways.
     QRect place(const QModelIndex &row) const;
+    // Whether the row is the one that the commands are about; others may be marked beside it.
+    bool isCurrent(const QModelIndex &row) const;
     // Over the row's cells.
     void paint(QPainter &painter, const QModelIndex &row) const;
     // Other rows may be under the pointer now, which itself has not moved.
@@ -45,7 +47,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool isSelected(const QModelIndex &row) const;
     bool isOnMark(const QPoint &point) const;
     void followPointer();
 

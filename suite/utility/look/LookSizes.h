@@ -36,6 +36,7 @@ inline constexpr int footer = 52;
 inline constexpr int statusLine = 28;
 inline constexpr int titleRow = 32; // of a list
 inline constexpr int row = 28;      // of a list, and at least the font's height and 8
+inline constexpr int rowBar = 4;    // at the beginning of the selected row
 inline constexpr int chip = 20;
 inline constexpr int ring = 2;
 inline constexpr int wide = 1200;  // a page of so many has eight columns and cards side by side

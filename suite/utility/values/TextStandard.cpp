@@ -5,6 +5,8 @@
 
 #include <QCollator>
 
+#include <algorithm>
+
 namespace {
 
 constexpr QChar zeroWidthNonJoiner(0x200C);
@@ -49,6 +51,9 @@ bool isPresentationForm(QChar c)
 
 QString withoutPresentationForms(const QString &text)
 {
+    // As good as every text.
+    if (std::none_of(text.cbegin(), text.cend(), isPresentationForm))
+        return text;
     QString result;
     result.reserve(text.size());
     for (const QChar c : text)

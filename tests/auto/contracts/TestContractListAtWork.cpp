@@ -7,6 +7,7 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/lists/KListBar.h"
 #include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/db/connection/KConnection.h"
@@ -24,6 +25,7 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
+#include <QLineEdit>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHeaderView>
@@ -288,7 +290,11 @@ private Q_SLOTS:
         auto &page = shownPage();
         QCOMPARE(page.focusWidget(), page.list());
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(page.focusWidget(), page.bar()->quickFilter());
+        QTest::keyClick(page.focusWidget(), Qt::Key_F, Qt::ControlModifier);
         QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"description"));
+        QTest::keyClick(page.focusWidget(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(page.focusWidget(), page.bar()->quickFilter());
     }
 
     void findOpensAFoldedFilterAndItsKeyFoldsItAgain()
@@ -297,8 +303,8 @@ private Q_SLOTS:
         auto &page = shownPage();
         m_window->resize(LookSizes::scaled(900), LookSizes::scaled(600));
         QTRY_VERIFY(page.filterBox()->isFolded());
-        page.list()->setFocus();
-        QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        page.bar()->quickFilter()->setFocus();
+        QTest::keyClick(page.bar()->quickFilter(), Qt::Key_F, Qt::ControlModifier);
         QVERIFY(!page.filterBox()->isFolded());
         QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"description"));
         QTest::keyClick(page.focusWidget(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
@@ -342,7 +348,7 @@ private Q_SLOTS:
             QTest::keyClick(page.focusWidget(), Qt::Key_Tab);
         } while (page.focusWidget() != start && met.size() < 60);
         // A date's second stop is its check box.
-        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s, u"باز و بسته کردن فيلتر"_s}));
+        QCOMPARE(met, (QStringList{u"فروشنده :"_s, u"فروشنده : ..."_s, u"وضعيت بايگاني :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد از :"_s, u"تاريخ عقد تا :"_s, u"تاريخ عقد تا :"_s, u"خريدار :"_s, u"خريدار : ..."_s, u"برگشتي :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء از :"_s, u"تاريخ انقضاء تا :"_s, u"تاريخ انقضاء تا :"_s, u"توضيحات :"_s, u"شرح قرارداد :"_s, u"نمايش غير فعال ها"_s, u"تعداد نمايش :"_s, u"جستجو"_s, u"پالایش سریع در فهرست"_s, u"فیلترها"_s, u"ستون‌ها"_s, u"قرارداد"_s, u"جديد"_s, u"ويرايش"_s, u"حذف"_s, u"نمايش"_s, u"بايگاني شد"_s, u"چاپ"_s, u"خروجی های دیگر"_s, u"چاپ قرارداد "_s, u"تسويه با فروشنده"_s, u"تسويه با خريدار"_s, u"تنظيمات"_s, u"گزارش جامع"_s, u"باز و بسته کردن فيلتر"_s}));
     }
 
     void deleteKeyDeletesOnTheListAndACharacterInAnEntry()
@@ -621,7 +627,7 @@ private Q_SLOTS:
             page.open();
             page.list()->header()->resizeSection(page.list()->columnOf(u"explanation"), 321);
         }
-        QVERIFY(!ReadSetting(u"AutomobilContracts\\List"_s, u"sWidths"_s, QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"AutomobilContracts\\List\\Users\\"_s + GetDBSetting()->GetUserName(), u"sWidths"_s, QString()).isEmpty());
         CDlgAutomobilContracts page;
         page.open();
         QCOMPARE(page.list()->header()->sectionSize(page.list()->columnOf(u"explanation")), 321);

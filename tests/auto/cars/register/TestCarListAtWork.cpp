@@ -6,6 +6,7 @@
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/lists/KListBar.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
@@ -20,6 +21,7 @@
 #include "tests/office/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
+#include <QLineEdit>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
@@ -286,6 +288,8 @@ private Q_SLOTS:
         auto &page = shownPage();
         QCOMPARE(page.list()->count(), 2);
         QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(page.bar()->quickFilter()->hasFocus());
+        QTest::keyClick(page.bar()->quickFilter(), Qt::Key_F, Qt::ControlModifier);
         QVERIFY(page.filters().control<KEdit>(u"chassis")->hasFocus());
         QTest::keyClicks(page.filters().control<KEdit>(u"chassis"), u"NAS"_s);
         QTest::keyClick(page.filters().control<KEdit>(u"chassis"), Qt::Key_Return);

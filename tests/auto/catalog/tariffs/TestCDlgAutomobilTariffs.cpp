@@ -28,7 +28,7 @@ private Q_SLOTS:
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
-        QCOMPARE(captions, (QStringList{u"جستجو"_s, newCaption, editCaption, deleteCaption, u"چاپ"_s}));
+        QCOMPARE(captions, (QStringList{u"جستجو"_s, u"ستون‌ها"_s, u"فیلترها"_s, newCaption, editCaption, deleteCaption, u"چاپ"_s}));
         QStringList shown;
         for (int column = 0; column < page.list()->model()->columnCount(); ++column)
             shown << headerText(page, column);
@@ -302,7 +302,7 @@ private Q_SLOTS:
             page.list()->header()->resizeSection(page.list()->columnOf(u"title"), 222);
             page.OnClosing();
         }
-        QVERIFY(!ReadSetting(u"AutomobilTariffs\\List"_s, u"sWidths"_s, QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"AutomobilTariffs\\List\\Users\\"_s + GetDBSetting()->GetUserName(), u"sWidths"_s, QString()).isEmpty());
         QCOMPARE(ReadSetting(section, u"iLastCol"_s, 0), 1);
         CDlgAutomobilTariffs page;
         page.open();

@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "suite/accounting/lists/KListBar.h"
 #include "tests/auto/catalog/tariffs/TariffListTest.h"
 #include "tests/support/RegisteredTest.h"
+
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -152,7 +155,8 @@ private Q_SLOTS:
         QCOMPARE(titles(page), QStringList{u"d"_s});
         page.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&page));
-        QTest::keyClick(page.list(), Qt::Key_F, Qt::ControlModifier);
+        page.bar()->quickFilter()->setFocus();
+        QTest::keyClick(page.bar()->quickFilter(), Qt::Key_F, Qt::ControlModifier);
         QCOMPARE(page.focusWidget(), page.filters().control<KEdit>(u"name"));
     }
 

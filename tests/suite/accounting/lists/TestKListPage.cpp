@@ -685,7 +685,7 @@ private Q_SLOTS:
             page.open();
             page.list()->header()->resizeSection(1, 123);
         }
-        QVERIFY(!ReadSetting(u"Elsewhere\\List"_s, u"sWidths"_s, QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"Elsewhere\\List\\Users\\admin"_s, u"sWidths"_s, QString()).isEmpty());
         QVERIFY(ReadSetting(u"Sample\\List"_s, u"sWidths"_s, QString()).isEmpty());
     }
 };
