@@ -35,6 +35,12 @@ QString receivedKey(int side)
     return side == ContractSide::seller ? u"receivedSeller"_s : u"receivedBuyer"_s;
 }
 
+// The amounts of a void contract count nowhere.
+bool isInForce(KMySQL &record)
+{
+    return static_cast<const CTblAutomobilContracts &>(record).m_iStatus == 0;
+}
+
 // What is over stands out while the contract still counts.
 bool isExpired(KMySQL &record)
 {
@@ -70,6 +76,11 @@ QList<KListColumn> CDlgAutomobilContracts::columnTable() const
         {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"iArchiveUserID"_s, .column = u"iArchiveUserID"_s, .show = KListColumn::yesOrDash},
         receivedColumn(ContractSide::seller),
         receivedColumn(ContractSide::buyer),
+        {.key = u"code"_s, .title = u"کد قرارداد"_s, .width = 45, .sortKey = u"iCode"_s, .column = u"iCode"_s, .optional = true},
+        {.key = u"amount"_s, .title = u"مبلغ"_s, .sortKey = u"dAmount"_s, .column = u"dAmount"_s, .reads = {u"iStatus"_s}, .optional = true, .sums = true, .counts = isInForce},
+        {.key = u"commission"_s, .title = u"کمیسیون"_s, .width = 70, .sortKey = u"dCommission"_s, .column = u"dCommission"_s, .reads = {u"iStatus"_s}, .optional = true, .sums = true, .counts = isInForce},
+        {.key = u"car"_s, .title = u"خودرو"_s, .alignment = Qt::AlignRight, .sortKey = u"sAutomobilName"_s, .column = u"sAutomobilName"_s, .optional = true},
+        {.key = u"plate"_s, .title = u"پلاک"_s, .width = 70, .sortKey = u"sNumOfPlates"_s, .column = u"sNumOfPlates"_s, .isCode = true, .optional = true},
     };
 }
 

@@ -15,6 +15,7 @@
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/persons/PersonFilter.h"
+#include "suite/db/records/KLookup.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
 #include <QLoggingCategory>
@@ -24,6 +25,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcDemands, "tz.auto.demands")
+
+const QString phoneKey = u"phone"_s;
+
+KListColumn::Cell personOf(KMySQL &record, int)
+{
+    return {{}, static_cast<const CTblAutomobilDemandJoins &>(record).m_iPersonID};
+}
 
 QString archiveRights()
 {
@@ -55,7 +63,26 @@ QList<KListColumn> CDlgAutomobilDemands::columnTable() const
         {.key = u"referenceDate"_s, .title = u"تاریخ مراجعه"_s, .sortKey = u"ad.dateReference"_s, .column = u"ad.dateReference"_s},
         {.key = u"specialDescription"_s, .title = u"توضیحات ویژه"_s, .width = 150, .alignment = Qt::AlignRight, .sortKey = u"ad.sDescSpecial"_s, .column = u"ad.sDescSpecial"_s},
         {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .width = 50, .alignment = Qt::AlignRight, .sortKey = u"ad.iArchiveUserID"_s, .column = u"ad.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
+        // The person's, until all rows are there.
+        {.key = phoneKey, .title = u"تلفن"_s, .width = 60, .sortKey = u"p.sMobile"_s, .cell = personOf, .reads = {u"ad.iPersonID"_s}, .optional = true},
     };
+}
+
+// The mobile number of who asks, or else the telephone.
+void CDlgAutomobilDemands::completeRows(QVector<KListModel::Row> &rows)
+{
+    if (!list()->isColumnShown(phoneKey))
+        return;
+    const int column = list()->columnOf(phoneKey);
+    QList<int> persons;
+    for (const KListModel::Row &row : std::as_const(rows))
+        persons.append(row.cells.at(column).value.toInt());
+    const QHash<int, QString> mobiles = KLookup::names({u"Persons"_s, u"iID"_s, u"sMobile"_s}, persons);
+    const QHash<int, QString> telephones = KLookup::names({u"Persons"_s, u"iID"_s, u"sTel"_s}, persons);
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        const QString mobile = mobiles.value(persons.at(row));
+        rows[row].cells[column] = {mobile.isEmpty() ? telephones.value(persons.at(row)) : mobile};
+    }
 }
 
 QList<KListFilter> CDlgAutomobilDemands::filterTable() const

@@ -7,6 +7,7 @@
 #include "auto/cars/fields/CarChoices.h"
 #include "auto/cars/matching/CDlgMatches.h"
 #include "auto/cars/register/CarFilter.h"
+#include "auto/cars/register/CarListColumns.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
@@ -69,25 +70,31 @@ QList<KListColumn> CDlgAutomobilInformations::columnTable() const
 {
     const QString dash = u"-"_s;
     const auto sold = [](const QVariant &value) { return MatchTexts::sold(value.toInt() != 0); };
-    return {
-        KListColumn::rowNumber(),
-        {.key = u"buyer"_s, .title = u"نام خریدار"_s, .width = 120, .sortKey = u"iPersonBuyerID"_s, .lookup = u"ai.iPersonBuyerID"_s, .emptyText = dash},
-        {.key = u"sold"_s, .title = u"وضعیت فروش"_s, .width = 70, .sortKey = u"bSold"_s, .column = u"ai.bSold"_s, .show = sold},
-        {.key = u"owner"_s, .title = u"نام مالک"_s, .width = 120, .sortKey = u"iPersonID"_s, .lookup = u"ai.iPersonID"_s, .emptyText = dash},
-        {.key = u"type"_s, .title = u"نوع خودرو"_s, .sortKey = u"iAutomobilType"_s, .lookup = u"ai.iAutomobilType"_s, .emptyText = dash},
-        {.key = u"model"_s, .title = u"مدل"_s, .width = 50, .sortKey = u"iModel"_s, .column = u"cm.sName"_s},
-        {.key = u"class"_s, .title = u"تیپ"_s, .width = 50, .sortKey = u"iBrigade"_s, .column = u"cc.sName"_s},
-        {.key = u"plate"_s, .title = u"پلاک"_s, .width = 0, .sortKey = u"sNumOfPlates"_s, .column = u"ai.sNumOfPlates"_s, .isCode = true},
-        {.key = u"year"_s, .title = u"سال تولید"_s, .width = 50, .sortKey = u"iYear"_s, .column = u"ai.iYear"_s},
-        {.key = u"introduction"_s, .title = u"تاریخ معرفی"_s, .sortKey = u"dateIntroduction"_s, .column = u"ai.dateIntroduction"_s},
-        {.key = u"usage"_s, .title = u"کاربری"_s, .alignment = Qt::AlignRight, .sortKey = u"iUsageType"_s, .column = u"ai.iUsageType"_s, .show = wordCells(WordLists::usageTypes()), .emptyText = dash},
-        {.key = u"color"_s, .title = u"رنگ"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iColor"_s, .lookup = u"ai.iColor"_s, .emptyText = dash},
-        {.key = u"fuel"_s, .title = u"سوخت"_s, .sortKey = u"iFuel"_s, .column = u"ai.iFuel"_s, .show = wordCells(WordLists::fuelTypes())},
-        {.key = u"amount"_s, .title = u"مبلغ"_s, .sortKey = u"dAmount"_s, .column = u"ai.dAmount"_s},
-        {.key = u"documentsDeficit"_s, .title = u"کسری مدارک"_s, .alignment = Qt::AlignRight, .sortKey = u"sDocumentsDeficit"_s, .column = u"ai.sDocumentsDeficit"_s},
-        {.key = u"partsDeficit"_s, .title = u"کسری لوازم"_s, .alignment = Qt::AlignRight, .sortKey = u"sFractionalParts"_s, .column = u"ai.sFractionalParts"_s},
-        {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .sortKey = u"iArchiveUserID"_s, .column = u"ai.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
-    };
+    return QList<KListColumn>{
+               KListColumn::rowNumber(),
+               {.key = u"buyer"_s, .title = u"نام خریدار"_s, .width = 120, .sortKey = u"iPersonBuyerID"_s, .lookup = u"ai.iPersonBuyerID"_s, .emptyText = dash},
+               {.key = u"sold"_s, .title = u"وضعیت فروش"_s, .width = 70, .sortKey = u"bSold"_s, .column = u"ai.bSold"_s, .show = sold},
+               {.key = u"owner"_s, .title = u"نام مالک"_s, .width = 120, .sortKey = u"iPersonID"_s, .lookup = u"ai.iPersonID"_s, .emptyText = dash},
+               {.key = u"type"_s, .title = u"نوع خودرو"_s, .sortKey = u"iAutomobilType"_s, .lookup = u"ai.iAutomobilType"_s, .emptyText = dash},
+               {.key = u"model"_s, .title = u"مدل"_s, .width = 50, .sortKey = u"iModel"_s, .column = u"cm.sName"_s},
+               {.key = u"class"_s, .title = u"تیپ"_s, .width = 50, .sortKey = u"iBrigade"_s, .column = u"cc.sName"_s},
+               {.key = u"plate"_s, .title = u"پلاک"_s, .width = 0, .sortKey = u"sNumOfPlates"_s, .column = u"ai.sNumOfPlates"_s, .isCode = true, .widthOnceOn = 70},
+               {.key = u"year"_s, .title = u"سال تولید"_s, .width = 50, .sortKey = u"iYear"_s, .column = u"ai.iYear"_s},
+               {.key = u"introduction"_s, .title = u"تاریخ معرفی"_s, .sortKey = u"dateIntroduction"_s, .column = u"ai.dateIntroduction"_s},
+               {.key = u"usage"_s, .title = u"کاربری"_s, .alignment = Qt::AlignRight, .sortKey = u"iUsageType"_s, .column = u"ai.iUsageType"_s, .show = wordCells(WordLists::usageTypes()), .emptyText = dash},
+               {.key = u"color"_s, .title = u"رنگ"_s, .width = 60, .alignment = Qt::AlignRight, .sortKey = u"iColor"_s, .lookup = u"ai.iColor"_s, .emptyText = dash},
+               {.key = u"fuel"_s, .title = u"سوخت"_s, .sortKey = u"iFuel"_s, .column = u"ai.iFuel"_s, .show = wordCells(WordLists::fuelTypes())},
+               {.key = u"amount"_s, .title = u"مبلغ"_s, .sortKey = u"dAmount"_s, .column = u"ai.dAmount"_s, .sums = true},
+               {.key = u"documentsDeficit"_s, .title = u"کسری مدارک"_s, .alignment = Qt::AlignRight, .sortKey = u"sDocumentsDeficit"_s, .column = u"ai.sDocumentsDeficit"_s},
+               {.key = u"partsDeficit"_s, .title = u"کسری لوازم"_s, .alignment = Qt::AlignRight, .sortKey = u"sFractionalParts"_s, .column = u"ai.sFractionalParts"_s},
+               {.key = u"archived"_s, .title = u"وضعیت بایگانی"_s, .sortKey = u"iArchiveUserID"_s, .column = u"ai.iArchiveUserID"_s, .show = KListColumn::yesOrDash},
+           }
+    + CarListColumns::further();
+}
+
+void CDlgAutomobilInformations::completeRows(QVector<KListModel::Row> &rows)
+{
+    CarListColumns::complete(*list(), rows);
 }
 
 QList<KListFilter> CDlgAutomobilInformations::filterTable() const

@@ -38,6 +38,7 @@ protected:
     void opening() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     std::unique_ptr<KMySQL> makeRecord() const override;
+    void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void recordDeleted(int key) override;
     void modeApplied() override;

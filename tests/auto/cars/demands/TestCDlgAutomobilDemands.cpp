@@ -48,7 +48,8 @@ private Q_SLOTS:
         Page page;
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
         QStringList lines;
-        for (const KListModel::Column &column : columns)
+        // Behind these stand columns that are off at first.
+        for (const KListModel::Column &column : columns.first(11))
             lines << u"%1 %2 %3"_s.arg(column.width).arg(column.alignment == Qt::AlignRight ? u"r"_s : column.isDate ? u"date"_s
                                                                                                                      : u"c"_s)
                          .arg(column.sortKey);

@@ -52,7 +52,9 @@ private Q_SLOTS:
     {
         Page page;
         const QVector<KListModel::Column> &columns = page.list()->listModel()->columns();
-        QCOMPARE(columns.size(), columnCount);
+        // Behind these stand columns that are off at first.
+        for (qsizetype i = columnCount; i < columns.size(); ++i)
+            QVERIFY(columns[i].optional);
         const QList<int> widths{40, 120, 70, 120, 80, 50, 50, 0, 50, 80, 80, 60, 80, 80, 80, 80, 80};
         const QStringList keys{{}, u"iPersonBuyerID"_s, u"bSold"_s, u"iPersonID"_s, u"iAutomobilType"_s, u"iModel"_s, u"iBrigade"_s, u"sNumOfPlates"_s, u"iYear"_s, u"dateIntroduction"_s, u"iUsageType"_s, u"iColor"_s, u"iFuel"_s, u"dAmount"_s, u"sDocumentsDeficit"_s, u"sFractionalParts"_s, u"iArchiveUserID"_s};
         const QList<int> right{10, 11, 14, 15};
