@@ -13,6 +13,7 @@
 #include "host/demo/DemoDemands.h"
 #include "host/demo/DemoInvoices.h"
 #include "host/demo/DemoMoney.h"
+#include "suite/accounting/lists/CTblSavedFilters.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -100,6 +101,23 @@ CompanyDetails company()
     return details;
 }
 
+// What the office asks its lists for again and again.
+void writeSavedFilters(qint32 userID, const QDate &day, int database)
+{
+    const QString sinceNewYear = ConvertToMiladi(currentYear, 1, 1).toString(Qt::ISODate);
+    const CTblSavedFilters::Entry ofContracts[] = {
+        {0, u"فروش‌های امسال"_s, CTblSavedFilters::shared, u"{\"contractFrom\":\"%1\"}"_s.arg(sinceNewYear)},
+        {0, u"کمری‌ها"_s, userID, u"{\"explanation\":\"کمری\"}"_s},
+    };
+    for (const CTblSavedFilters::Entry &entry : ofContracts) {
+        CTblSavedFilters filter(database);
+        filter.AddNew();
+        filter.begin(u"AutomobilContracts"_s, entry);
+        filter.m_dateCreate = QDateTime(day, QTime(9, 0), Qt::UTC);
+        filter.Update(true);
+    }
+}
+
 ContractSettings contractSettings()
 {
     ContractSettings settings;
@@ -139,6 +157,7 @@ void fill(int contracts, int database)
     const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
     DemoCarContracts::write(database);
+    writeSavedFilters(office.userID, office.lastDay, database);
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
     DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
                  database)

@@ -48,6 +48,10 @@
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/history/CDlgHistory.h"
+#include "suite/accounting/lists/CDlgSavedFilters.h"
+#include "suite/accounting/lists/CDlgSaveFilter.h"
+#include "suite/accounting/lists/CDlgListColumns.h"
+#include "suite/accounting/lists/KListBar.h"
 #include "suite/accounting/lists/KListPage.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CDlgMultiItems.h"
@@ -77,6 +81,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QImage>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
 
@@ -201,6 +206,27 @@ void receiveFor(int contractID)
     ContractReceipts::makeVoid(contractID, entries.constLast(), u"دوبار ثبت شده بود"_s);
 }
 
+// Further columns, rows that hold a word, some of them marked, and what was asked besides the filter.
+Show narrowed(LookOffice &office)
+{
+    const QStringList further{u"code"_s, u"amount"_s, u"commission"_s, u"plate"_s};
+    const auto set = [further](KListPage &list) {
+        for (const QString &column : further)
+            list.list()->setColumnShown(column, true);
+        list.setRequest({.condition = "dAmount>0", .conditionText = u"قراردادهای تسویه‌نشده بیش از 30 روز"_s});
+        list.bar()->quickFilter()->setText(u"تویوتا"_s);
+        list.list()->selectRow(0);
+        QTest::keyClick(list.list(), Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(list.list(), Qt::Key_Down, Qt::ShiftModifier);
+    };
+    const Show shown = page(office, contracts, set);
+    return [&office, further, shown](const Look &look) {
+        shown(look);
+        office.list(contracts)->list()->resetColumns();
+        office.clear();
+    };
+}
+
 // The list with the columns that are off at first, and are off again afterwards.
 Show withReceived(LookOffice &office)
 {
@@ -238,6 +264,10 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
                        })});
     entries.push_back({"contracts-received", withReceived(office)});
     entries.push_back({"deal-what-if", window<CDlgDealWhatIf>(CDlgDealWhatIf::Facts{u"پژو 207 12 ب 345 ایران 67"_s, 12'500'000'000.0, 11'800'000'000.0, 45'000'000.0, 9'000'000.0})});
+    entries.push_back({"contracts-narrowed", narrowed(office)});
+    entries.push_back({"list-columns", modal([&office] { CDlgListColumns::Show(office.list(contracts)->list(), nullptr); })});
+    entries.push_back({"filter-save", window<CDlgSaveFilter>(u"AutomobilContracts"_s, u"AutomobilContracts"_s, CTblSavedFilters::Entry{.filter = u"{}"_s})});
+    entries.push_back({"filters-saved", window<CDlgSavedFilters>(u"AutomobilContracts"_s, u"AutomobilContracts"_s)});
     entries.push_back({"receipt", window<CDlgCashFromPerson>(person, 2'818'800.0, u"بابت تسویه قرارداد شماره 15"_s)});
     entries.push_back({"receipt-cheque", window<CDlgCashFromPerson>(CDlgCashFromPerson::Start{.method = CTblReceipts::cheque})});
     const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());
