@@ -9,6 +9,7 @@
 #include "suite/utility/lists/KListCard.h"
 #include "suite/utility/lists/ListLook.h"
 #include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -26,6 +27,7 @@ namespace {
 
 constexpr int columnRole = Qt::UserRole;
 constexpr int pageWidth = 420;
+constexpr int pageHeight = 600;
 
 }
 
@@ -66,6 +68,7 @@ CDlgListColumns::CDlgListColumns(KExtListCtrl *list, QWidget *parent)
         fill(order, true);
     });
     setContent(page, createButtons(), Content::Fills);
+    resize(LookSizes::scaled(pageWidth), LookSizes::scaled(pageHeight));
     fill(list->columnOrder(), false);
     m_view->setFocus();
 }

@@ -77,7 +77,7 @@ void CDlgSavedFilters::fill()
     for (const CTblSavedFilters::Entry &entry : std::as_const(m_entries))
         rows.append({entry.key, {{entry.name}, {entry.userID == CTblSavedFilters::shared ? u"همه کاربران"_s : u"خودم"_s}}});
     m_list->setRows(std::move(rows));
-    m_list->selectRow(qBound(0, row, m_list->count() - 1));
+    m_list->selectRow(qMax(0, qMin(row, m_list->count() - 1)));
 }
 
 CTblSavedFilters::Entry CDlgSavedFilters::chosen() const

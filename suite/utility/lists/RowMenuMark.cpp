@@ -67,11 +67,13 @@ QRect RowMenuMark::place(const QModelIndex &row) const
 void RowMenuMark::paint(QPainter &painter, const QModelIndex &row) const
 {
     const bool selected = isCurrent(row);
+    if (m_offered && !selected && m_list->selectionModel()->isSelected(row))
+        painter.fillRect(place(row).adjusted(0, 0, 0, -1), HostColors::of(Role::Select));
     if (!m_offered || (!selected && row.row() != m_hoveredRow))
         return;
     // A text of the last column would show between the dots. The line below the row stays.
     const QRect mark = place(row);
-    painter.fillRect(mark.adjusted(0, 0, 0, -1), HostColors::of(selected ? Role::Select : Role::Hover));
+    painter.fillRect(mark.adjusted(0, 0, 0, -1), HostColors::of(m_list->selectionModel()->isSelected(row) ? Role::Select : Role::Hover));
     const int size = LookSizes::scaled(LookSizes::iconSize);
     QRect icon(0, 0, size, size);
     icon.moveCenter(mark.center());

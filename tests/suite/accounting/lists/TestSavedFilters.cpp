@@ -280,6 +280,10 @@ private Q_SLOTS:
         again.remove();
         QVERIFY(entryNamed(u"دو"_s).key == 0);
         QCOMPARE(again.list()->count(), 1);
+        again.remove();
+        QCOMPARE(again.list()->count(), 0);
+        again.remove();
+        QCOMPARE(stored(), QString());
     }
 
     // --- Two desks ---
