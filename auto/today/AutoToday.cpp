@@ -18,6 +18,7 @@ AutoToday::AutoToday()
                                   .title = u"اقساط سررسید و معوق"_s,
                                   .icon = u":/icons/calendar.svg"_s,
                                   .column = TodayCard::Money,
+                                  .rank = 0,
                                   .emptyText = u"تا یک هفته دیگر قسطی سررسید نمی‌شود."_s,
                                   .countText = u"%1 قسط سررسید و معوق"_s}},
                        .read = [](const TodayFrame &frame) { return QList{MoneyToday::instalments(frame)}; }});
@@ -26,6 +27,7 @@ AutoToday::AutoToday()
                                   .title = u"قراردادهای تسویه نشده"_s,
                                   .icon = u":/icons/contract.svg"_s,
                                   .column = TodayCard::Money,
+                                  .rank = 2,
                                   .emptyText = u"همه قراردادها تسویه شده‌اند."_s}},
                        .settingsSection = ContractSettings::section(),
                        .read = [](const TodayFrame &frame) { return QList{MoneyToday::unsettled(frame)}; }});
@@ -34,6 +36,7 @@ AutoToday::AutoToday()
                                   .title = u"خودروهای متناسب با تقاضا"_s,
                                   .icon = u":/icons/search.svg"_s,
                                   .column = TodayCard::People,
+                                  .rank = 1,
                                   .emptyText = u"از دیروز خودرویی که با تقاضایی متناسب باشد نیامده است."_s}},
                        .read = [](const TodayFrame &frame) { return QList{LotToday::matches(frame)}; }});
     TodayCards::enter({.form = u"AutomobilInformations"_s,
@@ -41,12 +44,13 @@ AutoToday::AutoToday()
                                   .title = u"خودروهای مانده"_s,
                                   .icon = u":/icons/car.svg"_s,
                                   .column = TodayCard::People,
+                                  .rank = 2,
                                   .emptyText = u"هیچ خودرویی بیش از اندازه نمانده است."_s},
                                  {.id = u"insurance"_s,
                                   .title = u"پایان بیمه خودروها"_s,
                                   .icon = u":/icons/document.svg"_s,
                                   .column = TodayCard::People,
-                                  .emptyText = u"تا یک ماه دیگر بیمه خودرویی تمام نمی‌شود."_s}},
+                                  .rank = 4}},
                        .read = &LotToday::standing});
     TodayCards::setFigures(u"AutomobilContracts"_s, &MonthsToday::read);
 }

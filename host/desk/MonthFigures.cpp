@@ -77,6 +77,8 @@ MonthFigures::Figure MonthFigures::addFigure(QGridLayout *grid, int column, cons
     Figure figure{new ElidedLabel(this), new KChip(KChip::Kind::Neutral, {}, this)};
     LookFonts::apply(figure.value, LookFonts::Use::Page);
     figure.value->setAccessibleDescription(title);
+    // Digits alone would be taken for a text from left to right.
+    figure.value->setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
     grid->addWidget(label, 0, column);
     grid->addWidget(figure.value, 1, column);
     grid->addWidget(figure.change, 2, column, Qt::AlignLeading);

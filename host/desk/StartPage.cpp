@@ -31,6 +31,7 @@ namespace {
 constexpr int greetingHeight = 40;
 constexpr int besideGreeting = 12;
 constexpr int minutesBetweenReadings = 3;
+constexpr int lastRank = 99;
 
 }
 
@@ -59,8 +60,8 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     head->addLayout(m_chips);
     m_chips->setSpacing(LookSizes::unit);
     m_greeting->setMinimumHeight(LookSizes::scaled(greetingHeight));
-    m_columns->addCard(m_figures, TodayCard::Figures);
-    m_columns->addCard(m_backup, TodayCard::Figures);
+    m_columns->addCard(m_figures, TodayCard::Figures, 0);
+    m_columns->addCard(m_backup, TodayCard::Figures, lastRank);
     m_figures->hide();
     m_backup->hide();
     auto *scroll = new QScrollArea(this);
@@ -156,9 +157,8 @@ void StartPage::addCards(const TodayState &state)
         if (!state.cards.contains(card.id) || viewOf(card.id))
             continue;
         auto *view = new TodayCardView(card, m_board);
-        m_columns->addCard(view, card.column);
+        m_columns->addCard(view, card.column, card.rank);
         m_views.append(view);
-        view->QWidget::show();
         connect(view, &TodayCardView::opened, this, [this](const TodayLine &line) {
             RecordWindows::open(line.table, line.key, false, window());
             refresh();
@@ -173,8 +173,11 @@ void StartPage::show(const TodayState &state)
         return;
     const QString unit = state.frame.settings ? state.frame.settings->moneyUnitName() : QString();
     addCards(state);
-    for (TodayCardView *view : std::as_const(m_views))
-        view->show(state.cards.value(view->card().id), unit);
+    for (TodayCardView *view : std::as_const(m_views)) {
+        const TodayContent content = state.cards.value(view->card().id);
+        view->show(content, unit);
+        view->setVisible(content.count > 0 || !view->card().emptyText.isEmpty());
+    }
     m_figures->setVisible(state.figures.has_value());
     if (state.figures)
         m_figures->show(*state.figures, unit);

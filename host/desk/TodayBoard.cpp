@@ -8,6 +8,7 @@
 #include <QStyle>
 #include <QWidget>
 
+#include <algorithm>
 #include <numeric>
 
 namespace {
@@ -58,16 +59,17 @@ TodayBoard::~TodayBoard()
         delete card.item;
 }
 
-void TodayBoard::addCard(QWidget *card, int column)
+void TodayBoard::addCard(QWidget *card, int column, int rank)
 {
     addChildWidget(card);
-    m_cards.push_back({new QWidgetItem(card), column});
+    const auto behind = std::ranges::find_if(m_cards, [&](const Card &other) { return std::pair(other.column, other.rank) > std::pair(column, rank); });
+    m_cards.insert(behind, {new QWidgetItem(card), column, rank});
     invalidate();
 }
 
 void TodayBoard::addItem(QLayoutItem *item)
 {
-    m_cards.push_back({item, 0});
+    m_cards.push_back({item});
 }
 
 int TodayBoard::count() const

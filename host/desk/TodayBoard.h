@@ -17,8 +17,8 @@ public:
     explicit TodayBoard(QWidget *page);
     ~TodayBoard() override;
 
-    // column: of three, from the leading side.
-    void addCard(QWidget *card, int column);
+    // column: of three, from the leading side; rank: within it, from above.
+    void addCard(QWidget *card, int column, int rank);
 
     void addItem(QLayoutItem *item) override;
     int count() const override;
@@ -35,6 +35,7 @@ private:
     {
         QLayoutItem *item = nullptr;
         int column = 0;
+        int rank = 0;
     };
 
     static int columnsOf(int width);

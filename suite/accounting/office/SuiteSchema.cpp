@@ -249,6 +249,7 @@ constexpr const char *findings[] = {
     ", iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, UNIQUE KEY contract (iContractID), KEY car (iCarID)"
     ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
     "ALTER TABLE FollowUps ADD COLUMN iKind INT DEFAULT 0, ADD KEY promised (datePromised)",
+    "ALTER TABLE Persons ADD KEY birth (dateBirth)",
 };
 
 constexpr Step steps[] = {

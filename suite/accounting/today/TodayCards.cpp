@@ -50,7 +50,7 @@ QList<TodayCard> TodayCards::cards()
     QList<TodayCard> cards;
     for (const TodaySource &source : std::as_const(entered().sources))
         cards += source.cards;
-    std::stable_sort(cards.begin(), cards.end(), [](const TodayCard &one, const TodayCard &other) { return one.column < other.column; });
+    std::stable_sort(cards.begin(), cards.end(), [](const TodayCard &one, const TodayCard &other) { return std::pair(int(one.column), one.rank) < std::pair(int(other.column), other.rank); });
     return cards;
 }
 

@@ -83,7 +83,8 @@ struct TodayCard
     QString title;
     QString icon;
     Column column = Money;
-    QString emptyText;      // what the card says while nothing is due
+    int rank = 0;           // within the column, from above
+    QString emptyText = {}; // what the card says while nothing is due; empty: it is not shown then
     QString countText = {}; // of its chip at the head of the page, with %1: "%1 قسط معوق"; empty: none
 };
 
@@ -126,7 +127,7 @@ public:
     static void remove(const QString &firstCard);
     // As they were entered.
     static QList<TodaySource> sources();
-    // The cards of all sources in the order of their columns and, in each, as they were entered.
+    // The cards of all sources by column and rank.
     static QList<TodayCard> cards();
 
     using Figures = std::function<TodayFigures(const TodayFrame &frame)>;

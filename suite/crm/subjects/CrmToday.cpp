@@ -82,9 +82,9 @@ TodayContent birthdays(const TodayFrame &frame)
 
 void CrmToday::enter()
 {
-    TodayCards::enter({.cards = {{.id = u"reminders"_s, .title = u"یادآوری‌های امروز"_s, .icon = u":/icons/calendar.svg"_s, .column = TodayCard::People, .emptyText = u"برای امروز یادآوری ندارید."_s, .countText = u"%1 یادآوری"_s}},
+    TodayCards::enter({.cards = {{.id = u"reminders"_s, .title = u"یادآوری‌های امروز"_s, .icon = u":/icons/calendar.svg"_s, .column = TodayCard::People, .rank = 0, .emptyText = u"برای امروز یادآوری ندارید."_s, .countText = u"%1 یادآوری"_s}},
                        .read = [](const TodayFrame &frame) { return QList{reminders(frame)}; }});
     TodayCards::enter({.form = u"Persons"_s,
-                       .cards = {{.id = u"birthdays"_s, .title = u"زادروزهای امروز"_s, .icon = u":/icons/users.svg"_s, .column = TodayCard::People, .emptyText = u"امروز زادروز هیچ‌یک از اشخاص نیست."_s}},
+                       .cards = {{.id = u"birthdays"_s, .title = u"زادروزهای امروز"_s, .icon = u":/icons/users.svg"_s, .column = TodayCard::People, .rank = 3}},
                        .read = [](const TodayFrame &frame) { return QList{birthdays(frame)}; }});
 }

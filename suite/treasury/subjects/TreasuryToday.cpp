@@ -79,9 +79,9 @@ TodayContent cashBox(const TodayFrame &frame)
 void TreasuryToday::enter()
 {
     TodayCards::enter({.form = u"Cheques"_s,
-                       .cards = {{.id = u"cheques"_s, .title = u"چک‌های سررسید"_s, .icon = u":/icons/receipt.svg"_s, .column = TodayCard::Money, .emptyText = u"تا یک هفته دیگر چکی سررسید نمی‌شود."_s, .countText = u"%1 چک سررسید"_s}},
+                       .cards = {{.id = u"cheques"_s, .title = u"چک‌های سررسید"_s, .icon = u":/icons/receipt.svg"_s, .column = TodayCard::Money, .rank = 1, .emptyText = u"تا یک هفته دیگر چکی سررسید نمی‌شود."_s, .countText = u"%1 چک سررسید"_s}},
                        .read = [](const TodayFrame &frame) { return QList{cheques(frame)}; }});
     TodayCards::enter({.form = u"Receipts"_s,
-                       .cards = {{.id = u"cash"_s, .title = u"موجودی صندوق و بانک"_s, .icon = u":/icons/money.svg"_s, .column = TodayCard::Figures, .emptyText = u"هنوز پولی دریافت یا پرداخت نشده است."_s}},
+                       .cards = {{.id = u"cash"_s, .title = u"موجودی صندوق و بانک"_s, .icon = u":/icons/money.svg"_s, .column = TodayCard::Figures, .rank = 1, .emptyText = u"هنوز پولی دریافت یا پرداخت نشده است."_s}},
                        .read = [](const TodayFrame &frame) { return QList{cashBox(frame)}; }});
 }
