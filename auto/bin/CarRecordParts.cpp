@@ -37,6 +37,14 @@ RecordReference person(const QString &column, Gone gone = Gone::Kept)
     return {column, u"Persons"_s, personWord, gone};
 }
 
+// What was said about it.
+RecordPart notes(int kind)
+{
+    RecordPart part = RecordParts::byKind(u"FollowUps"_s, u"پیگیری"_s, kind);
+    part.make = &RecordPart::of<CTblFollowUps>;
+    return part;
+}
+
 KSql ownDocument(const KWholeRow &contract, int database, const KSql &numberColumn)
 {
     const qint32 num = contract.number(u"iDocNum");
@@ -63,9 +71,8 @@ RecordParts contractParts()
 {
     const QString table = u"AutomobilContracts"_s;
     constexpr int kind = CTblAutomobilContracts::recordKind;
-    RecordPart calls = RecordParts::byKind(u"FollowUps"_s, u"پیگیری"_s, kind);
+    RecordPart calls = notes(kind);
     calls.references = {{u"iPaymentID"_s, u"AutomobilPayments"_s}};
-    calls.make = &RecordPart::of<CTblFollowUps>;
     RecordPart instalments = RecordParts::byColumn(u"AutomobilPayments"_s, u"قسط"_s, u"iAutomobilContractID"_s, table);
     instalments.make = &RecordPart::of<CTblAutomobilPayments>;
     // Without the car it says nothing.
@@ -98,7 +105,7 @@ RecordParts carParts()
     return {.table = table,
             .form = table,
             .references = {person(u"iPersonID"_s), person(u"iPersonBuyerID"_s), {u"iAutomobilType"_s, brandTable, u"برند"_s}, {u"iModel"_s, modelTable, u"مدل"_s}, {u"iBrigade"_s, classTable, u"تیپ"_s}, user()},
-            .parts = {RecordParts::files(kind), RecordParts::customValues(kind)},
+            .parts = {RecordParts::files(kind), RecordParts::customValues(kind), notes(kind)},
             .code = u"iCode"_s};
 }
 
@@ -110,7 +117,7 @@ RecordParts demandParts()
     return {.table = table,
             .form = table,
             .references = {person(u"iPersonID"_s, Gone::Refused), {u"iAutomobilType"_s, brandTable, u"برند"_s}, user(), {u"iAlarmID"_s, u"Alarms"_s}},
-            .parts = {RecordParts::files(kind), RecordParts::byKind(u"Alarms"_s, u"یادآوری"_s, kind)},
+            .parts = {RecordParts::files(kind), RecordParts::byKind(u"Alarms"_s, u"یادآوری"_s, kind), notes(kind)},
             .code = u"iCode"_s};
 }
 

@@ -9,6 +9,7 @@
 #include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/reminders/CTblAlarm.h"
+#include "suite/treasury/followups/CTblFollowUps.h"
 
 using namespace Qt::StringLiterals;
 
@@ -25,6 +26,7 @@ bool CTblAutomobilDemands::Delete()
     KTransaction transaction(database());
     CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     CTblAlarm::DeleteAllRelatedRecords(recordKind, m_iID, database());
+    CTblFollowUps::deleteOf(recordKind, m_iID, database());
     const bool deleted = KMySQL::Delete();
     transaction.commit();
     return deleted;

@@ -36,7 +36,7 @@ void PersonParts::enter()
                           .form = table,
                           .references = {},
                           .parts = {RecordParts::files(RecordKind::Person), RecordParts::customValues(RecordKind::Person),
-                                    RecordParts::byKind(u"Alarms"_s, u"یادآوری"_s, RecordKind::Person)},
+                                    RecordParts::byKind(u"Alarms"_s, u"یادآوری"_s, RecordKind::Person), RecordParts::byKind(u"FollowUps"_s, u"پیگیری"_s, RecordKind::Person)},
                           .code = u"iCode"_s,
                           .known = {u"sName2"_s, u"sNationalCode"_s},
                           .settle = &settlePerson});

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/db/records/CTblTemp.h"
@@ -21,6 +22,44 @@ void requireFollowUpRight(const QString &form)
     KSecurity::forgetRights();
     if (!KSecurity::IsGranted(form, KSecurity::Write))
         throw KAccountingError(KSecurity::refusalText(form, KSecurity::Write));
+}
+
+void requireWords(const QString &said, const QDateTime &next, bool isDue)
+{
+    if (said.isEmpty() && isDue && !next.isValid())
+        throw FieldRefused(u"لطفا یادداشت یا تاریخ وعده را وارد نمایید."_s, u"sNote"_s);
+    if (said.isEmpty() && !isDue)
+        throw FieldRefused(u"لطفا متن یادداشت را وارد نمایید."_s, u"sNote"_s);
+}
+
+void requireNotOver(const QDateTime &next, const QDateTime &now, bool isDue)
+{
+    if (next.isValid() && next.date() < now.date())
+        throw FieldRefused(isDue ? u"تاریخ وعده گذشته است. لطفا اصلاح نمایید."_s : u"تاریخ پیگیری بعدی گذشته است. لطفا اصلاح نمایید."_s, u"datePromised"_s);
+}
+
+void requireOwnNote(const CTblFollowUps &row)
+{
+    if (row.m_iKind == CTblFollowUps::due)
+        throw KAccountingError(u"پیگیری‌های سررسید تغییر نمی‌کنند."_s);
+    if (row.m_iUserID != GetDBSetting()->GetUserID())
+        throw KAccountingError(u"تنها نویسنده می‌تواند این یادداشت را تغییر دهد یا حذف کند."_s);
+}
+
+CTblFollowUps::Shown shownOf(const CTblFollowUps &row)
+{
+    return {row.m_iID, static_cast<CTblFollowUps::Kind>(row.m_iKind), row.m_sNote, row.m_datePromised};
+}
+
+// The row is then locked and as it was shown.
+void lockNote(CTblFollowUps &row, const CTblFollowUps::Shown &before)
+{
+    if (!row.lockRecord(before.id))
+        throw RowChanged(RowChanged::Kind::Gone, row, before.id, u"این یادداشت"_s);
+    requireOwnNote(row);
+    const CTblFollowUps::Shown now = shownOf(row);
+    if (now.kind != before.kind || now.said != before.said || now.next != before.next)
+        throw KAccountingError(u"این یادداشت را %1 تغییر داده است. لطفا آن را دوباره باز نمایید."_s.arg(RowChanged::lastChange(row.GetTableName(), before.id, row.database())));
 }
 
 }
@@ -47,13 +86,13 @@ void CTblFollowUps::DoFieldExchange()
     RFX_Text(u"sNote", m_sNote, u"یادداشت");
     RFX_Date(u"datePromised", m_datePromised, u"وعده پرداخت");
     RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
+    RFX_Long(u"iKind", m_iKind, u"");
 }
 
 int CTblFollowUps::add(const Subject &subject, const QString &note, const QDateTime &promised, int database)
 {
     const QString said = note.trimmed();
-    if (said.isEmpty() && !promised.isValid())
-        throw FieldRefused(u"لطفا یادداشت یا تاریخ وعده را وارد نمایید."_s, u"sNote"_s);
+    requireWords(said, promised, subject.kind == due);
     int key = 0;
     KTransaction::runReplayable([&] {
         OfficeClosing::requireOpen(database);
@@ -63,8 +102,7 @@ int CTblFollowUps::add(const Subject &subject, const QString &note, const QDateT
         if (subject.require)
             subject.require();
         const QDateTime now = GetDBSetting()->GetDBServerDate();
-        if (promised.isValid() && promised.date() < now.date())
-            throw FieldRefused(u"تاریخ وعده گذشته است. لطفا اصلاح نمایید."_s, u"datePromised"_s);
+        requireNotOver(promised, now, subject.kind == due);
         CTblFollowUps row(database);
         row.Open(false, false, true);
         row.AddNew();
@@ -75,11 +113,71 @@ int CTblFollowUps::add(const Subject &subject, const QString &note, const QDateT
         row.m_sNote = said;
         row.m_datePromised = promised;
         row.m_iUserID = GetDBSetting()->GetUserID();
+        row.m_iKind = subject.kind;
         row.Update(true);
         key = static_cast<int>(row.GetLastInsertedID());
     },
                                 database);
     return key;
+}
+
+QString CTblFollowUps::kindName(int kind)
+{
+    return kind == call ? u"تماس"_s : kind == note ? u"یادداشت"_s
+                                                   : u"پیگیری"_s;
+}
+
+CTblFollowUps::Shown CTblFollowUps::shown(int id, int database)
+{
+    CTblFollowUps row(database);
+    if (!row.IsRecordExist(u"iID"_s, id))
+        throw RowChanged(RowChanged::Kind::Gone, row, id, u"این یادداشت"_s);
+    requireOwnNote(row);
+    return shownOf(row);
+}
+
+void CTblFollowUps::change(const Shown &before, Kind kind, const QString &said, const QDateTime &next, int database)
+{
+    const QString text = said.trimmed();
+    requireWords(text, next, false);
+    KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen(database);
+        CTblFollowUps row(database);
+        lockNote(row, before);
+        // A date that was planned may be over by now.
+        if (next != before.next)
+            requireNotOver(next, GetDBSetting()->GetDBServerDate(), false);
+        row.Edit();
+        row.m_iKind = kind;
+        row.m_sNote = text;
+        row.m_datePromised = next;
+        row.Update(true);
+    },
+                                database);
+}
+
+void CTblFollowUps::take(const Shown &before, int database)
+{
+    KTransaction::runReplayable([&] {
+        OfficeClosing::requireOpen(database);
+        CTblFollowUps row(database);
+        lockNote(row, before);
+        row.Delete();
+    },
+                                database);
+}
+
+QList<CTblFollowUps::Planned> CTblFollowUps::planned(int userID, const QDate &until, int most, int database)
+{
+    QList<Planned> list;
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(KSql::formatted("SELECT f.iID,f.iTable,f.iRecordID,f.sNote,f.datePromised FROM FollowUps f WHERE f.datePromised<%1+INTERVAL 1 DAY AND f.iKind>0 AND f.iUserID=%2"
+                                       " AND NOT EXISTS(SELECT 1 FROM FollowUps n WHERE n.iTable=f.iTable AND n.iRecordID=f.iRecordID AND n.iID>f.iID) ORDER BY f.datePromised,f.iID LIMIT %3",
+                                       DateToSQL(until.startOfDay(Qt::UTC)), userID, most));
+    for (; query.HasResultRow(); query.MoveNextResult())
+        list.append({query.GetLongFieldValue(0), query.GetLongFieldValue(1), query.GetLongFieldValue(2), query.GetTextFieldValue(3), query.GetDateFieldValue(4)});
+    return list;
 }
 
 QList<CTblFollowUps::Entry> CTblFollowUps::history(int recordKind, int recordID, int database)

@@ -11,8 +11,9 @@
 
 #include <functional>
 
-// What was said about something that is due: one row for each call. Rows are only added, so that the history of an instalment stays
-// whole; those of a plan that is replaced stay with their contract, and go with it.
+// What was said: about something that is due, one row for each call; and notes and calls about a record of any kind. The former are only
+// added, so that the history of an instalment stays whole; those of a plan that is replaced stay with their contract, and go with it. The
+// latter may be changed and taken away by who wrote them, and the log of changes keeps what they said.
 class TZTREASURYDATA_EXPORT CTblFollowUps : public KMySQL, private KLiveCount<CTblFollowUps>
 {
 public:
@@ -20,6 +21,15 @@ public:
 
     // Characters of sNote.
     static constexpr int longestNote = 500;
+
+    // Values of iKind.
+    enum Kind : int {
+        due = 0,
+        note = 1,
+        call = 2
+    };
+    // "پیگیری", "یادداشت", "تماس".
+    static QString kindName(int kind);
 
     // What a call was about.
     struct Subject
@@ -32,6 +42,8 @@ public:
         // Run in the unit that adds the note, once the record is locked and before anything is written; it may run again. What it
         // throws ends the unit. Empty: nothing is required.
         std::function<void()> require = {};
+
+        Kind kind = due;
     };
 
     struct Entry
@@ -53,6 +65,34 @@ public:
     // is over; KAccountingError without the right, in a closed database and when the record is gone, as far as its ReceiptOwner says;
     // and what subject.require throws.
     static int add(const Subject &subject, const QString &note, const QDateTime &promised, int database = 0);
+    // A note or call as a window showed it.
+    struct Shown
+    {
+        int id = 0;
+        Kind kind = note;
+        QString said;
+        QDateTime next; // when to ask again; invalid: not planned
+    };
+    // Throws RowChanged when it is gone, KAccountingError when it is not the current user's own or says what is due.
+    static Shown shown(int id, int database = 0);
+    // Changes a note of the current user's own. A unit of its own. Throws, with nothing written: RowChanged when it is gone or says something
+    // else than was shown; FieldRefused as add does; KAccountingError for somebody else's, and in a closed database.
+    static void change(const Shown &before, Kind kind, const QString &said, const QDateTime &next, int database = 0);
+    // Takes it away; throws as change does.
+    static void take(const Shown &before, int database = 0);
+
+    // Those of the user whose next date is that day or before, and after which nothing was said about the record; the oldest first, at most
+    // so many. One statement, by the index of that date.
+    struct Planned
+    {
+        int id = 0;
+        int recordKind = 0;
+        int recordID = 0;
+        QString said;
+        QDateTime next;
+    };
+    static QList<Planned> planned(int userID, const QDate &until, int most, int database = 0);
+
     // All of the record, also of its other instalments, the latest first. One statement.
     static QList<Entry> history(int recordKind, int recordID, int database = 0);
     // Those of a record that is being deleted. Joins the caller's transaction.
@@ -66,6 +106,7 @@ public:
     QString m_sNote;
     QDateTime m_datePromised;
     qint32 m_iUserID = 0;
+    qint32 m_iKind = due;
 
 protected:
     void DoFieldExchange() override;

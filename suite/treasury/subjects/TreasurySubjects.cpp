@@ -12,6 +12,7 @@
 #include "suite/treasury/records/CTblCheques.h"
 #include "suite/treasury/records/CTblReceipts.h"
 #include "suite/treasury/records/ChequeStates.h"
+#include "suite/treasury/subjects/MoneyStory.h"
 
 using namespace Qt::StringLiterals;
 
@@ -68,6 +69,7 @@ void TreasurySubjects::enter()
 {
     if (RecordSubjects::of(u"Receipts"_s))
         return;
+    MoneyStory::enter();
     RecordSubjects::enter({.table = u"Receipts"_s,
                            .kind = u"دریافت و پرداخت"_s,
                            .form = u"Receipts"_s,
@@ -85,5 +87,7 @@ void TreasurySubjects::enter()
                            .kind = u"پیگیری"_s,
                            .form = u"AutomobilPayments"_s,
                            .make = RecordSubject::maker<CTblFollowUps>(),
-                           .title = [](KMySQL &record) { return static_cast<const CTblFollowUps &>(record).m_sNote.simplified().left(60); }});
+                           .title = [](KMySQL &record) { return static_cast<const CTblFollowUps &>(record).m_sNote.simplified().left(60); },
+                           .caption = captions({{u"iKind"_s, u"نوع"_s}}),
+                           .word = words(Names{{u"iKind"_s, &CTblFollowUps::kindName}})});
 }

@@ -5,12 +5,14 @@
 
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/treasury/cheques/CDlgChequeChange.h"
 #include "suite/treasury/cheques/CDlgChequeHistory.h"
 #include "suite/treasury/cheques/CDlgCheques.h"
 #include "suite/treasury/cheques/CDlgShowCheque.h"
+#include "suite/treasury/followups/CDlgNote.h"
 #include "suite/treasury/receipts/CDlgReceipts.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
@@ -74,6 +76,8 @@ RecordAction passing(const QString &id, const QString &text, CTblReceipts::Kind 
 
 void TreasuryWindows::enter()
 {
+    RecordWindows::enter({.table = u"FollowUps"_s, .form = {}, .icon = u":/icons/edit.svg"_s, .open = [](qint32 key, bool, QWidget *parent) { CDlgNote::edit(key, parent); }});
+    CDlgNote::offer(u"Persons"_s, RecordKind::Person, u"Persons"_s);
     RecordWindows::enter({.table = receipts,
                           .form = receipts,
                           .icon = u":/icons/receipt.svg"_s,

@@ -78,6 +78,7 @@ class TestDeletedRecords : public QObject
         });
         run(u"INSERT INTO FileDocs(iTable,iRecordID,sName,oData) VALUES(68,%1,'a',REPEAT('b',700000))"_s.arg(key));
         run(u"INSERT INTO CustomFieldRecords(iTable,iRecordID,iFieldID,sValue) VALUES(68,%1,%2,'1')"_s.arg(key).arg(customField(68)));
+        run(u"INSERT INTO FollowUps(iTable,iRecordID,iKind,sNote,datePromised) VALUES(68,%1,2,'زنگ زد',NOW()),(68,%1,1,'',NULL)"_s.arg(key));
         return key;
     }
     int wholeDemand()
@@ -85,6 +86,7 @@ class TestDeletedRecords : public QObject
         const int person = m_office->addPerson(u"علی"_s, u"رضایی"_s);
         const int key = m_office->addDemand([&](CTblAutomobilDemands &demand) { demand.m_iPersonID = person; });
         run(u"INSERT INTO FileDocs(iTable,iRecordID,sName) VALUES(70,%1,'a')"_s.arg(key));
+        run(u"INSERT INTO FollowUps(iTable,iRecordID,iKind,sNote) VALUES(70,%1,1,'x\\'y')"_s.arg(key));
         run(u"INSERT INTO Alarms(iTable,iRecordID,iUserID,date) VALUES(70,%1,1,NOW())"_s.arg(key));
         run(u"UPDATE Alarms SET iRecordID2=(SELECT iCode FROM AutomobilDemands WHERE iID=%1)"_s.arg(key));
         run(u"UPDATE AutomobilDemands SET iAlarmID=(SELECT MAX(iID) FROM Alarms) WHERE iID=%1"_s.arg(key));
