@@ -4,6 +4,7 @@
 #include "auto/subjects/AutoSubjects.h"
 
 #include "auto/catalog/parameters/InputParameters.h"
+#include "auto/subjects/AutoStory.h"
 #include "auto/db/PlanTrace.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"
@@ -224,5 +225,6 @@ AutoSubjects::~AutoSubjects()
 
 void AutoSubjects::enter()
 {
+    AutoStory::enter();
     static const AutoSubjects entered;
 }

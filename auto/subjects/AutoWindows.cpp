@@ -23,6 +23,8 @@
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
+#include "suite/accounting/timeline/CDlgStory.h"
+#include "suite/treasury/followups/CDlgNote.h"
 
 using namespace Qt::StringLiterals;
 
@@ -166,13 +168,21 @@ AutoWindows::AutoWindows()
     enterCarWindows();
     enterDemandWindows();
     enterInstalmentWindows();
+    const std::pair<QString, int> told[] = {{contracts, CTblAutomobilContracts::recordKind}, {cars, CTblAutomobilInformations::recordKind}, {demands, CTblAutomobilDemands::recordKind}};
+    for (const auto &[table, kind] : told) {
+        CDlgStory::offer(table, table);
+        CDlgNote::offer(table, kind, table);
+    }
 }
 
 // The functions that they hold are the module's.
 AutoWindows::~AutoWindows()
 {
-    for (const QString &table : {contracts, cars, demands, instalments})
+    for (const QString &table : {contracts, cars, demands, instalments}) {
+        CDlgStory::withdraw(table);
+        CDlgNote::withdraw(table);
         RecordWindows::remove(table);
+    }
 }
 
 void AutoWindows::enter()

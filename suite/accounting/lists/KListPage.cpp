@@ -4,6 +4,7 @@
 #include "suite/accounting/lists/KListPage.h"
 
 #include "suite/accounting/changes/RecordHistory.h"
+#include "suite/accounting/changes/RecordStory.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -237,6 +238,8 @@ void KListPage::takeDatabaseState()
 void KListPage::buildCommands()
 {
     std::vector<KListCommand> all = commands();
+    if (RecordStory::isOffered(records().GetTableName()))
+        all.push_back(storyCommand());
     if (RecordHistory::isOffered(records().GetTableName()))
         all.push_back(historyCommand());
     m_commands = new KListCommands(std::move(all),
@@ -244,6 +247,12 @@ void KListPage::buildCommands()
                                     [this](const std::function<void()> &work) { guarded(work); },
                                     FormName()},
                                    this);
+}
+
+KListCommand KListPage::storyCommand()
+{
+    return {u"story"_s, RecordStory::caption(), KListCommand::NeedsRow | KListCommand::InRowMenu | KListCommand::HiddenInSelect, [this] { RecordStory::show(records().GetTableName(), m_list->currentKey(), this); },
+            QKeySequence(Qt::CTRL | Qt::Key_T), u":/icons/calendar.svg"_s};
 }
 
 KListCommand KListPage::historyCommand()

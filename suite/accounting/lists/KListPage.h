@@ -196,6 +196,7 @@ private:
     void find();
     QWidget *buildCard();
     void buildCommands();
+    KListCommand storyCommand();
     KListCommand historyCommand();
     void withReport(const std::function<void(ListReport &)> &work);
     void search();

@@ -8,6 +8,7 @@
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/reminders/CTblAlarm.h"
+#include "suite/crm/subjects/PersonStory.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,7 @@ void CrmSubjects::enter()
 {
     if (RecordSubjects::of(u"Persons"_s))
         return;
+    PersonStory::enter();
     const QStringList kinds{u"حقیقی"_s, u"حقیقی (اتباع خارجی)"_s, u"حقوقی"_s};
     RecordSubjects::enter({.table = u"Persons"_s,
                            .kind = u"شخص"_s,

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/accounting/timeline/Story.h"
+
+#include "suite/accounting/changes/RecordSubjects.h"
+#include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/timeline/RecordChanges.h"
+#include "suite/accounting/timeline/RelatedFiles.h"
+#include "suite/db/records/CTblTemp.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool mayRead(const QString &form)
+{
+    return form.isEmpty() || KSecurity::IsGranted(form, KSecurity::Read);
+}
+
+void requireRecord(const StorySubject &subject, qint32 key, int database)
+{
+    CTblTemp row(database);
+    row.Open(true, false, true);
+    row.ExecuteQuery(KSql::formatted("SELECT 1 FROM %1 WHERE iID=%2", KSql::name(subject.table), key));
+    if (!row.HasResultRow())
+        throw KAccountingError(u"%1 را کاربر دیگری حذف کرده است."_s.arg(RecordSubjects::nameOf(subject.table, key, database)));
+}
+
+// The record's first picture, made small when it was saved.
+QByteArray smallPicture(int recordKind, qint32 key, int database)
+{
+    CTblTemp row(database);
+    row.Open(true, false, true);
+    row.ExecuteQuery(KSql::formatted("SELECT oPicture FROM Thumbnails WHERE iTable=%1 AND iRecordID=%2 AND iPictureID=0", recordKind, key));
+    return row.HasResultRow() ? row.GetBinaryFieldValue(0) : QByteArray();
+}
+
+// Of a record that is older than the log of changes.
+void addBeginning(Story &story, const StorySubject &subject, qint32 key)
+{
+    if (!story.head.entered.isValid())
+        return;
+    StoryEvent begin{.kind = StoryEvent::Kind::Record, .when = story.head.entered, .tone = StoryEvent::Tone::Good, .title = subject.entered, .line = {}, .user = story.head.enteredBy, .table = subject.table, .key = key};
+    story.events.append(begin);
+}
+
+}
+
+bool Story::isOffered(const QString &table)
+{
+    const RecordSubject *subject = RecordSubjects::of(table);
+    return StorySources::of(table) && subject && mayRead(subject->form);
+}
+
+Story Story::read(const QString &table, qint32 key, int limit, int database)
+{
+    const StorySubject *subject = StorySources::of(table);
+    if (!isOffered(table))
+        throw KAccountingError(u"شما اجازه دیدن این رکورد را ندارید."_s);
+    requireRecord(*subject, key, database);
+    Story story;
+    story.head = subject->head(key, database);
+    if (subject->hasPicture)
+        story.picture = smallPicture(subject->recordKind, key, database);
+    StoryScope scope{table, key, {{subject->recordKind, {key}}}};
+    if (subject->widen)
+        subject->widen(scope, limit, database);
+    for (const StorySource *source : StorySources::all()) {
+        if (source->widen && mayRead(source->form))
+            source->widen(scope, limit, database);
+    }
+    const auto add = [&](const QList<StoryEvent> &events) {
+        story.hasMore = story.hasMore || events.size() >= limit;
+        story.events.append(events);
+    };
+    const RecordChanges::Told told = RecordChanges::read(*subject, key, limit, database);
+    add(told.events);
+    story.hasMore = story.hasMore || told.isCut;
+    if (!told.hasBeginning && !told.isCut)
+        addBeginning(story, *subject, key);
+    add(RelatedFiles::read(scope, limit, database));
+    for (const StorySource *source : StorySources::all()) {
+        if (mayRead(source->form))
+            add(source->read(scope, limit, database));
+    }
+    std::ranges::stable_sort(story.events, [](const StoryEvent &one, const StoryEvent &other) { return one.when > other.when; });
+    story.hasMore = story.hasMore || story.events.size() > limit;
+    story.events = story.events.first(std::min<qsizetype>(limit, story.events.size()));
+    return story;
+}
+
+QList<StoryEvent> Story::only(const QList<StoryEvent> &events, const QList<StoryEvent::Kind> &kinds)
+{
+    QList<StoryEvent> left;
+    std::ranges::copy_if(events, std::back_inserter(left), [&](const StoryEvent &event) { return kinds.contains(event.kind); });
+    return left;
+}
