@@ -14,6 +14,7 @@
 #include "host/demo/DemoInvoices.h"
 #include "host/demo/DemoMoney.h"
 #include "suite/accounting/lists/CTblSavedFilters.h"
+#include "host/demo/DemoStories.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -31,6 +32,8 @@ constexpr int fewestCars = 12;
 constexpr int fewestSales = 12;
 constexpr int mostSales = 120;
 constexpr int mostWithMoney = 80;      // contracts with receipts, plans and cheques: the latest
+constexpr int mostWithMoney = 80; // contracts with receipts, plans and cheques: the latest
+constexpr int carsWithStories = 5;
 constexpr int daysOfTheRegister = 300; // age of the oldest car in it
 
 // Fixed days, so that the office is the same whenever it is created.
@@ -164,6 +167,7 @@ void fill(int contracts, int database)
         .write(qBound(fewestSales, contracts / 10, mostSales));
     ContractReceiptOwner::enter();
     DemoMoney(ConvertToMiladi(currentYear, 1, 1), office.lastDay, random).write(mostWithMoney);
+    DemoStories::write(carsWithStories, office.userID, office.lastDay, database);
     CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
 }

@@ -22,6 +22,7 @@
 #include "auto/contracts/whatif/CDlgDealWhatIf.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/reports/charts/CDlgCharts.h"
 #include "auto/reports/season/CDlgPaymentAmount.h"
 #include "host/keeping/BackupKeeper.h"
 #include "host/keeping/CDlgBackupPassphrase.h"
@@ -60,6 +61,8 @@
 #include "suite/accounting/recovery/CDlgRecordDifferences.h"
 #include "suite/accounting/recovery/CDlgRestoreRecords.h"
 #include "suite/accounting/reports/CDlgReportLayout.h"
+#include "suite/accounting/timeline/CDlgStory.h"
+#include "suite/utility/frame/KDialogHolder.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
@@ -67,6 +70,7 @@
 #include "suite/treasury/cashbox/CDlgCashDay.h"
 #include "suite/treasury/cheques/CDlgDueCheques.h"
 #include "suite/treasury/followups/CDlgFollowUp.h"
+#include "suite/treasury/followups/CDlgNote.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/treasury/receiving/CDlgReceiptPaper.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
@@ -137,13 +141,20 @@ int voidReceipt(LookOffice &office)
 {
     const QDateTime today = GetDBSetting()->GetDBServerDate();
     const Cheque cheque{.sayad = u"1234567890123456"_s, .number = u"102030"_s, .bank = u"ملت"_s, .branch = u"میدان ونک"_s, .branchCode = u"65432"_s, .due = today.addDays(40)};
-    const int person = office.number(u"SELECT iPersonFirstID FROM AutomobilContracts WHERE iID%3=2 LIMIT 1"_s);
+    const int person = office.number(u"SELECT iPersonFirstID FROM AutomobilContracts WHERE iID%3=2 ORDER BY iID LIMIT 1"_s);
     const QString text = u"تحویل خودرو پس از انتقال سند و تسویه کامل مبلغ قرارداد انجام خواهد شد"_s;
     const int key = ReceiptPosting::save({.personID = person, .date = today, .method = CTblReceipts::cheque, .cheque = cheque, .parts = {{987654321000, text}}})
                         .constFirst()
                         .receiptID;
     ReceiptPosting::makeVoid(key, u"مبلغ چک اشتباه وارد شده بود"_s);
     return key;
+}
+
+void story(const QString &table, int key)
+{
+    KDialogHolder holder(new CDlgStory(table, key), nullptr, QString(), u"بازگشت"_s);
+    holder.resize(1366, 720);
+    holder.exec();
 }
 
 ListReport reportOf(LookOffice &office)
@@ -254,6 +265,16 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"contract-instalments", window<CDlgCalcPayment>(contract, person, 123'456'789.0)});
     const CTblFollowUps::Subject call{CTblAutomobilContracts::recordKind, contract, 0, u"AutomobilPayments"_s};
     entries.push_back({"follow-up", window<CDlgFollowUp>(call, u"مریم کریمی     09121234567     قسط شماره 3 قرارداد 12     سررسید 1405/04/02     مانده 45,000,000"_s)});
+    const CTblFollowUps::Subject note{CTblAutomobilContracts::recordKind, contract, 0, u"AutomobilContracts"_s};
+    entries.push_back({"note", window<CDlgNote>(note, u"قرارداد 12، پژو 206"_s)});
+    entries.push_back({"charts", modal([] { CDlgCharts().exec(); })});
+    entries.push_back({"charts-demands", modal([] {
+                           CDlgCharts charts;
+                           charts.choose(CDlgCharts::Kind::DemandAndStock);
+                           charts.exec();
+                       })});
+    entries.push_back({"story-of-car", modal([&office] { story(u"AutomobilInformations"_s, office.number(u"SELECT iRecordID FROM FollowUps WHERE iTable=68 ORDER BY iID LIMIT 1"_s)); })});
+    entries.push_back({"story-of-person", modal([&office] { story(u"Persons"_s, office.number(u"SELECT iPersonSecondID FROM AutomobilContracts ORDER BY iID DESC LIMIT 1"_s)); })});
     const int planned = office.number(u"SELECT iAutomobilContractID FROM AutomobilPayments GROUP BY iAutomobilContractID ORDER BY MAX(iStatus) DESC,MAX(iID) DESC LIMIT 1"_s);
     entries.push_back({"contract-plan", window<CDlgCalcPayment>(planned, person, 0.0)});
     entries.push_back({"contract-plan-choice",
