@@ -20,7 +20,7 @@ SPOILED = {
     "a receipt has no document": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,96,:y)",
     "a receipt's document has no receipt": "INSERT INTO Documents(iNum,iFiscalYear,iKind) VALUES (95,:y,3)",
     "a receipt and its document differ":
-        "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear,iPersonID) SELECT 5,:d,:y,iPersonFirstID FROM AutomobilContracts LIMIT 1",
+        "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear,iPersonID) SELECT 5,:d,:y,iPersonFirstID FROM AutomobilContracts ORDER BY iID LIMIT 1",
     "a receipt that stands has an empty document": "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear) VALUES (5,89,:y)",
     "a void receipt has not been taken back":
         "INSERT INTO Receipts(dAmount,iDocNum,iFiscalYear,iStatus,iVoidUserID,sVoidReason) VALUES (5,:d,:y,1,1,'x')",

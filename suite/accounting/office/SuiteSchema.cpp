@@ -13,6 +13,8 @@
 
 #include <span>
 
+#include <QSet>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -297,15 +299,41 @@ bool lacksFiscalYear(int database)
     return !KTableSchema::of(u"AutomobilContracts"_s, database).column(u"iFiscalYear"_s);
 }
 
-bool lacksPlanKey(int database)
+// Indexes of the module's tables that the suite's work needs. Who locks the plan of one contract would otherwise lock those of all, and
+// whoever asks for what belongs to a person would read all there is.
+struct ModuleKey
 {
-    if (KTableSchema::of(u"AutomobilPayments"_s, database).isEmpty())
-        return false;
+    const char *table;
+    const char *name;
+    const char *column;
+    const char *statement;
+};
+
+constexpr ModuleKey moduleKeys[] = {
+    {"AutomobilPayments", "contract", "iAutomobilContractID", "ALTER TABLE AutomobilPayments ADD KEY contract (iAutomobilContractID)"},
+    {"AutomobilContracts", "personFirst", "iPersonFirstID", "ALTER TABLE AutomobilContracts ADD KEY personFirst (iPersonFirstID)"},
+    {"AutomobilContracts", "personSecond", "iPersonSecondID", "ALTER TABLE AutomobilContracts ADD KEY personSecond (iPersonSecondID)"},
+    {"AutomobilInformations", "person", "iPersonID", "ALTER TABLE AutomobilInformations ADD KEY person (iPersonID)"},
+    {"AutomobilInformations", "buyer", "iPersonBuyerID", "ALTER TABLE AutomobilInformations ADD KEY buyer (iPersonBuyerID)"},
+    {"AutomobilDemands", "person", "iPersonID", "ALTER TABLE AutomobilDemands ADD KEY person (iPersonID)"},
+};
+
+// Of the tables and columns that are there.
+QList<const ModuleKey *> lackingKeys(int database)
+{
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery("SELECT 1 FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
-                       "TABLE_NAME='AutomobilPayments' AND INDEX_NAME='contract' LIMIT 1");
-    return !query.HasResultRow();
+    QSet<QString> present;
+    for (query.ExecuteQuery("SELECT CONCAT(TABLE_NAME,' ',INDEX_NAME) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME LIKE 'Automobil%'");
+         query.HasResultRow(); query.MoveNextResult())
+        present.insert(query.GetTextFieldValue(0).toLower());
+    QList<const ModuleKey *> lacking;
+    for (const ModuleKey &key : moduleKeys) {
+        const QString table = QLatin1String(key.table);
+        if (KTableSchema::of(table, database).column(QLatin1String(key.column)) && !present.contains((table + u' ' + QLatin1String(key.name)).toLower()))
+            lacking.append(&key);
+    }
+    return lacking;
 }
 
 }
@@ -353,7 +381,7 @@ bool SuiteSchema::isVersionStored(int database)
 bool SuiteSchema::isClosingStepDue(int database)
 {
     KTableSchema::forgetAll();
-    return lacksFiscalYear(database) || lacksPlanKey(database);
+    return lacksFiscalYear(database) || !lackingKeys(database).isEmpty();
 }
 
 void SuiteSchema::afterModuleUpgrade(int database)
@@ -365,9 +393,8 @@ void SuiteSchema::afterModuleUpgrade(int database)
     temp.Open(true, false, true);
     if (lacksFiscalYear(database))
         temp.ExecuteQuery("ALTER TABLE AutomobilContracts ADD COLUMN iFiscalYear INT DEFAULT 0", false, true);
-    // Who locks the plan of one contract would otherwise lock those of all.
-    if (lacksPlanKey(database))
-        temp.ExecuteQuery("ALTER TABLE AutomobilPayments ADD KEY contract (iAutomobilContractID)", false, true);
+    for (const ModuleKey *key : lackingKeys(database))
+        temp.ExecuteQuery(key->statement, false, true);
     KTableSchema::forgetAll();
 }
 

@@ -72,7 +72,7 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
                    "iTable,iRecordID,sFor,sDesc,iUserID,dateCreate");
     row("ChequeChanges", "iID,iChequeID,iFromState,iToState,date,iAccount,iPersonID,sDesc,iDocNum,iFiscalYear,iUserID,iStatus,"
                          "iVoidUserID,dateVoid,sVoidReason,iVoidDocNum,iVoidFiscalYear");
-    row("FollowUps", "iID,iTable,iRecordID,iPaymentID,date,sNote,datePromised,iUserID");
+    row("FollowUps", "iID,iTable,iRecordID,iPaymentID,date,sNote,datePromised,iUserID,iKind");
     row("UnitTokens", "sToken,dateCreate,bRefused");
     row("Bin", "iID,sTable,iRecordID,sTitle,iUserID,sComputer,date");
     row("BinRows", "iID,iBinID,sTable,iRecordID,oRow");
