@@ -31,7 +31,6 @@ constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
 constexpr int fewestSales = 12;
 constexpr int mostSales = 120;
-constexpr int mostWithMoney = 80;      // contracts with receipts, plans and cheques: the latest
 constexpr int mostWithMoney = 80; // contracts with receipts, plans and cheques: the latest
 constexpr int carsWithStories = 5;
 constexpr int daysOfTheRegister = 300; // age of the oldest car in it

@@ -43,6 +43,10 @@ QString TableNames::shown(const QString &table)
         {u"CustomFieldRecords"_s, u"مقدارهای فیلدهای اضافی"_s},
         {u"Alarms"_s, u"یادآوری‌ها"_s},
         {u"ReportLayouts"_s, u"چیدمان گزارش‌ها"_s},
+        {u"SavedFilters"_s, u"فیلترهای ذخیره‌شده"_s},
+        {u"SearchKeys"_s, u"فهرست جستجو"_s},
+        {u"Pictures"_s, u"تصویرها"_s},
+        {u"Thumbnails"_s, u"تصویرهای کوچک"_s},
     };
     return names.value(table, table);
 }
