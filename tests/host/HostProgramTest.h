@@ -134,7 +134,7 @@ protected:
     }
 
     // Logs in, works and closes the program.
-    int workOnce(const std::function<void(MainWindow *)> &work)
+    int workOnce(const std::function<void(MainWindow *)> &work = {})
     {
         return drive([&](QWidget *window) {
             if (auto *login = qobject_cast<CDlgLogin *>(window)) {

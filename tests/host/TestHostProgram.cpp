@@ -4,6 +4,7 @@
 #include "tests/host/HostProgramTest.h"
 
 #include "suite/db/records/CTblTemp.h"
+#include "host/desk/WorkArea.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAction>

@@ -16,6 +16,9 @@
 #include "suite/accounting/frame/DamagedTable.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "host/recovery/CDlgDamage.h"
+#include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/accounting/office/CDBSetting.h"
+#include "suite/db/records/CTblTemp.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QAction>

@@ -6,6 +6,7 @@
 #include "suite/db/connection/KConnection.h"
 
 #include <QStringList>
+#include <QThread>
 
 // The statements that run while an object of it lives, in their order, of those that begin with one of the given words.
 // Statements that only set the session up are left out by the words, on purpose and in plain sight; the token that each unit of
@@ -15,7 +16,10 @@ class ObservedStatements
 public:
     explicit ObservedStatements(QStringList words)
     {
-        KConnection::setStatementObserver([this, words](const QString &statement) {
+        KConnection::setStatementObserver([this, words, here = QThread::currentThread()](const QString &statement) {
+            // What a thread of its own reads meanwhile is not what is observed.
+            if (QThread::currentThread() != here)
+                return;
             for (const QString &word : words) {
                 if (statement.startsWith(word) && !statement.startsWith(u"INSERT INTO UnitTokens"))
                     m_statements.append(statement);
