@@ -131,9 +131,10 @@ void StoryCard::showFacts(const StoryHead &head)
         if (text.trimmed().isEmpty())
             continue;
         auto *label = new QLabel(caption, m_facts);
+        // Digits or Latin letters alone would turn it to the left.
+        label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
         LookFonts::apply(label, LookFonts::Use::Label);
         auto *value = new ElidedLabel(text, m_facts);
-        // Digits alone would turn it to the left.
         value->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
         value->setAccessibleName(u"%1 : %2"_s.arg(caption, text));
         const int row = grid->rowCount();
