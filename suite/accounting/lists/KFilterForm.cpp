@@ -174,7 +174,12 @@ QVariant KFilterForm::widestAt(qsizetype index) const
 {
     if (!isChangeable(index))
         return valueAt(index);
-    return m_filters.at(index).kind == KListFilter::Kind::Flag ? QVariant(true) : QVariant();
+    const KListFilter &filter = m_filters.at(index);
+    if (filter.kind != KListFilter::Kind::Flag)
+        return {};
+    // Most show more when they are ticked, some less.
+    const auto asksNothing = [&](bool ticked) { return !filter.clause || filter.clause(ticked, 0).isEmpty(); };
+    return asksNothing(true) || !asksNothing(false);
 }
 
 void KFilterForm::widen()
