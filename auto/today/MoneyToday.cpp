@@ -52,9 +52,8 @@ TodayContent MoneyToday::instalments(const TodayFrame &frame)
     const KSql due = "ap.date<" + frame.begin(instalmentDaysAhead + 1);
     content.listTable = u"AutomobilPayments"_s;
     content.request = {.condition = due, .conditionText = u"سررسید تا %1 روز دیگر"_s.arg(instalmentDaysAhead)};
-    KSql counted = "ap.iStatus=0 AND ac.iStatus=0 AND ac.iArchiveUserID=0 AND " + due + " AND " + Placeholders::none(u"AutomobilContracts"_s, u"ac.iID"_s);
-    if (frame.department > 0)
-        counted += KSql::formatted(" AND ap.iDepartmentID=%1", frame.department);
+    // Of the current department, which is the first.
+    const KSql counted = "ap.iDepartmentID=COALESCE((SELECT MIN(iID) FROM Departments),ap.iDepartmentID) AND ap.iStatus=0 AND ac.iStatus=0 AND ac.iArchiveUserID=0 AND " + due + " AND " + Placeholders::none(u"AutomobilContracts"_s, u"ac.iID"_s);
     CTblTemp query(frame.database);
     query.ExecuteQuery(KSql::formatted(
                            "SELECT ap.iID,ap.date,ap.dAmount-COALESCE((SELECT SUM(IF(r.iKind=%1,-r.dAmount,r.dAmount)) FROM Receipts r WHERE r.iTable=%2"

@@ -26,7 +26,6 @@ struct TZACCOUNTINGDATA_EXPORT TodayFrame
 {
     QDate today; // by the server's clock
     qint32 userID = 0;
-    int department = 0;    // 0: the office works without departments
     int decimals = 0;      // of the money unit
     int unsettledDays = 7; // a contract that is owed for longer is told
     int standingDays = 45; // and a car that stands for longer

@@ -23,7 +23,6 @@ struct Task
     QList<TodaySource> sources;
     TodayCards::Figures figures;
     qint32 userID = 0;
-    int department = 0;
     int database = 0;
 };
 
@@ -38,7 +37,6 @@ Task taskOfUser(int database)
     if (TodayCards::figures() && KSecurity::IsGranted(TodayCards::figuresForm(), KSecurity::Read))
         task.figures = TodayCards::figures();
     task.userID = GetDBSetting()->GetUserID();
-    task.department = GetDBSetting()->GetDepartmentID();
     task.database = database;
     return task;
 }
@@ -54,7 +52,6 @@ TodayFrame frameOf(const Task &task)
     const OfficeSettings &settings = *read;
     return {.today = settings.serverTime().date(),
             .userID = task.userID,
-            .department = task.department,
             .decimals = settings.moneyDecimals(),
             .unsettledDays = TodaySettings::unsettledDays(settings),
             .standingDays = TodaySettings::standingDays(settings),

@@ -91,8 +91,8 @@ int TestAutoToday::addContract(int daysAgo, const std::function<void(CTblAutomob
         contract.m_iPersonSecondID = m_buyer;
         contract.m_sName1 = u"علی شیرازی"_s;
         contract.m_sName2 = u"مریم کریمی"_s;
-        contract.m_iPersonContract1 = 1;
-        contract.m_iPersonContract2 = 1;
+        contract.m_iPersonContract1 = 0;
+        contract.m_iPersonContract2 = 0;
         contract.m_dateContract = at(-daysAgo);
         if (more)
             more(contract);

@@ -28,6 +28,7 @@ private Q_SLOTS:
         QStringList captions;
         for (const QPushButton *button : page.findChildren<QPushButton *>())
             captions << button->text();
+        QVERIFY(captions.removeOne(u"ستون‌ها"_s));
         QCOMPARE(captions, (QStringList{newCaption, editCaption, deleteCaption}));
         const auto &columns = page.list()->listModel()->columns();
         QCOMPARE(columns.size(), 2);
@@ -78,7 +79,7 @@ private Q_SLOTS:
             page.open();
             page.list()->header()->resizeSection(page.list()->columnOf(u"row"), 111);
         }
-        QVERIFY(!ReadSetting(u"InputParameters\\List"_s, u"sWidths"_s, QString()).isEmpty());
+        QVERIFY(!ReadSetting(u"InputParameters\\List\\Users\\"_s + GetDBSetting()->GetUserName(), u"sWidths"_s, QString()).isEmpty());
         CDlgInputParameters page;
         page.open();
         QCOMPARE(page.list()->header()->sectionSize(page.list()->columnOf(u"row")), 111);

@@ -111,10 +111,10 @@ private Q_SLOTS:
         const QString change = u"edit"_s;
         const QString show = u"show"_s;
         // With the custom fields, which a contract that is deleted meanwhile is saved anew with.
-        QTest::newRow("edited") << change << false << 6;
-        QTest::newRow("shown") << show << false << 3;
-        QTest::newRow("edited, which shows an archived one") << change << true << 6;
-        QTest::newRow("archived one shown") << show << true << 4;
+        QTest::newRow("edited") << change << false << 7;
+        QTest::newRow("shown") << show << false << 4;
+        QTest::newRow("edited, which shows an archived one") << change << true << 7;
+        QTest::newRow("archived one shown") << show << true << 5;
     }
 
     void openingAnExistingContractReadsLittle()
