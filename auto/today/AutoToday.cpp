@@ -28,7 +28,7 @@ AutoToday::AutoToday()
                                   .icon = u":/icons/contract.svg"_s,
                                   .column = TodayCard::Money,
                                   .rank = 2,
-                                  .emptyText = u"همه قراردادها تسویه شده‌اند."_s}},
+                                  .emptyText = u"هیچ قراردادی از روزهای پیش تسویه نشده نمانده است."_s}},
                        .settingsSection = ContractSettings::section(),
                        .read = [](const TodayFrame &frame) { return QList{MoneyToday::unsettled(frame)}; }});
     TodayCards::enter({.form = u"AutomobilDemands"_s,
