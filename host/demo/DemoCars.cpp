@@ -62,14 +62,14 @@ QString vehicleIdentification(const QString &maker, const QString &serial)
     return {};
 }
 
-DemoPictures::Body bodyOf(const DemoCatalog::Model &model)
+CarPicture::Body bodyOf(const DemoCatalog::Model &model)
 {
     if (model.isPickup)
-        return DemoPictures::Body::Pickup;
+        return CarPicture::Body::Pickup;
     // Expensive cars come first; the others follow each other.
     if (model.price >= 2e10)
-        return model.model % 2 == 0 ? DemoPictures::Body::Sedan : DemoPictures::Body::OffRoad;
-    return model.model % 2 == 0 ? DemoPictures::Body::Sedan : DemoPictures::Body::Hatchback;
+        return model.model % 2 == 0 ? CarPicture::Body::Sedan : CarPicture::Body::OffRoad;
+    return model.model % 2 == 0 ? CarPicture::Body::Sedan : CarPicture::Body::Hatchback;
 }
 
 }
@@ -250,7 +250,7 @@ void DemoCars::setPicture(const DemoCatalog::Model &model, int code)
     m_car.m_oPicture.data.clear();
     if (code > mostPictures || !m_random.chance(80))
         return;
-    const DemoPictures::Body body = bodyOf(model);
+    const CarPicture::Body body = bodyOf(model);
     QByteArray &picture = m_pictures[u"%1 %2"_s.arg(static_cast<int>(body)).arg(m_colorName)];
     if (picture.isEmpty()) {
         const auto *paint = std::find_if(std::begin(paints), std::end(paints), [this](const Paint &p) { return p.name == m_colorName; });

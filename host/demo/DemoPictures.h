@@ -3,19 +3,13 @@
 
 #pragma once
 
-#include <QByteArray>
-#include <QColor>
+#include "suite/utility/look/CarPicture.h"
 
-// Drawn pictures of cars, as the picture box would store them.
+#include <QByteArray>
+
+// Photographs of cars, as the picture box would store them.
 namespace DemoPictures {
 
-enum class Body {
-    Sedan,
-    Hatchback,
-    OffRoad,
-    Pickup
-};
-
-QByteArray car(Body body, const QColor &paint);
+QByteArray car(CarPicture::Body body, const QColor &paint);
 
 }

@@ -44,9 +44,15 @@ void KChip::setKind(Kind kind)
     update();
 }
 
+QSize KChip::sizeOf(const QString &text)
+{
+    const QFontMetrics metrics(LookFonts::font(LookFonts::Use::Chip));
+    return {metrics.horizontalAdvance(text) + 2 * LookSizes::unit, qMax(LookSizes::chip, metrics.height())};
+}
+
 QSize KChip::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(text()) + 2 * LookSizes::unit, qMax(LookSizes::chip, fontMetrics().height())};
+    return sizeOf(text());
 }
 
 QSize KChip::minimumSizeHint() const
@@ -54,14 +60,20 @@ QSize KChip::minimumSizeHint() const
     return sizeHint();
 }
 
-void KChip::paintEvent(QPaintEvent *)
+void KChip::paint(QPainter &painter, const QRect &room, Kind kind, const QString &text)
 {
-    const Inks &own = inks[std::size_t(m_kind)];
-    QPainter painter(this);
+    const Inks &own = inks[std::size_t(kind)];
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(LookFonts::font(LookFonts::Use::Chip));
     painter.setPen(Qt::NoPen);
     painter.setBrush(HostColors::of(own.ground));
-    painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
+    painter.drawRoundedRect(room, room.height() / 2.0, room.height() / 2.0);
     painter.setPen(HostColors::of(own.ink));
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
+    painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine, text);
+}
+
+void KChip::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    paint(painter, rect(), m_kind, text());
 }

@@ -23,6 +23,10 @@ public:
 
     explicit KChip(Kind kind = Kind::Neutral, const QString &text = {}, QWidget *parent = nullptr);
 
+    // One that is painted among others, in a view that has no widget for each; its size in the font of chips.
+    static void paint(QPainter &painter, const QRect &room, Kind kind, const QString &text);
+    static QSize sizeOf(const QString &text);
+
     Kind kind() const { return m_kind; }
     void setKind(Kind kind);
 

@@ -102,16 +102,23 @@ QSize PlatePicture::sizeHint() const
     return {LookSizes::scaled(plateWidth), LookSizes::scaled(plateHeight)};
 }
 
+void PlatePicture::paint(QPainter &painter, const QRectF &room, const PlateText &plate)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(Qt::LeftToRight);
+    const double scale = std::min(room.width() / plateWidth, room.height() / plateHeight);
+    painter.translate(room.left(), room.top() + (room.height() - scale * plateHeight) / 2);
+    painter.scale(scale, scale);
+    paintPlate(painter, plate);
+    painter.restore();
+}
+
 void PlatePicture::paintEvent(QPaintEvent *)
 {
     if (!m_plate)
         return;
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setLayoutDirection(Qt::LeftToRight);
-    const double scale = std::min(double(width()) / plateWidth, double(height()) / plateHeight);
-    const double left = isRightToLeft() ? width() - scale * plateWidth : 0;
-    painter.translate(left, (height() - scale * plateHeight) / 2);
-    painter.scale(scale, scale);
-    paintPlate(painter, *m_plate);
+    const double drawn = std::min<double>(width(), plateWidth * double(height()) / plateHeight);
+    paint(painter, QRectF(isRightToLeft() ? width() - drawn : 0, 0, drawn, height()), *m_plate);
 }

@@ -23,6 +23,9 @@ public:
     void setText(const QString &text);
     bool isPlate() const { return m_plate && m_plate->isWhole(); }
 
+    // Paints it at the left end of the room, for a view that has no widget for each plate.
+    static void paint(QPainter &painter, const QRectF &room, const PlateText &plate);
+
     // In less room the picture is smaller, never cut; in more it stands at the leading edge.
     QSize sizeHint() const override;
 
