@@ -9,6 +9,7 @@
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/cars/register/editor/CDlgMatchingCars.h"
+#include "auto/cars/register/gallery/CarThumbnails.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "auto/contracts/FirstContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
@@ -173,11 +174,13 @@ AutoWindows::AutoWindows()
         CDlgStory::offer(table, table);
         CDlgNote::offer(table, kind, table);
     }
+    Thumbnails::follow(CarThumbnails::source());
 }
 
 // The functions that they hold are the module's.
 AutoWindows::~AutoWindows()
 {
+    Thumbnails::unfollow(CarThumbnails::source());
     for (const QString &table : {contracts, cars, demands, instalments}) {
         CDlgStory::withdraw(table);
         CDlgNote::withdraw(table);

@@ -40,6 +40,7 @@ ALLOWED = {
     "suite/treasury/receiving/ReceiptPaper.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
     "suite/accounting/reports/KWndReportGen.cpp": ({"colour"}, "shows the sheet of paper"),
     "suite/image/PictureIntake.cpp": ({"colour"}, "reads the pixels of a picture"),
+    "suite/image/Thumbnails.cpp": ({"colour"}, "is kept on white under every look"),
     "host/demo/DemoPictures.cpp": ({"colour"}, "paints the pictures of the demo office's cars"),
     "host/demo/DemoCars.cpp": ({"colour"}, "the paint of the demo office's cars"),
 }

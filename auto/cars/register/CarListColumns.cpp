@@ -3,7 +3,7 @@
 
 #include "auto/cars/register/CarListColumns.h"
 
-#include "auto/cars/register/CarStanding.h"
+#include "auto/cars/register/gallery/CarStanding.h"
 #include "auto/db/AutomobilInformationColumns.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/records/KLookup.h"

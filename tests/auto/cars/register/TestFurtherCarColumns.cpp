@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/register/CarStanding.h"
+#include "auto/cars/register/gallery/CarStanding.h"
 #include "tests/auto/cars/register/CarListTest.h"
 #include "tests/support/RegisteredTest.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "auto/cars/register/CarStanding.h"
+#include "auto/cars/register/gallery/CarStanding.h"
 
 std::optional<int> CarStanding::days(const QDate &introduced, bool sold, const QDate &today)
 {
