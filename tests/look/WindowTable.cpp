@@ -5,6 +5,8 @@
 
 #include "auto/cars/prices/CDlgPriceHistory.h"
 #include "auto/cars/register/CDlgAutomobilInformations.h"
+#include "auto/cars/register/gallery/CarGallery.h"
+#include "auto/cars/register/gallery/CarThumbnails.h"
 #include "auto/catalog/CDlgAddCar.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgAddInputParameter.h"
@@ -67,6 +69,7 @@
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/KStaticImage.h"
+#include "suite/image/Thumbnails.h"
 #include "suite/treasury/cashbox/CDlgCashDay.h"
 #include "suite/treasury/cheques/CDlgDueCheques.h"
 #include "suite/treasury/followups/CDlgFollowUp.h"
@@ -181,6 +184,10 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"overdue", page(office, u"اقساط و سررسیدها"_s)});
     entries.push_back({"demands", page(office, demands)});
     entries.push_back({"cars", page(office, cars)});
+    entries.push_back({"cars-gallery", page(office, cars, [](KListPage &list) {
+                           Thumbnails::build(CarThumbnails::source());
+                           static_cast<CDlgAutomobilInformations &>(list).gallery()->showCards(true);
+                       })});
     entries.push_back({"persons", page(office, persons)});
     entries.push_back({"documents", page(office, documents)});
     entries.push_back({"invoices", page(office, invoices)});

@@ -8,6 +8,7 @@
 #include "auto/cars/matching/CDlgMatches.h"
 #include "auto/cars/register/CarFilter.h"
 #include "auto/cars/register/CarListColumns.h"
+#include "auto/cars/register/gallery/CarGallery.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
@@ -45,6 +46,7 @@ CDlgAutomobilInformations::CDlgAutomobilInformations(QWidget *parent)
                 parent)
 {
     build();
+    m_gallery = new CarGallery(this);
 }
 
 CDlgAutomobilInformations::~CDlgAutomobilInformations() = default;
@@ -161,6 +163,7 @@ void CDlgAutomobilInformations::opening()
 {
     if (!isReadOnly())
         LeftPlaceholders::remove();
+    m_gallery->open();
 }
 
 std::unique_ptr<KMySQL> CDlgAutomobilInformations::makeRecords() const

@@ -5,6 +5,8 @@
 
 #include "suite/accounting/lists/KListPage.h"
 
+class CarGallery;
+
 // The list of the cars on offer, and the commands on a car. In select mode another window picks a car with
 // it. The search may begin with the wishes of a customer's demand.
 class CDlgAutomobilInformations final : public KListPage
@@ -26,6 +28,9 @@ public:
     // The demand whose wishes the search begins with, 0 for none; to be set before the page is first shown. A demand that
     // does not exist changes nothing.
     void setDemand(int demandID) { m_demandID = demandID; }
+
+    // The same rows as cards.
+    CarGallery *gallery() const { return m_gallery; }
 
     // Resets the filter to all cars not archived and empties the list.
     void resetFilter() override;
@@ -58,4 +63,5 @@ private:
     void editInputParameters();
 
     int m_demandID = 0;
+    CarGallery *m_gallery = nullptr;
 };

@@ -81,25 +81,25 @@ void KListPage::build()
     layout->addWidget(m_filterBox);
     buildBar();
     layout->addWidget(m_bar);
-    layout->addWidget(buildCard(), 1);
+    buildCard();
+    layout->addWidget(m_card, 1);
     buildCommands();
     layout->addWidget(m_commands);
     tabInLayoutOrder(this);
     connectList();
 }
 
-QWidget *KListPage::buildCard()
+void KListPage::buildCard()
 {
-    auto *card = new KListCard(m_list, this);
-    m_count = new QLabel(u"تعداد : -"_s, card);
-    card->addToFoot(m_count);
+    m_card = new KListCard(m_list, this);
+    m_count = new QLabel(u"تعداد : -"_s, m_card);
+    m_card->addToFoot(m_count);
     if (ListSums::isWanted(*m_list)) {
-        m_sums = new ListSums(m_list, !m_traits.hasOwnTotals, card);
-        card->addToFoot(m_sums, true);
+        m_sums = new ListSums(m_list, !m_traits.hasOwnTotals, m_card);
+        m_card->addToFoot(m_sums, true);
     }
     m_empty = new KEmptyState(m_list);
     connect(m_empty, &KEmptyState::pressed, this, [this] { guarded([this] { mendEmptiness(); }); });
-    return card;
 }
 
 void KListPage::connectList()

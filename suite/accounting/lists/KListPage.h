@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 class KEmptyState;
 class KExtListCtrl;
 class KListBar;
+class KListCard;
 class KMySQL;
 class ListSums;
 class SavedFilterMenu;
@@ -95,6 +96,8 @@ public:
     KListCommands *commandLine() const { return m_commands; }
     // Between the filter and the rows.
     KListBar *bar() const { return m_bar; }
+    // The rows and what stands at their foot.
+    KListCard *card() const { return m_card; }
     // Null for a list whose filter the user cannot change.
     SavedFilterMenu *savedFilters() const { return m_savedFilters; }
     // What the list says instead of rows; hidden while it has some.
@@ -194,7 +197,7 @@ private:
     void buildFilterBox();
     void buildBar();
     void find();
-    QWidget *buildCard();
+    void buildCard();
     void buildCommands();
     KListCommand storyCommand();
     KListCommand historyCommand();
@@ -242,6 +245,7 @@ private:
     KExtListCtrl *m_list = nullptr;
     KListFilterBox *m_filterBox = nullptr;
     KListBar *m_bar = nullptr;
+    KListCard *m_card = nullptr;
     SavedFilterMenu *m_savedFilters = nullptr;
     KListCommands *m_commands = nullptr;
     QLabel *m_count = nullptr;

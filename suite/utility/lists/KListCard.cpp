@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QStackedLayout>
 
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"
@@ -23,15 +24,37 @@ constexpr int roomShare = 1000; // of the room left, against the end of the line
 KListCard::KListCard(QAbstractItemView *list, QWidget *parent)
     : QWidget(parent)
     , m_list(list)
+    , m_shown(list)
+    , m_views(new QStackedLayout)
 {
     LookMarks::setCard(this);
-    list->setFrameShape(QFrame::NoFrame);
-    list->installEventFilter(this);
     auto *column = new QVBoxLayout(this);
     // Room for the ring of the focus.
     column->setContentsMargins(LookSizes::ring, LookSizes::ring, LookSizes::ring, LookSizes::ring);
     column->setSpacing(0);
-    column->addWidget(list, 1);
+    column->addLayout(m_views, 1);
+    addView(list);
+}
+
+void KListCard::addView(QAbstractItemView *view)
+{
+    view->setFrameShape(QFrame::NoFrame);
+    view->installEventFilter(this);
+    m_views->addWidget(view);
+}
+
+// Whoever sends the focus to the list sends it to the view that is seen.
+void KListCard::showView(QAbstractItemView *view)
+{
+    if (view == m_shown)
+        return;
+    const bool hadFocus = m_shown->hasFocus();
+    m_shown = view;
+    m_views->setCurrentWidget(view);
+    m_list->setFocusProxy(view == m_list ? nullptr : view);
+    if (hadFocus)
+        view->setFocus(Qt::OtherFocusReason);
+    update();
 }
 
 void KListCard::addToFoot(QWidget *text, bool takesRoom)
@@ -60,7 +83,7 @@ bool KListCard::eventFilter(QObject *watched, QEvent *event)
 void KListCard::paintEvent(QPaintEvent *event)
 {
     QWidget::paintEvent(event);
-    if (!m_list->hasFocus())
+    if (!m_shown->hasFocus())
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

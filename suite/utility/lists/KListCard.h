@@ -9,6 +9,7 @@
 
 class QAbstractItemView;
 class QHBoxLayout;
+class QStackedLayout;
 
 // A list and the line at its foot, which counts and sums up its rows, as one card. While the list has the focus the card shows it.
 class TZUTILITY_EXPORT KListCard : public QWidget
@@ -23,11 +24,19 @@ public:
     // that ends.
     void addToFoot(QWidget *text, bool takesRoom = false);
 
+    // Another view of the same rows, which stands in the list's place while it is the shown one.
+    void addView(QAbstractItemView *view);
+    // The list itself or one that was added.
+    void showView(QAbstractItemView *view);
+    QAbstractItemView *shownView() const { return m_shown; }
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     QAbstractItemView *m_list;
+    QAbstractItemView *m_shown;
+    QStackedLayout *m_views;
     QHBoxLayout *m_foot = nullptr;
 };
