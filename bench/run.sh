@@ -21,6 +21,7 @@ for program in \
         NoteValues \
         MatchDemand \
         CarList \
+        CarGallery \
         Search \
         ExportSeason \
         GatherSeason; do
