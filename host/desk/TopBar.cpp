@@ -3,9 +3,9 @@
 
 #include "host/desk/TopBar.h"
 
-#include "host/desk/MenuPlace.h"
+#include "host/today/MenuPlace.h"
 #include "host/desk/ReminderBadge.h"
-#include "host/desk/SearchBox.h"
+#include "host/finding/SearchBox.h"
 #include "host/frame/HostLook.h"
 #include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/look/LookIcons.h"

@@ -13,7 +13,7 @@
 #include "host/start/DatabaseUpgrade.h"
 #include "host/desk/KeyList.h"
 #include "host/desk/ReminderBadge.h"
-#include "host/desk/StartButton.h"
+#include "host/today/StartButton.h"
 #include "host/desk/TopBar.h"
 #include "host/desk/WorkArea.h"
 #include "suite/accounting/office/KSecurity.h"

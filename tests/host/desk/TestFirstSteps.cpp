@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/FirstSteps.h"
+#include "host/today/FirstSteps.h"
 
-#include "host/desk/FirstStepRow.h"
-#include "host/desk/HostSteps.h"
+#include "host/today/FirstStepRow.h"
+#include "host/today/HostSteps.h"
 #include "host/keeping/BackupsHere.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/Placeholders.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/TodayCharts.h"
+#include "host/today/TodayCharts.h"
 
-#include "host/desk/DayCurves.h"
-#include "host/desk/MonthBars.h"
-#include "host/desk/MonthFigures.h"
+#include "host/today/DayCurves.h"
+#include "host/today/MonthBars.h"
+#include "host/today/MonthFigures.h"
 #include "suite/utility/look/HostColors.h"
 #include "tests/support/RegisteredTest.h"
 

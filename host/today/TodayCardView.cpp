@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/TodayCardView.h"
+#include "host/today/TodayCardView.h"
 
-#include "host/desk/TodayRow.h"
-#include "host/desk/TodayTones.h"
+#include "host/today/TodayRow.h"
+#include "host/today/TodayTones.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookMarks.h"

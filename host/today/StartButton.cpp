@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/StartButton.h"
+#include "host/today/StartButton.h"
 
 #include "suite/utility/frame/ActionHindrance.h"
 #include "suite/utility/look/HostColors.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/SearchHitDelegate.h"
+#include "host/finding/SearchHitDelegate.h"
 
-#include "host/desk/KeyCap.h"
-#include "host/desk/SearchHits.h"
+#include "host/finding/KeyCap.h"
+#include "host/finding/SearchHits.h"
 #include "suite/accounting/search/SearchText.h"
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/SearchTask.h"
+#include "host/finding/SearchTask.h"
 
 #include "suite/db/connection/KConnection.h"
 

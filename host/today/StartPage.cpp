@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/StartPage.h"
+#include "host/today/StartPage.h"
 
-#include "host/desk/BackupCard.h"
-#include "host/desk/FirstSteps.h"
-#include "host/desk/LauncherRow.h"
-#include "host/desk/MonthFigures.h"
-#include "host/desk/TodayBoard.h"
-#include "host/desk/TodayCardView.h"
-#include "host/desk/TodayTones.h"
+#include "host/today/BackupCard.h"
+#include "host/today/FirstSteps.h"
+#include "host/today/LauncherRow.h"
+#include "host/today/MonthFigures.h"
+#include "host/today/TodayBoard.h"
+#include "host/today/TodayCardView.h"
+#include "host/today/TodayTones.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/records/RecordWindows.h"

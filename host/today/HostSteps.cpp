@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/HostSteps.h"
+#include "host/today/HostSteps.h"
 
 #include "host/administration/CDlgSettings.h"
 #include "host/keeping/BackupsHere.h"

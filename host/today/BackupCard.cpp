@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/BackupCard.h"
+#include "host/today/BackupCard.h"
 
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/KChip.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/SearchPopup.h"
+#include "host/finding/SearchPopup.h"
 
-#include "host/desk/KeyCap.h"
-#include "host/desk/SearchHitDelegate.h"
-#include "host/desk/SearchHits.h"
+#include "host/finding/KeyCap.h"
+#include "host/finding/SearchHitDelegate.h"
+#include "host/finding/SearchHits.h"
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookMarks.h"

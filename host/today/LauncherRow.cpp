@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/LauncherRow.h"
+#include "host/today/LauncherRow.h"
 
-#include "host/desk/MenuPlace.h"
-#include "host/desk/StartButton.h"
+#include "host/today/MenuPlace.h"
+#include "host/today/StartButton.h"
 #include "suite/utility/frame/CommandMenu.h"
 #include "suite/utility/look/LookIcons.h"
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/FirstSteps.h"
+#include "host/today/FirstSteps.h"
 
-#include "host/desk/FirstStepRow.h"
+#include "host/today/FirstStepRow.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/CDBSetting.h"

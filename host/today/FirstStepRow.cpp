@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/FirstStepRow.h"
+#include "host/today/FirstStepRow.h"
 
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/HostColors.h"

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "host/desk/SearchTask.h"
+#include "host/finding/SearchTask.h"
 
 #include <QFrame>
 

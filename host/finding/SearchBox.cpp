@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/SearchBox.h"
+#include "host/finding/SearchBox.h"
 
-#include "host/desk/KeyCap.h"
-#include "host/desk/SearchHits.h"
-#include "host/desk/SearchPopup.h"
+#include "host/finding/KeyCap.h"
+#include "host/finding/SearchHits.h"
+#include "host/finding/SearchPopup.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/TodayCharts.h"
+#include "host/today/TodayCharts.h"
 
-#include "host/desk/ChartLegend.h"
-#include "host/desk/DayCurves.h"
-#include "host/desk/MonthBars.h"
+#include "host/today/ChartLegend.h"
+#include "host/today/DayCurves.h"
+#include "host/today/MonthBars.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookSizes.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/KeyCap.h"
+#include "host/finding/KeyCap.h"
 
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/desk/MonthFigures.h"
+#include "host/today/MonthFigures.h"
 
-#include "host/desk/TodayCharts.h"
+#include "host/today/TodayCharts.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/KChip.h"
 #include "suite/utility/look/LookFonts.h"
