@@ -4,6 +4,7 @@
 #include "tests/look/LookOffice.h"
 
 #include "auto/bin/CarRecordParts.h"
+#include "auto/subjects/AutoFirstSteps.h"
 #include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
 #include "auto/subjects/AutoWindows.h"
@@ -106,6 +107,7 @@ void LookOffice::makeSearchable()
     CrmToday::enter();
     TreasuryToday::enter();
     AutoToday::enter();
+    AutoFirstSteps::enter();
     TreasuryWindows::enter();
     BookWindows::enter();
     AutoWindows::enter();
