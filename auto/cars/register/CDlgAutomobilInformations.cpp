@@ -147,7 +147,7 @@ KListTraits CDlgAutomobilInformations::traits() const
     KListTraits traits;
     traits.emptySort = u"sTitle"_s;
     traits.hasPlaceholders = true;
-    traits.searchColumn = 4; // after the state and the check box, which saves the list a line of height
+    traits.searchColumn = 6; // after the plate, which saves the list a line of height
     traits.makePerson = personFilter();
     traits.emptyIcon = u":/icons/car.svg"_s;
     traits.emptyText = u"هنوز خودرویی ثبت نشده است."_s;

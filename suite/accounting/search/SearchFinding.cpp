@@ -46,25 +46,6 @@ Rank rankOf(const QString &key, const SearchQuery::Starts &starts)
     return starts.contains(key) ? Whole : Beginning;
 }
 
-// Behind every key that begins so.
-QString after(const QString &start)
-{
-    return start + QChar(0xFFFD);
-}
-
-KSql range(const char (&alias)[3], const QString &start)
-{
-    return KSql::formatted("%1sKey>=%2 AND %1sKey<%3", KSql(alias), KSql::quoted(start), KSql::quoted(after(start)));
-}
-
-KSql ranges(const char (&alias)[3], const SearchQuery::Starts &starts)
-{
-    QList<KSql> parts;
-    for (const QString &start : starts)
-        parts.append("(" + range(alias, start) + ")");
-    return "(" + KSql::joined(parts, " OR ") + ")";
-}
-
 class Finding
 {
 public:
@@ -119,7 +100,7 @@ private:
             for (const KSql &key : whole)
                 parts.append(KSql::formatted("(SELECT iKind,iRecordID,sKey FROM SearchKeys WHERE iKind=%1 AND sKey=%2 ORDER BY iRecordID DESC LIMIT %3)", kind, key, mostExact));
             for (const SearchQuery::Starts &some : together)
-                parts.append(KSql::formatted("(SELECT iKind,iRecordID,sKey FROM SearchKeys k FORCE INDEX (PRIMARY) WHERE k.iKind=%1 AND %2 ORDER BY iKind,sKey LIMIT %3)", kind, ranges("k.", some), mostOfAStart));
+                parts.append(KSql::formatted("(SELECT iKind,iRecordID,sKey FROM SearchKeys k FORCE INDEX (PRIMARY) WHERE k.iKind=%1 AND %2 ORDER BY iKind,sKey LIMIT %3)", kind, SearchQuery::beginsWith("k.sKey", some), mostOfAStart));
         }
         take(parts, starts);
     }
@@ -139,10 +120,10 @@ private:
             if (ofKind.contains(0))
                 continue;
             const qsizetype rarest = std::ranges::min_element(ofKind) - ofKind.cbegin();
-            KSql part = KSql::formatted("(SELECT %1,c.iRecordID,'' FROM (SELECT DISTINCT iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %2 LIMIT %3) c WHERE TRUE", kind, ranges("k.", words.at(rarest)), mostCandidates);
+            KSql part = KSql::formatted("(SELECT %1,c.iRecordID,'' FROM (SELECT DISTINCT iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %2 LIMIT %3) c WHERE TRUE", kind, SearchQuery::beginsWith("k.sKey", words.at(rarest)), mostCandidates);
             for (qsizetype word = 0; word < words.size(); ++word) {
                 if (word != rarest)
-                    part += KSql::formatted(" AND (SELECT 1 FROM SearchKeys b FORCE INDEX (record) WHERE b.iKind=%1 AND b.iRecordID=c.iRecordID AND %2 LIMIT 1) IS NOT NULL", kind, ranges("b.", words.at(word)));
+                    part += KSql::formatted(" AND (SELECT 1 FROM SearchKeys b FORCE INDEX (record) WHERE b.iKind=%1 AND b.iRecordID=c.iRecordID AND %2 LIMIT 1) IS NOT NULL", kind, SearchQuery::beginsWith("b.sKey", words.at(word)));
             }
             parts.append(part + KSql::formatted(" LIMIT %1)", mostRecords));
         }
@@ -155,7 +136,7 @@ private:
         QList<KSql> parts;
         for (const int kind : kinds) {
             for (int word = 0; word < words.size(); ++word) {
-                parts.append(KSql::formatted("(SELECT %1,%2,COUNT(*) FROM (SELECT 1 FROM SearchKeys k WHERE k.iKind=%1 AND %3 LIMIT %4) counted)", kind, word, ranges("k.", words.at(word)), countedKeys));
+                parts.append(KSql::formatted("(SELECT %1,%2,COUNT(*) FROM (SELECT 1 FROM SearchKeys k WHERE k.iKind=%1 AND %3 LIMIT %4) counted)", kind, word, SearchQuery::beginsWith("k.sKey", words.at(word)), countedKeys));
             }
         }
         QHash<int, QList<int>> counts;

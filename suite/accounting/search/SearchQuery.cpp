@@ -88,3 +88,12 @@ SearchQuery SearchQuery::of(const QString &typed)
     }
     return query;
 }
+
+KSql SearchQuery::beginsWith(const KSql &column, const Starts &starts)
+{
+    constexpr QChar behindAll(0xFFFD);
+    QList<KSql> ranges;
+    for (const QString &start : starts)
+        ranges.append(KSql::formatted("(%1>=%2 AND %1<%3)", column, KSql::quoted(start), KSql::quoted(start + behindAll)));
+    return ranges.isEmpty() ? KSql("FALSE") : "(" + KSql::joined(ranges, " OR ") + ")";
+}

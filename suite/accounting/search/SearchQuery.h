@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/sql/KSql.h"
 
 #include <QList>
 #include <QString>
@@ -22,4 +23,6 @@ struct TZACCOUNTINGDATA_EXPORT SearchQuery
 
     bool isEmpty() const { return whole.isEmpty(); }
     static SearchQuery of(const QString &typed);
+    // The column of a key begins with one of them, by ranges; FALSE for none.
+    static KSql beginsWith(const KSql &column, const Starts &starts);
 };

@@ -56,6 +56,8 @@ void TestCarFilter::clause_data()
     row("buyer", {{u"buyer"_s, 4}}, " AND ai.iPersonBuyerID=4");
     row("owner", {{u"owner"_s, 3}}, " AND ai.iPersonID=3");
     row("chassis number", {{u"chassis"_s, u"NAS"_s}}, " AND ai.sChassisNum LIKE '%NAS%'");
+    row("plate, by the keys of the search", {{u"plate"_s, u"AB"_s}},
+        " AND ai.iID IN (SELECT k.iRecordID FROM SearchKeys k WHERE k.iKind=3 AND ((k.sKey>='ab' AND k.sKey<'ab\uFFFD'))) AND ai.sNumOfPlates LIKE '%AB%'");
     row("% and _ are typed as wildcards, and nothing else leaves the literal", {{u"chassis"_s, u"a'b%_%d\\"_s}},
         R"( AND ai.sChassisNum LIKE '%a\'b%_%d\\\\%')");
 }

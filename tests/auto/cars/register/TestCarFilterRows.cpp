@@ -4,6 +4,7 @@
 #include "auto/cars/register/CarFilter.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/subjects/AutoSearch.h"
 #include "suite/accounting/office/CTblItems.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/Day.h"
@@ -51,6 +52,7 @@ private:
 void TestCarFilterRows::initTestCase()
 {
     prepareModuleTables(m_database);
+    AutoSearch::enter();
     m_database.run(u"INSERT INTO Items (iID,iType,sName,sTitle) VALUES (%1,808,'a','z'),(%2,808,'b','y'),(903,808,'c','x')"_s
                        .arg(typeAndItem)
                        .arg(red));
@@ -63,12 +65,12 @@ void TestCarFilterRows::initTestCase()
         fill(car);
         car.Update(true);
     };
-    add(1, [](Car &c) { c.m_iAutomobilType = typeAndItem; c.m_iColor = red; c.m_iModel = 31; c.m_iBrigade = 41; c.m_iYear = 1385; c.m_dAmount = 100; });
-    add(2, [](Car &c) { c.m_iAutomobilType = otherType; c.m_iColor = 903; c.m_iYear = 1386; c.m_dAmount = 200.5; c.m_iFuel = 3; });
-    add(3, [](Car &c) { c.m_iModel = deletedKey; c.m_iBrigade = deletedKey; c.m_iYear = 1390; c.m_dAmount = 300; c.m_iFuel = 4; });
+    add(1, [](Car &c) { c.m_iAutomobilType = typeAndItem; c.m_iColor = red; c.m_iModel = 31; c.m_iBrigade = 41; c.m_iYear = 1385; c.m_dAmount = 100; c.m_sNumOfPlates = u"12 ب 345 ایران 67"_s; });
+    add(2, [](Car &c) { c.m_iAutomobilType = otherType; c.m_iColor = 903; c.m_iYear = 1386; c.m_dAmount = 200.5; c.m_iFuel = 3; c.m_sNumOfPlates = u"۱۲ب۳۴۶-۶۸"_s; });
+    add(3, [](Car &c) { c.m_iModel = deletedKey; c.m_iBrigade = deletedKey; c.m_iYear = 1390; c.m_dAmount = 300; c.m_iFuel = 4; c.m_sVIN = u"345678"_s; c.m_sNumOfPlates = u"98 ل 111 ایران 10"_s; });
     add(4, [](Car &c) { c.m_iStatus = 1; c.m_iYear = 1385; c.m_iColor = red; });
-    add(5, [](Car &c) { c.m_iArchiveUserID = 7; c.m_iPersonID = 21; c.m_dateIntroduction = day(2026, 5, 1); });
-    add(6, [](Car &c) { c.m_iArchiveUserID = 8; c.m_iPersonBuyerID = 21; c.m_dateIntroduction = day(2026, 5, 2, 15); });
+    add(5, [](Car &c) { c.m_iArchiveUserID = 7; c.m_iPersonID = 21; c.m_dateIntroduction = day(2026, 5, 1); c.m_sNumOfPlates = u"ایران 67 - 411 د 12"_s; });
+    add(6, [](Car &c) { c.m_iArchiveUserID = 8; c.m_iPersonBuyerID = 21; c.m_dateIntroduction = day(2026, 5, 2, 15); c.m_sNumOfPlates = u"گذر موقت 98765"_s; });
     add(7, [](Car &c) { c.m_sDocumentsDeficit = u"برگ سبز، بیمه"_s; c.m_dateIntroduction = day(2026, 5, 3); });
     add(8, [](Car &c) { c.m_sFractionalParts = u"زاپاس"_s; c.m_dateIntroduction = day(2026, 5, 3, 1); });
     add(9, [](Car &c) { c.m_sChassisNum = u"NAS411100"_s; c.m_iYear = 1395; });
@@ -120,6 +122,22 @@ void TestCarFilterRows::rows_data()
     row("buyer", {{u"buyer"_s, 21}}, {6});
     row("owner", {{u"owner"_s, 21}}, {5});
     row("chassis number", {{u"chassis"_s, u"s4111"_s}}, {9});
+    row("plate as it is stored", {{u"plate"_s, u"12 ب 345 ایران 67"_s}}, {1});
+    row("plate in other digits and without blanks", {{u"plate"_s, u"۱۲ب۳۴۵۶۷"_s}}, {1});
+    row("plate from its other end", {{u"plate"_s, u"ایران 67 345 ب 12"_s}}, {1});
+    row("beginning of plates in all spellings", {{u"plate"_s, u" 12 ب 34"_s}}, {1, 2});
+    row("plate in an older spelling by that of today", {{u"plate"_s, u"12 ب 346 ایران 68"_s}}, {2});
+    row("first two digits", {{u"plate"_s, u"12"_s}}, {1, 2, 5});
+    row("three digits, and not a VIN that begins so", {{u"plate"_s, u"345"_s}}, {1});
+    row("three digits with the region, as one number", {{u"plate"_s, u"34567"_s}}, {1});
+    row("three digits with the region", {{u"plate"_s, u"411 ایران 67"_s}}, {5});
+    row("region", {{u"plate"_s, u"ایران ۶۷"_s}}, {1, 5});
+    row("letter", {{u"plate"_s, u"ل"_s}}, {3});
+    row("plate of another form", {{u"plate"_s, u"گذرموقت"_s}}, {6});
+    row("its number", {{u"plate"_s, u"98765"_s}}, {6});
+    row("plate with a wildcard", {{u"plate"_s, u"12%68"_s}}, {2});
+    row("plate of nobody", {{u"plate"_s, u"12 ب 999"_s}}, {});
+    row("blanks ask for no plate", {{u"plate"_s, u"  "_s}}, {1, 2, 3, 5, 6, 7, 8, 9});
     row("contradiction", {{u"color"_s, red}, {u"fuel"_s, 3}}, {});
 }
 
