@@ -292,7 +292,9 @@ void CDlgAutomobilContracts::deleteContract()
 
 void CDlgAutomobilContracts::requireDeletable(KMySQL &record)
 {
-    ContractDeleting::requireNothingReceived(static_cast<CTblAutomobilContracts &>(record));
+    const auto &contract = static_cast<CTblAutomobilContracts &>(record);
+    ContractDeleting::requireOfThisYear(contract);
+    ContractDeleting::requireNothingReceived(contract);
 }
 
 void CDlgAutomobilContracts::deleteRecord(KMySQL &asked)

@@ -33,6 +33,16 @@ int standingCheques(const CTblAutomobilContracts &contract)
 
 }
 
+void ContractDeleting::requireOfThisYear(const CTblAutomobilContracts &contract)
+{
+    if (contract.m_iDocNum < 1 || contract.m_iFiscalYear < 1)
+        return;
+    const int year = OfficeSettings::read({}, contract.database()).fiscalYear();
+    if (contract.m_iFiscalYear != year)
+        throw KAccountingError(u"سند این قرارداد (شماره %1) در دفترهای سال مالی %2 است و در سال مالی %3 حذف نمی‌شود. قرارداد را می‌توانید بایگانی کنید."_s.arg(
+            QString::number(contract.m_iDocNum), QString::number(contract.m_iFiscalYear), QString::number(year)));
+}
+
 void ContractDeleting::requireNothingReceived(const CTblAutomobilContracts &contract, const QString &deed)
 {
     const QList<ContractReceipts::Entry> entries = ContractReceipts::list(contract);
@@ -46,6 +56,7 @@ void ContractDeleting::run(CTblAutomobilContracts &asked, const std::function<vo
 {
     RowDeleting::run(asked, [&asked, &further] {
         ContractLock::take(asked, asked.m_iID);
+        requireOfThisYear(asked);
         requireNothingReceived(asked);
         if (further)
             further();

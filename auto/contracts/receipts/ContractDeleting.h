@@ -21,9 +21,12 @@ public:
     using KAccountingError::KAccountingError;
 };
 
+// Throws KAccountingError for a contract whose document is in the books of another fiscal year: they stay as they are, and it can be archived.
+// The year is read from the database. The contract is loaded.
+void requireOfThisYear(const CTblAutomobilContracts &contract);
 // Throws MoneyReceived. The contract is loaded. deed: what is refused then, the first word of "حذف نمی‌شود".
 void requireNothingReceived(const CTblAutomobilContracts &contract, const QString &deed = QStringLiteral("حذف"));
-// Deletes the contract that the user was asked about, as RowDeleting does. Throws MoneyReceived and RowDeleting::Refused.
+// Deletes the contract that the user was asked about, as RowDeleting does. Throws RowDeleting::Refused, and as the two above.
 // further: run in the unit, on the locked contract, before it goes. Empty: nothing.
 void run(CTblAutomobilContracts &asked, const std::function<void()> &further = {});
 

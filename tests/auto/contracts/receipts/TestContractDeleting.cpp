@@ -80,6 +80,38 @@ private Q_SLOTS:
         QCOMPARE(state(), u"0/0/0/0/0/0"_s);
     }
 
+    // The other desk opens the books of the next year while this one is asked.
+    void ofAnotherFiscalYearItIsRefused_data()
+    {
+        QTest::addColumn<int>("later");
+        QTest::newRow("the year before") << 1;
+        QTest::newRow("a year that was set back") << -1;
+    }
+
+    void ofAnotherFiscalYearItIsRefused()
+    {
+        QFETCH(int, later);
+        CTblAutomobilContracts asked;
+        m_contract->load(asked);
+        const int year = GetDBSetting()->FiscalYear();
+        const auto back = qScopeGuard([year] { GetDBSetting()->SetFiscalYear(year); });
+        CTblProperties::DBWriteSetting(u"FiscalYear"_s, u"iFiscalYear"_s, QString::number(year + later));
+        const QString before = state();
+        const QString binned = value(u"SELECT COUNT(*) FROM Bin"_s);
+        QString told;
+        try {
+            ContractDeleting::run(asked);
+        } catch (const KAccountingError &error) {
+            told = error.userMessage();
+        }
+        QVERIFY2(told.contains(u"سال مالی %1 است و در سال مالی %2 حذف نمی‌شود"_s.arg(QString::number(year), QString::number(year + later))), qPrintable(told));
+        QCOMPARE(state(), before);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM Bin"_s), binned);
+        CTblProperties::DBWriteSetting(u"FiscalYear"_s, u"iFiscalYear"_s, QString::number(year));
+        deleteIt(asked);
+        QCOMPARE(state(), u"0/0/0/0/0/0"_s);
+    }
+
     void withMoneyReceivedItIsRefusedWithTheSum()
     {
         CTblAutomobilContracts asked;
