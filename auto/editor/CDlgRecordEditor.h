@@ -147,16 +147,16 @@ protected:
 
     // Saves a record that has no dependent data, over the stored row or as a new one.
     template <class Record>
-    void saveRecord(const QList<EditorPage<Record> *> &pages) const
+    void saveRecord(const QList<EditorPage<Record> *> &pages, const RecordSaving::Parts<Record> &parts = {}) const
     {
         const KWaitCursor wait;
-        RecordSaving::save(decision(pages));
+        RecordSaving::save(decision(pages), parts);
     }
     template <class Record>
-    [[nodiscard]] int addRecord(const QList<EditorPage<Record> *> &pages) const
+    [[nodiscard]] int addRecord(const QList<EditorPage<Record> *> &pages, const RecordSaving::Parts<Record> &parts = {}) const
     {
         const KWaitCursor wait;
-        return RecordSaving::saveAsNew(decision(pages));
+        return RecordSaving::saveAsNew(decision(pages), parts);
     }
     const OpenedRow &opened() const { return m_opened; }
 

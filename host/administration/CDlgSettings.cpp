@@ -11,6 +11,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/today/TodaySettings.h"
+#include "suite/accounting/twins/TwinSettings.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -27,6 +28,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -34,6 +37,14 @@ namespace {
 QString nameOf(const OfficeSettings::Key &key)
 {
     return SettingsEdit::nameOf(key.section, key.key);
+}
+
+QList<SettingsEdit::Setting> twinSettings()
+{
+    QList<SettingsEdit::Setting> settings;
+    for (const TwinSettings::Named &number : TwinSettings::all())
+        settings.append({number.key.section.toString(), number.key.key.toString(), u"نپذیرفتن %1 تکراری"_s.arg(number.caption)});
+    return settings;
 }
 
 QList<SettingsEdit::Setting> editedSettings()
@@ -51,7 +62,7 @@ QList<SettingsEdit::Setting> editedSettings()
                setting(TodaySettings::unsettled, u"روزهای قرارداد تسویه نشده"_s),
                setting(TodaySettings::standing, u"روزهای خودروی مانده"_s),
                setting(OfficeSettings::closed, u"بسته بودن پایگاه داده"_s)}
-    + BackupFields::settings();
+    + twinSettings() + BackupFields::settings();
 }
 
 QString onOrOff(bool on)
@@ -64,7 +75,8 @@ std::optional<QString> shown(const QString &setting, const QVariant &value)
     const QString text = value.toString();
     if (setting == nameOf(OfficeSettings::opening) || setting == nameOf(OfficeSettings::closing))
         return shamsiText(QDate::fromString(text, Qt::ISODate));
-    if (setting == nameOf(OfficeSettings::catalogLocked) || setting == nameOf(OfficeSettings::closed))
+    const bool isOfTwins = std::ranges::any_of(TwinSettings::all(), [&](const TwinSettings::Named &number) { return setting == nameOf(number.key); });
+    if (isOfTwins || setting == nameOf(OfficeSettings::catalogLocked) || setting == nameOf(OfficeSettings::closed))
         return text.toInt() != 0 ? u"بله"_s : u"خیر"_s;
     return std::nullopt;
 }
@@ -72,7 +84,7 @@ std::optional<QString> shown(const QString &setting, const QVariant &value)
 }
 
 CDlgSettings::CDlgSettings(const DataFolder &folder, QWidget *parent)
-    : CDlgSettings(folder, OfficeSettings::read(BackupFields::sections() + QStringList{TodaySettings::section()}), parent)
+    : CDlgSettings(folder, OfficeSettings::read(BackupFields::sections() + QStringList{TodaySettings::section(), TwinSettings::section()}), parent)
 {
 }
 
@@ -102,6 +114,7 @@ void CDlgSettings::build()
     addOffice(u"واحد پول"_s, &CDlgSettings::placeMoney);
     addOffice(u"سال مالی"_s, &CDlgSettings::placeFiscalYear);
     addOffice(u"نام خودرو"_s, &CDlgSettings::placeCatalog);
+    addOffice(u"شماره‌های تکراری"_s, &CDlgSettings::placeTwins);
     addOffice(u"صفحه امروز"_s, &CDlgSettings::placeToday);
     m_backups = new BackupFields(m_folder, GetDBSetting()->IsAdmin(), m_wasClosed, page);
     placeDatabase(page->addForm(u"پایگاه داده"_s));
@@ -158,6 +171,20 @@ void CDlgSettings::placeCatalog(FormGrid *grid)
     grid->addCell(m_catalogLocked, 4);
 }
 
+void CDlgSettings::placeTwins(FormGrid *grid)
+{
+    for (const TwinSettings::Named &number : TwinSettings::all()) {
+        auto *box = new QCheckBox(number.caption, this);
+        box->setAccessibleName(u"نپذیرفتن %1 تکراری"_s.arg(number.caption));
+        grid->addCell(box);
+        m_refusedTwins.append(box);
+    }
+    auto *note = new QLabel(u"شماره‌ای که تیک دارد و در رکورد دیگری هست، جز از مدیر پذیرفته نمی‌شود؛ از بقیه هشدار داده می‌شود."_s, this);
+    note->setWordWrap(true);
+    LookFonts::applyHint(note);
+    grid->addLine(note);
+}
+
 void CDlgSettings::placeToday(FormGrid *grid)
 {
     const auto add = [&](const QString &caption) {
@@ -200,6 +227,8 @@ void CDlgSettings::load(const OfficeSettings &settings)
     m_catalogLocked->setChecked(settings.isCatalogLocked());
     m_unsettledDays->setNumber(TodaySettings::unsettledDays(settings));
     m_standingDays->setNumber(TodaySettings::standingDays(settings));
+    for (qsizetype i = 0; i < m_refusedTwins.size(); ++i)
+        m_refusedTwins.at(i)->setChecked(TwinSettings::isRefused(settings, TwinSettings::all().at(i).key));
     m_closed->setChecked(m_wasClosed);
     m_backups->load(settings);
 }
@@ -244,6 +273,8 @@ void CDlgSettings::write()
     set(OfficeSettings::catalogLocked, onOrOff(m_catalogLocked->isChecked()));
     set(TodaySettings::unsettled, QString::number(m_unsettledDays->integer()));
     set(TodaySettings::standing, QString::number(m_standingDays->integer()));
+    for (qsizetype i = 0; i < m_refusedTwins.size(); ++i)
+        set(TwinSettings::all().at(i).key, onOrOff(m_refusedTwins.at(i)->isChecked()));
     m_backups->write(m_edit);
 }
 
@@ -251,6 +282,10 @@ QWidget *CDlgSettings::fieldOf(const QString &setting) const
 {
     if (QWidget *field = m_backups->fieldOf(setting))
         return field;
+    for (qsizetype i = 0; i < m_refusedTwins.size(); ++i) {
+        if (setting == nameOf(TwinSettings::all().at(i).key))
+            return m_refusedTwins.at(i);
+    }
     const QHash<QString, QWidget *> fields{{nameOf(OfficeSettings::moneyUnit), m_unit},
                                            {nameOf(OfficeSettings::decimals), m_decimals},
                                            {nameOf(OfficeSettings::year), m_fiscalYear},

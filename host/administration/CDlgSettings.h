@@ -36,6 +36,7 @@ private:
     void placeMoney(FormGrid *grid);
     void placeFiscalYear(FormGrid *grid);
     void placeCatalog(FormGrid *grid);
+    void placeTwins(FormGrid *grid);
     void placeToday(FormGrid *grid);
     void placeDatabase(FormGrid *grid);
     void placeLook(FormGrid *grid);
@@ -54,8 +55,9 @@ private:
     KDateEdit *m_opening = nullptr;
     KDateEdit *m_closing = nullptr;
     QCheckBox *m_catalogLocked = nullptr;
-    KEdit *m_unsettledDays = nullptr; // after which the first page tells of a contract
-    KEdit *m_standingDays = nullptr;  // and of a car
+    KEdit *m_unsettledDays = nullptr;  // after which the first page tells of a contract
+    KEdit *m_standingDays = nullptr;   // and of a car
+    QList<QCheckBox *> m_refusedTwins; // in the order of TwinSettings::all
     QCheckBox *m_closed = nullptr;
     QComboBox *m_look = nullptr;
     BackupFields *m_backups = nullptr;

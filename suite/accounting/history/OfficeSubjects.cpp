@@ -95,13 +95,14 @@ void enterSettings()
         {u"FiscalYear"_s, u"تنظیمات سال مالی"_s},
         {u"Backup"_s, u"تنظیمات پشتیبان‌گیری"_s},
         {u"Bin"_s, u"تنظیمات سطل بازیافت"_s},
+        {u"Twins"_s, u"تنظیمات شماره‌های تکراری"_s},
         {u"Company"_s, u"مشخصات نمایشگاه"_s},
         {u"AutomobilContracts"_s, u"تنظیمات قرارداد"_s},
     };
-    // One window changes the first five, which are one history.
+    // One window changes the first six, which are one history.
     const auto ofTheOffice = [](qint32, int) {
         QList<RecordSubject::Part> parts;
-        for (const QString &section : {u"Money"_s, u"FiscalYear"_s, u"Backup"_s, u"Bin"_s})
+        for (const QString &section : {u"Money"_s, u"FiscalYear"_s, u"Backup"_s, u"Bin"_s, u"Twins"_s})
             parts.append({u"Properties:"_s + section, 0});
         return parts;
     };

@@ -8,6 +8,7 @@
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/twins/TwinNote.h"
+#include "suite/accounting/twins/TwinSettings.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/crm/persons/IdentityHints.h"
@@ -316,6 +317,7 @@ void CDlgAddPerson::storeEntries()
 void CDlgAddPerson::settle()
 {
     settleCode();
+    refuseTwins();
     const int other = CTblPersons::findByNationalCode(m_record.m_sNationalCode, m_edit.key());
     if (other != 0) {
         const QString caption = m_form->edit(u"sNationalCode"_s)->accessibleName().chopped(2);
@@ -328,6 +330,20 @@ void CDlgAddPerson::settle()
     if (!m_record.isNatural()) {
         m_record.m_sName = CTblPersons::displayName(m_record.m_sName, m_record.m_sFamily);
         m_record.m_sFamily.clear();
+    }
+}
+
+// What the office takes only once, where it was changed.
+void CDlgAddPerson::refuseTwins()
+{
+    const std::tuple<OfficeSettings::Key, TwinNote *, QString, QString> numbers[] = {
+        {TwinSettings::nationalCode, m_nationalTwin, u"کد ملی این شخص"_s, u"sNationalCode"_s},
+        {TwinSettings::mobile, m_mobileTwin, u"موبایل این شخص"_s, u"sMobile"_s},
+    };
+    for (const auto &[key, note, what, column] : numbers) {
+        const std::optional<Twin> twin = note->found();
+        if (twin && TwinSettings::binds(key))
+            throw FieldRefused(TwinSettings::refusal(what, *twin), column);
     }
 }
 

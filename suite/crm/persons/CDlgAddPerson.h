@@ -75,6 +75,7 @@ private:
     void settle();
     void settleCode();
     void settleTwins();
+    void refuseTwins();
     void wireTwins();
     bool saveRecord();
 

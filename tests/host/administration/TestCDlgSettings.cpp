@@ -10,6 +10,7 @@
 #include "suite/accounting/history/HistoryWords.h"
 #include "suite/accounting/history/OfficeSubjects.h"
 #include "suite/accounting/today/TodaySettings.h"
+#include "suite/accounting/twins/TwinSettings.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/values/Money.h"
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void storesEverything();
     void whatChangedIsNotedByItsLabel();
     void daysOfTheFirstPageAreTheOffices();
+    void numbersThatAreTakenOnceAreTheOffices();
     void refused_data();
     void refused();
     void cancelChangesNothing();
@@ -182,6 +184,28 @@ void TestCDlgSettings::daysOfTheFirstPageAreTheOffices()
     QCOMPARE(TodaySettings::unsettledDays(stored()), 0);
     QCOMPARE(TodaySettings::standingDays(stored()), 60);
     QCOMPARE(days(Settings().dialog, standing)->integer(), 60);
+}
+
+void TestCDlgSettings::numbersThatAreTakenOnceAreTheOffices()
+{
+    const auto box = [](const CDlgSettings &dialog, const QString &number) { return named<QCheckBox>(dialog, u"نپذیرفتن %1 تکراری"_s.arg(number)); };
+    {
+        Settings settings;
+        for (const TwinSettings::Named &number : TwinSettings::all())
+            QVERIFY(!box(settings.dialog, number.caption)->isChecked());
+        box(settings.dialog, u"VIN"_s)->setChecked(true);
+        box(settings.dialog, u"موبایل"_s)->setChecked(true);
+        settings.dialog.accept();
+        QCOMPARE(settings.dialog.result(), int(QDialog::Accepted));
+    }
+    const OfficeSettings stored = OfficeSettings::read({TwinSettings::section()});
+    QStringList refused;
+    for (const TwinSettings::Named &number : TwinSettings::all()) {
+        if (TwinSettings::isRefused(stored, number.key))
+            refused.append(number.caption);
+    }
+    QCOMPARE(refused, (QStringList{u"VIN"_s, u"موبایل"_s}));
+    QVERIFY(box(Settings().dialog, u"VIN"_s)->isChecked());
 }
 
 void TestCDlgSettings::refused_data()

@@ -5,10 +5,12 @@
 
 #include "auto/editor/EditorTitle.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationBase.h"
+#include "auto/cars/register/editor/CarTwins.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformationSales.h"
 #include "auto/cars/demands/editor/CDlgMatchingDemands.h"
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"
@@ -127,14 +129,31 @@ bool CDlgAddAutomobilInformation::checkParties()
     return m_sale->refuse(u"شخص مالک و خریدار یکی است لطفا اصلاح کنید."_s, m_sale->buyer()->codeEdit());
 }
 
+// Cars are saved one after the other, so that of two desks with the same number the second one sees the first.
+RecordSaving::Parts<CTblAutomobilInformations> CDlgAddAutomobilInformation::parts() const
+{
+    return {.locks = [] { RecordCodes::lock(u"AutomobilInformations"_s); },
+            .beforeRow = [](CTblAutomobilInformations &car) { CarTwins::requireAllowed(car); }};
+}
+
+void CDlgAddAutomobilInformation::goBackFor(const FieldRefused &refused)
+{
+    m_base->refuse(refused.userMessage(), m_base->form()->control(refused.column()));
+    throw GoneBack();
+}
+
 void CDlgAddAutomobilInformation::save()
 {
-    saveRecord(pages());
+    try {
+        saveRecord(pages(), parts());
+    } catch (const FieldRefused &refused) {
+        goBackFor(refused);
+    }
 }
 
 int CDlgAddAutomobilInformation::saveAsNew()
 {
-    return addRecord(pages());
+    return addRecord(pages(), parts());
 }
 
 QString CDlgAddAutomobilInformation::recordName() const

@@ -8,6 +8,7 @@
 
 class CDlgAddAutomobilInformationBase;
 class CDlgAddAutomobilInformationSales;
+class FieldRefused;
 
 // The window in which one car of the register is written, changed or shown: a row of tabs over its pages. One save writes
 // all pages into the car's row.
@@ -48,6 +49,9 @@ protected:
 private:
     void offerMore();
     QList<CarEditorPage *> pages() const;
+    RecordSaving::Parts<CTblAutomobilInformations> parts() const;
+    // Shows why, at its field. Throws GoneBack.
+    [[noreturn]] void goBackFor(const FieldRefused &refused);
     // False, after a message, for entries that are no valid values and for a buyer who is also the owner.
     bool checkEntries();
     bool checkParties();

@@ -200,11 +200,26 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
 
 bool CDlgAddAutomobilInformationBase::validate()
 {
-    if (isShowMode() || !m_owner->name().trimmed().isEmpty())
+    if (isShowMode())
         return true;
-    refuse(u"لطفا نام مالک را وارد نمائید."_s, m_owner->codeEdit());
-    m_owner->pick();
-    return false;
+    if (m_owner->name().trimmed().isEmpty()) {
+        refuse(u"لطفا نام مالک را وارد نمائید."_s, m_owner->codeEdit());
+        m_owner->pick();
+        return false;
+    }
+    return validateTwins();
+}
+
+// Before anything is asked. The unit looks again.
+bool CDlgAddAutomobilInformationBase::validateTwins()
+{
+    for (qsizetype i = 0; i < m_twins.size(); ++i) {
+        const CarTwins::Field &field = CarTwins::fields().at(i);
+        const std::optional<Twin> twin = m_twins.at(i)->found();
+        if (twin && TwinSettings::binds(field.refused))
+            return refuse(TwinSettings::refusal(field.ofCar(), *twin), m_form->edit(field.column));
+    }
+    return true;
 }
 
 QList<KForm::Problem> CDlgAddAutomobilInformationBase::doubts() const
@@ -213,7 +228,7 @@ QList<KForm::Problem> CDlgAddAutomobilInformationBase::doubts() const
     for (qsizetype i = 0; i < m_twins.size(); ++i) {
         const CarTwins::Field &field = CarTwins::fields().at(i);
         if (const std::optional<Twin> twin = m_twins.at(i)->found())
-            doubts.append({m_form->edit(field.column), u"%1 این خودرو در «%2» هم هست."_s.arg(field.name, twin->text)});
+            doubts.append({m_form->edit(field.column), u"%1 در «%2» هم هست."_s.arg(field.ofCar(), twin->text)});
     }
     return doubts;
 }

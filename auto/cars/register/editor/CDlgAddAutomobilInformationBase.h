@@ -56,6 +56,7 @@ private:
     QWidget *buildEquipment(QWidget *content);
     void wireItems();
     void wireTwins();
+    bool validateTwins();
     void showPlate();
 
     KForm *m_form = nullptr;

@@ -8,6 +8,8 @@
 #include "auto/subjects/AutoSearch.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/crm/persons/PersonTwins.h"
 #include "suite/crm/persons/CTblPersons.h"
@@ -17,11 +19,12 @@
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
-// Another record that says the same of itself: found, told while entering, never refused.
+// Another record that says the same of itself: found, told while entering, refused only where the office says so.
 class TestCarTwins : public QObject
 {
     Q_OBJECT
@@ -135,6 +138,107 @@ private Q_SLOTS:
         dialog = opened(car, EditorMode::Edit);
         dialog->accept();
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList());
+    }
+
+    // --- Taken only once ---
+
+    void refuseFor(const OfficeSettings::Key &key) const
+    {
+        CTblProperties::DBWriteSetting(key.section.toString(), key.key.toString(), u"1"_s);
+    }
+    void forgetRefusals() { m_office->database().run(u"DELETE FROM Properties WHERE sSection='Twins'"_s); }
+    std::unique_ptr<Dialog> openedAsClerk(int car)
+    {
+        m_office->logInAs(u"mina"_s, u"AutomobilInformations"_s, KSecurity::allRights);
+        return opened(car, EditorMode::Edit);
+    }
+    QString stored(int car, const char *column) { return m_office->database().value(u"SELECT IFNULL(%1,'') FROM AutomobilInformations WHERE iID=%2"_s.arg(QLatin1String(column)).arg(car)); }
+
+    void whatTheOfficeTakesOnceIsRefused_data()
+    {
+        QTest::addColumn<int>("field");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("plate") << 0 << u"۱۲ب۳۴۵۶۷"_s;
+        QTest::newRow("chassis") << 1 << u"naan01ce8nk551122"_s;
+        QTest::newRow("engine") << 2 << u"124 K 9081726"_s;
+        QTest::newRow("VIN") << 3 << u"1hgcm82633a004352"_s;
+    }
+
+    void whatTheOfficeTakesOnceIsRefused()
+    {
+        QFETCH(int, field);
+        QFETCH(QString, text);
+        const CarTwins::Field &twin = CarTwins::fields().at(field);
+        const QByteArray column = twin.column.toLatin1();
+        const auto clean = qScopeGuard([this] { forgetRefusals(); m_office->logInAsAdmin(); });
+        refuseFor(twin.refused);
+        const int car = m_office->addCar([this](Car &c) { c.m_iPersonID = m_owner; });
+        auto dialog = openedAsClerk(car);
+        edit(*dialog, column.constData())->setText(text);
+        g_pDlgWarning->takeShown();
+        g_pDlgYesNo->takeShown();
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        const QStringList told = g_pDlgWarning->takeShown();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told.constFirst().contains(twin.ofCar()) && told.constFirst().contains(u"Ctrl+T"_s), qPrintable(told.constFirst()));
+        QCOMPARE(g_pDlgYesNo->takeShown(), QStringList());
+        QVERIFY(CarTwins::find(twin, edit(*dialog, column.constData())->plainText(), car));
+        QCOMPARE(stored(car, column.constData()), QString());
+        // The others are warned of, and with another number it is saved.
+        edit(*dialog, column.constData())->setText(u"77"_s);
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(stored(car, column.constData()), u"77"_s);
+    }
+
+    void administratorsAreAskedAndMayGoOn()
+    {
+        const auto clean = qScopeGuard([this] { forgetRefusals(); });
+        refuseFor(TwinSettings::vin);
+        const int car = m_office->addCar([this](Car &c) { c.m_iPersonID = m_owner; });
+        auto dialog = opened(car, EditorMode::Edit);
+        edit(*dialog, "sVIN")->setText(u"1HGCM82633A004352"_s);
+        g_pDlgYesNo->takeShown();
+        dialog->accept();
+        QVERIFY(!dialog->isVisible());
+        QCOMPARE(g_pDlgYesNo->takeShown().filter(u"VIN این خودرو"_s).size(), 1);
+        QCOMPARE(stored(car, "sVIN"), u"1HGCM82633A004352"_s);
+    }
+
+    void twinsFromBeforeKeepNobodyFromSaving()
+    {
+        const auto clean = qScopeGuard([this] { forgetRefusals(); m_office->logInAsAdmin(); });
+        const int car = m_office->addCar([this](Car &c) { c.m_iPersonID = m_owner; c.m_sVIN = u"1HGCM82633A004352"_s; });
+        refuseFor(TwinSettings::vin);
+        auto dialog = openedAsClerk(car);
+        edit(*dialog, "sDesc")->setText(u"بازدید شد"_s);
+        dialog->accept();
+        QVERIFY2(!dialog->isVisible(), qPrintable(g_pDlgWarning->takeShown().join(u'|')));
+        QCOMPARE(stored(car, "sDesc"), u"بازدید شد"_s);
+    }
+
+    // Both desks have looked before either saves: the other one's car comes while this one waits for its turn.
+    void ofTwoDesksTheSecondIsRefused()
+    {
+        const int car = m_office->addCar([this](Car &c) { c.m_iPersonID = m_owner; });
+        const int other = m_office->addCar([this](Car &c) { c.m_iPersonID = m_owner; });
+        refuseFor(TwinSettings::vin);
+        auto dialog = openedAsClerk(car);
+        const auto clean = qScopeGuard([this] {
+            m_office->database().run(u"DROP TRIGGER IF EXISTS meanwhile"_s);
+            forgetRefusals();
+            m_office->logInAsAdmin();
+        });
+        edit(*dialog, "sVIN")->setText(u"WBA00000000000017"_s);
+        g_pDlgWarning->takeShown();
+        m_office->database().run(u"CREATE TRIGGER meanwhile BEFORE INSERT ON Properties FOR EACH ROW BEGIN IF NEW.sKey='AutomobilInformations' THEN "
+                                 "UPDATE AutomobilInformations SET sVIN='WBA00000000000017' WHERE iID=%1; INSERT IGNORE INTO SearchKeys(iKind,sKey,iRecordID) VALUES(3,'wba00000000000017',%1); END IF; END"_s.arg(other));
+        dialog->accept();
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(g_pDlgWarning->takeShown().filter(u"VIN این خودرو"_s).size(), 1);
+        QCOMPARE(edit(*dialog, "sVIN")->plainText(), u"WBA00000000000017"_s);
+        QCOMPARE(stored(car, "sVIN"), QString());
     }
 
     void nothingIsLookedUpWhileSomebodyTypes()
