@@ -61,6 +61,14 @@ qint32 CTblCarContracts::carOf(qint32 contractID, int database)
     return query.GetLongFieldValue(0);
 }
 
+int CTblCarContracts::countOf(qint32 carID, int database)
+{
+    CTblTemp query(database);
+    query.Open(false, false, true);
+    query.FormatAndExecuteQuery("SELECT COUNT(*) FROM CarContracts WHERE iCarID=%d", carID);
+    return query.GetLongFieldValue(0);
+}
+
 void CTblCarContracts::deleteOf(qint32 contractID, int database)
 {
     CTblTemp statement(database);

@@ -4,6 +4,9 @@
 #include "auto/contracts/cars/CDlgCarContracts.h"
 
 #include "auto/words/WordLists.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
@@ -16,6 +19,8 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -101,19 +106,28 @@ void CDlgCarContracts::build()
     m_open->setIcon(LookIcons::icon(u":/icons/contract.svg"_s));
     m_open->setAccessibleName(m_open->text());
     connect(m_open, &QPushButton::clicked, this, &CDlgCarContracts::openSelected);
+    if (!asks) {
+        m_unlink = buttons->addButton(u"جدا کردن از خودرو"_s, QDialogButtonBox::ActionRole);
+        m_unlink->setIcon(LookIcons::icon(u":/icons/close.svg"_s));
+        m_unlink->setAccessibleName(m_unlink->text());
+        connect(m_unlink, &QPushButton::clicked, this, &CDlgCarContracts::unlinkSelected);
+    }
     setContent(content, buttons);
 }
 
 void CDlgCarContracts::fill()
 {
     QVector<KListModel::Row> rows;
-    for (const CarContracts::Entry &entry : CarContracts::ofCar(m_carID))
+    m_entries = CarContracts::ofCar(m_carID);
+    for (const CarContracts::Entry &entry : std::as_const(m_entries))
         rows.append(contractRow(entry));
     const int selected = m_list->currentKey();
     m_list->setRows(rows);
     if (selected == 0 || !m_list->selectKey(selected))
         m_list->selectRow(0);
     m_open->setEnabled(!rows.isEmpty() && RecordWindows::mayOpen(u"AutomobilContracts"_s));
+    if (m_unlink)
+        m_unlink->setEnabled(!rows.isEmpty() && KSecurity::IsGranted(u"AutomobilContracts"_s, KSecurity::Modify));
     m_list->setFocus();
 }
 
@@ -124,4 +138,18 @@ void CDlgCarContracts::openSelected()
         return;
     RecordWindows::open(u"AutomobilContracts"_s, m_list->currentKey(), false, this);
     fill();
+}
+
+// Whatever was told, the list shows what is true now.
+void CDlgCarContracts::unlinkSelected()
+{
+    const int key = m_list->currentKey();
+    const auto entry = std::ranges::find(m_entries, key, &CarContracts::Entry::contractID);
+    if (entry == m_entries.end())
+        return;
+    const CarContracts::Entry asked = *entry;
+    if (g_pDlgYesNo->Ask(u"%1\nاز این خودرو جدا شود؟ قرارداد و صفحه فروش خودرو همان‌گونه می‌مانند."_s.arg(CarContracts::words(asked)), this) == KMessageDialog::No)
+        return;
+    KErrorBoundary::guarded(this, [&] { CarContracts::unlink(m_carID, asked); });
+    KErrorBoundary::guarded(this, [this] { fill(); });
 }

@@ -30,14 +30,19 @@ public:
 
     KExtListCtrl *list() const { return m_list; }
     QPushButton *openButton() const { return m_open; }
+    // Parts the chosen contract from the car, after a question; null where the window asks.
+    QPushButton *unlinkButton() const { return m_unlink; }
 
 private:
     void build();
     void fill();
     void openSelected();
+    void unlinkSelected();
 
     int m_carID;
     Purpose m_purpose;
     KExtListCtrl *m_list = nullptr;
     QPushButton *m_open = nullptr;
+    QPushButton *m_unlink = nullptr;
+    QList<CarContracts::Entry> m_entries;
 };

@@ -32,6 +32,10 @@ struct Entry
 QList<Entry> ofCar(int carID, int database = 0);
 // The latest open one but that contract; nothing where there is none.
 std::optional<Entry> openOf(int carID, int exceptContract = 0, int database = 0);
+// Parts the contract, as a user saw it among those of the car, from the car; the contract and the car's sale page stay as they are. Noted in both
+// histories. A unit of its own. Throws KAccountingError, with nothing changed: the user may not change contracts, the database is closed, or another desk has
+// deleted or archived the contract meanwhile, or parted it already.
+void unlink(int carID, const Entry &asked, int database = 0);
 // "قرارداد 12 در 1405/09/01، سارا کریمی با علی رضایی".
 QString words(const Entry &entry);
 

@@ -8,6 +8,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblCarContracts.h"
+#include "auto/subjects/AutoSubjects.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -232,6 +233,111 @@ private Q_SLOTS:
         QVERIFY(!CarSale::unsold(car));
         m_office->logInAsAdmin();
         QVERIFY(CarSale::unsold(car));
+    }
+
+    // --- Parted ---
+
+    static CarContracts::Entry entryOf(int car, int contract)
+    {
+        for (const CarContracts::Entry &entry : CarContracts::ofCar(car)) {
+            if (entry.contractID == contract)
+                return entry;
+        }
+        return {};
+    }
+    static QString refusalOfUnlinking(int car, const CarContracts::Entry &asked)
+    {
+        try {
+            CarContracts::unlink(car, asked);
+        } catch (const KAccountingError &error) {
+            return error.userMessage();
+        }
+        return {};
+    }
+    QString notedOf(const QString &table, int key)
+    {
+        return value(u"SELECT sValues FROM Changes WHERE sTable='%1' AND iRecordID=%2 ORDER BY iID DESC LIMIT 1"_s.arg(table).arg(key));
+    }
+
+    void partedContractAndSaleStayAndBothHistoriesTell()
+    {
+        AutoSubjects::enter();
+        const int car = addCar();
+        const int contract = savedFrom(car);
+        const QString sold = sale(car);
+        CDlgCarContracts window(car, CDlgCarContracts::Purpose::Show);
+        g_pDlgYesNo->takeShown();
+        g_pDlgYesNo->answerNext(KMessageDialog::No);
+        window.unlinkButton()->click();
+        QCOMPARE(linked(), link(contract, car));
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        window.unlinkButton()->click();
+        QCOMPARE(asked(u"از این خودرو جدا شود؟"_s).size(), 2);
+        QCOMPARE(linked(), QString());
+        QCOMPARE(window.list()->count(), 0);
+        QVERIFY(!window.unlinkButton()->isEnabled());
+        QCOMPARE(sale(car), sold);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"1"_s);
+        QVERIFY2(notedOf(u"AutomobilContracts"_s, contract).contains(u"خودروی قرارداد"_s), qPrintable(notedOf(u"AutomobilContracts"_s, contract)));
+        QVERIFY2(notedOf(u"AutomobilInformations"_s, car).contains(u"قرارداد خودرو"_s), qPrintable(notedOf(u"AutomobilInformations"_s, car)));
+        // Pressed twice it does nothing more.
+        window.unlinkButton()->click();
+        QCOMPARE(asked(u"از این خودرو"_s), QStringList());
+    }
+
+    void whoAsksBeforeAnotherContractPartsNothing()
+    {
+        const CDlgCarContracts window(addCar(), CDlgCarContracts::Purpose::AskForAnother);
+        QVERIFY(!window.unlinkButton());
+    }
+
+    void whatAnotherDeskDidBeforeItIsPartedIsTold_data()
+    {
+        QTest::addColumn<QString>("there");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("parted") << u"parted"_s << u"آن را تغییر داده است"_s;
+        QTest::newRow("archived") << u"archived"_s << u"بایگانی کرده است"_s;
+        QTest::newRow("deleted") << u"deleted"_s << u"حذف کرده است"_s;
+    }
+
+    void whatAnotherDeskDidBeforeItIsPartedIsTold()
+    {
+        QFETCH(QString, there);
+        QFETCH(QString, told);
+        AutoSubjects::enter();
+        const int car = addCar();
+        const int contract = savedFrom(car);
+        const CarContracts::Entry seen = entryOf(car, contract);
+        OtherDesk(*m_office, u"AutomobilContracts"_s).does([&] {
+            if (there == u"parted"_s)
+                return CarContracts::unlink(car, seen);
+            CTblAutomobilContracts row;
+            QVERIFY(row.IsRecordExist(u"iID"_s, contract));
+            if (there == u"deleted"_s)
+                return ContractDeleting::run(row);
+            row.Edit();
+            row.m_iArchiveUserID = GetDBSetting()->GetUserID();
+            row.Update(true);
+        });
+        const QString before = linked();
+        const QString said = refusalOfUnlinking(car, seen);
+        QVERIFY2(said.contains(told) && said.contains(u"کاربر «sima»"_s), qPrintable(said));
+        QCOMPARE(linked(), before);
+    }
+
+    void withoutTheRightOrInAClosedDatabaseNothingIsParted()
+    {
+        const int car = addCar();
+        const int contract = savedFrom(car);
+        const CarContracts::Entry seen = entryOf(car, contract);
+        m_office->logInAs(u"mina"_s, u"AutomobilContracts"_s, KSecurity::Read);
+        QVERIFY(!refusalOfUnlinking(car, seen).isEmpty());
+        m_office->logInAsAdmin();
+        GetDBSetting()->SetClosedDB(true);
+        const QString said = refusalOfUnlinking(car, seen);
+        GetDBSetting()->SetClosedDB(false);
+        QVERIFY2(said.contains(u"بسته شده است"_s), qPrintable(said));
+        QCOMPARE(linked(), link(contract, car));
     }
 
     // --- The way back ---
