@@ -15,9 +15,11 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformationJoins.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblCarContracts.h"
 #include "auto/db/LeftPlaceholders.h"
 #include "auto/editor/NewRecord.h"
 #include "auto/lists/WordCells.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/crm/persons/PersonFilter.h"
@@ -248,6 +250,15 @@ void CDlgAutomobilInformations::showCar(int key)
     CDlgAddAutomobilInformation::ShowCar(key, changed, this);
     if (changed)
         refill();
+}
+
+// The contracts stay, and would name a car that is gone.
+void CDlgAutomobilInformations::deleteRecord(KMySQL &asked)
+{
+    const int contracts = CTblCarContracts::countOf(static_cast<CTblAutomobilInformations &>(asked).m_iID);
+    if (contracts == 0
+        || g_pDlgYesNo->Ask(u"از این خودرو %1 قرارداد نوشته شده است. قرارداد می‌ماند و دیگر به خودرو راه ندارد. با این حال خودرو حذف شود؟"_s.arg(contracts), this) != KMessageDialog::No)
+        KListPage::deleteRecord(asked);
 }
 
 void CDlgAutomobilInformations::recordDeleted(int)

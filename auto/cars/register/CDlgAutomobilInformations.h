@@ -45,6 +45,7 @@ protected:
     std::unique_ptr<KMySQL> makeRecord() const override;
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
+    void deleteRecord(KMySQL &asked) override;
     void recordDeleted(int key) override;
     void modeApplied() override;
     void activated(int key) override;

@@ -7,6 +7,8 @@
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblCarContracts.h"
 #include "suite/accounting/lists/KListBar.h"
 #include "suite/accounting/books/CDlgDocCreated.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -405,6 +407,43 @@ private Q_SLOTS:
         QTest::keyClick(button, Qt::Key_Return);
         QCOMPARE(page.list()->count(), 0);
         QCOMPARE(page.focusWidget(), page.list());
+    }
+
+    // --- The car of a contract that is deleted ---
+
+    void deletionAsksWhetherTheSaleOfItsCarGoesBack_data()
+    {
+        QTest::addColumn<bool>("back");
+        QTest::newRow("the sale goes back") << true;
+        QTest::newRow("the sale stays") << false;
+    }
+
+    void deletionAsksWhetherTheSaleOfItsCarGoesBack()
+    {
+        QFETCH(bool, back);
+        const int key = addNamed(u"a"_s);
+        const int car = m_office->addCar([](CTblAutomobilInformations &c) { c.m_bSold = 1; c.m_dSoldAmount = 5; });
+        CTblCarContracts::set(key, car);
+        auto &page = shownPage();
+        g_pDlgYesNo->takeShown();
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        g_pDlgYesNo->answerNext(back ? KMessageDialog::Yes : KMessageDialog::No);
+        QVERIFY(page.runCommand(u"delete"));
+        QCOMPARE(g_pDlgYesNo->takeShown().filter(u"صفحه فروش خودروی این قرارداد"_s).size(), 1);
+        QCOMPARE(page.list()->count(), 0);
+        QCOMPARE(m_office->database().value(u"SELECT bSold FROM AutomobilInformations"_s), back ? u"0"_s : u"1"_s);
+        QCOMPARE(m_office->database().value(u"SELECT COUNT(*) FROM CarContracts WHERE iContractID=%1"_s.arg(key)), u"0"_s);
+    }
+
+    void ofAContractWithoutASaleNothingMoreIsAsked()
+    {
+        CTblCarContracts::set(addNamed(u"a"_s), m_office->addCar());
+        auto &page = shownPage();
+        g_pDlgYesNo->takeShown();
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        QVERIFY(page.runCommand(u"delete"));
+        QCOMPARE(g_pDlgYesNo->takeShown().size(), 1);
+        QCOMPARE(page.list()->count(), 0);
     }
 
     // --- Entries of the filter ---

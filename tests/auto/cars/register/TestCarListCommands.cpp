@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/db/CTblCarContracts.h"
 #include "tests/auto/cars/register/CarListTest.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -59,6 +60,30 @@ private Q_SLOTS:
         QVERIFY(page.runCommand(u"delete"));
         QCOMPARE(g_pDlgYesNo->takeShown(), QStringList{u"آیا از حذف این رکورد اطمینان دارید؟"_s});
         QCOMPARE(page.list()->count(), 1);
+    }
+
+    void deletingACarOfContractsAsksAboutThem_data()
+    {
+        QTest::addColumn<bool>("goesOn");
+        QTest::newRow("deleted") << true;
+        QTest::newRow("kept") << false;
+    }
+
+    void deletingACarOfContractsAsksAboutThem()
+    {
+        QFETCH(bool, goesOn);
+        const int car = addNamed(u"a"_s);
+        CTblCarContracts::set(m_office->addContract(), car);
+        Page page;
+        page.open();
+        g_pDlgYesNo->takeShown();
+        g_pDlgYesNo->answerNext(KMessageDialog::Yes);
+        g_pDlgYesNo->answerNext(goesOn ? KMessageDialog::Yes : KMessageDialog::No);
+        QVERIFY(page.runCommand(u"delete"));
+        QCOMPARE(g_pDlgYesNo->takeShown().filter(u"از این خودرو 1 قرارداد"_s).size(), 1);
+        QCOMPARE(page.list()->count(), goesOn ? 0 : 1);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilInformations"_s), goesOn ? u"0"_s : u"1"_s);
+        m_office->database().run(u"DELETE FROM CarContracts"_s);
     }
 
     void afterDeletingTheLastRowTheSelectionMovesToTheNewLastRow()
