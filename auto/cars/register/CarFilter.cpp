@@ -6,7 +6,6 @@
 #include "auto/lists/ListClauses.h"
 #include "auto/lists/WordChoices.h"
 #include "suite/accounting/lists/FilterClauses.h"
-#include "suite/accounting/search/SearchKinds.h"
 #include "suite/accounting/search/SearchQuery.h"
 #include "suite/accounting/search/SearchText.h"
 #include "suite/utility/values/TextStandard.h"
@@ -18,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int notArchivedState = 1;
+constexpr int carsOfTheSearch = 3; // as SearchKinds numbers them in the table
 constexpr qsizetype digitsBehindTheLetter = 3;
 
 const char plateColumn[] = "ai.sNumOfPlates";
@@ -56,7 +56,7 @@ KSql plateClause(const QVariant &value, int)
     starts.removeIf([](const QString &start) { return start.startsWith(SearchText::backwards) || start.startsWith(SearchText::explaining); });
     if (isRegion(typed) || starts.isEmpty())
         return " AND " + FilterClauses::contains(plateColumn, typed);
-    return KSql::formatted(" AND ai.iID IN (SELECT k.iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %2) AND %3", int(SearchKinds::Cars), SearchQuery::beginsWith("k.sKey", starts), standsOnPlate(typed));
+    return KSql::formatted(" AND ai.iID IN (SELECT k.iRecordID FROM SearchKeys k WHERE k.iKind=%1 AND %2) AND %3", carsOfTheSearch, SearchQuery::beginsWith("k.sKey", starts), standsOnPlate(typed));
 }
 
 }
