@@ -7,6 +7,7 @@
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/attachments/RecordPictures.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 
 using namespace Qt::StringLiterals;
@@ -25,6 +26,7 @@ bool CTblAutomobilInformations::Delete()
     CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     CTblFollowUps::deleteOf(recordKind, m_iID, database());
+    RecordPictures::deleteAll(recordKind, m_iID, database());
     const bool deleted = KMySQL::Delete();
     transaction.commit();
     return deleted;

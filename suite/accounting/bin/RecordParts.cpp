@@ -5,6 +5,7 @@
 
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblPictures.h"
 
 #include <algorithm>
 #include <memory>
@@ -34,6 +35,13 @@ RecordPart RecordParts::files(int kind)
 {
     RecordPart part = byKind(u"FileDocs"_s, u"پرونده"_s, kind);
     part.make = &RecordPart::of<CTblFileDocs>;
+    return part;
+}
+
+RecordPart RecordParts::pictures(int kind)
+{
+    RecordPart part = byKind(u"Pictures"_s, u"تصویر"_s, kind);
+    part.make = &RecordPart::of<CTblPictures>;
     return part;
 }
 

@@ -76,6 +76,8 @@ struct RecordParts
     // Rows that name the record by its kind (RecordKinds.h) and key, in iTable and iRecordID.
     TZACCOUNTINGDATA_EXPORT static RecordPart byKind(const QString &table, const QString &word, int kind);
     TZACCOUNTINGDATA_EXPORT static RecordPart files(int kind);
+    // Besides the record's own.
+    TZACCOUNTINGDATA_EXPORT static RecordPart pictures(int kind);
     TZACCOUNTINGDATA_EXPORT static RecordPart customValues(int kind);
     // Rows whose column holds the key of the record.
     TZACCOUNTINGDATA_EXPORT static RecordPart byColumn(const QString &table, const QString &word, const QString &column, const QString &recordTable);
