@@ -104,6 +104,53 @@ QList<StoryEvent> carsFor(qint32 demand, int database)
     return events;
 }
 
+// The rows of one statement, each an event of its key and its day, the first two columns; those without a day happened nobody knows when.
+QList<StoryEvent> eventsOf(const KSql &statement, StoryEvent (*tell)(const CTblTemp &row), int database)
+{
+    QList<StoryEvent> events;
+    CTblTemp rows(database);
+    rows.Open(true, false, true);
+    for (rows.ExecuteQuery(statement); rows.HasResultRow(); rows.MoveNextResult()) {
+        if (!rows.GetDateFieldValue(1).isValid())
+            continue;
+        events.append(tell(rows));
+        events.last().key = rows.GetLongFieldValue(0);
+        events.last().when = rows.GetDateFieldValue(1);
+    }
+    return events;
+}
+
+// A row of cars(): one that a person brought, or bought.
+StoryEvent carOf(const CTblTemp &row)
+{
+    const QString name = u"%1 %2"_s.arg(row.GetTextFieldValue(2), row.GetTextFieldValue(3)).simplified();
+    const bool bought = row.GetLongFieldValue(8) != 0;
+    return {.kind = StoryEvent::Kind::Record,
+            .when = {},
+            .tone = Tone::Good,
+            .title = bought ? u"خودروی %1 را خرید"_s.arg(name) : u"خودروی %1 را معرفی کرد"_s.arg(name),
+            .line = joinedParts({row.GetLongFieldValue(4) > 0 ? u"مدل %1"_s.arg(row.GetLongFieldValue(4)) : QString(), row.GetTextFieldValue(5).simplified(), DToMoney(row.GetDoubleFieldValue(6))}),
+            .user = {},
+            .table = carTable,
+            .amount = row.GetDoubleFieldValue(6)};
+}
+
+// A row of demands().
+StoryEvent demandOf(const CTblTemp &row)
+{
+    const int from = row.GetLongFieldValue(4);
+    const int upTo = row.GetLongFieldValue(5);
+    const double most = row.GetDoubleFieldValue(6);
+    return {.kind = StoryEvent::Kind::Demand,
+            .when = {},
+            .tone = Tone::Info,
+            .title = u"تقاضای %1"_s.arg(row.GetTextFieldValue(3).isEmpty() ? u"خودرو"_s : row.GetTextFieldValue(3)),
+            .line = joinedParts({u"کد %1"_s.arg(row.GetLongFieldValue(2)), from > 0 && upTo > 0 ? u"مدل %1 تا %2"_s.arg(from).arg(upTo) : QString(), IsEquals(most, 0) ? QString() : u"تا %1"_s.arg(DToMoney(most))}),
+            .user = row.GetTextFieldValue(7),
+            .table = demandTable,
+            .amount = most};
+}
+
 }
 
 StoryEvent CarStory::priceEvent(double before, double after)
@@ -147,61 +194,24 @@ QList<StoryEvent> CarStory::matches(const StoryScope &scope, int limit, int data
 QList<StoryEvent> CarStory::cars(const StoryScope &scope, int limit, int database)
 {
     const QList<int> persons = scope.of(RecordKind::Person);
-    QList<StoryEvent> events;
     if (persons.isEmpty())
-        return events;
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT a.iID,COALESCE(a.dateIntroduction,a.dateCreate),b.sName,m.sName,a.iYear,a.sNumOfPlates,a.dAmount,a.bSold,0 FROM AutomobilInformations a"
-                                      " LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE a.iPersonID IN (%1) AND %2"
-                                      " UNION ALL SELECT a.iID,COALESCE(a.dateBuy,a.dateCreate),b.sName,m.sName,a.iYear,a.sNumOfPlates,a.dAmount,a.bSold,1 FROM AutomobilInformations a"
-                                      " LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE a.iPersonBuyerID IN (%1) AND a.bSold<>0 AND %2"
-                                      " ORDER BY 2 DESC LIMIT %3",
-                                      KSql::list(persons), Placeholders::none(carTable, u"a.iID"_s), limit));
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        if (!rows.GetDateFieldValue(1).isValid())
-            continue;
-        const QString name = u"%1 %2"_s.arg(rows.GetTextFieldValue(2), rows.GetTextFieldValue(3)).simplified();
-        const bool bought = rows.GetLongFieldValue(8) != 0;
-        events.append({.kind = StoryEvent::Kind::Record,
-                       .when = rows.GetDateFieldValue(1),
-                       .tone = Tone::Good,
-                       .title = bought ? u"خودروی %1 را خرید"_s.arg(name) : u"خودروی %1 را معرفی کرد"_s.arg(name),
-                       .line = joinedParts({rows.GetLongFieldValue(4) > 0 ? u"مدل %1"_s.arg(rows.GetLongFieldValue(4)) : QString(), rows.GetTextFieldValue(5).simplified(), DToMoney(rows.GetDoubleFieldValue(6))}),
-                       .user = {},
-                       .table = carTable,
-                       .key = rows.GetLongFieldValue(0),
-                       .amount = rows.GetDoubleFieldValue(6)});
-    }
-    return events;
+        return {};
+    return eventsOf(KSql::formatted("SELECT a.iID,COALESCE(a.dateIntroduction,a.dateCreate),b.sName,m.sName,a.iYear,a.sNumOfPlates,a.dAmount,a.bSold,0 FROM AutomobilInformations a"
+                                    " LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE a.iPersonID IN (%1) AND %2"
+                                    " UNION ALL SELECT a.iID,COALESCE(a.dateBuy,a.dateCreate),b.sName,m.sName,a.iYear,a.sNumOfPlates,a.dAmount,a.bSold,1 FROM AutomobilInformations a"
+                                    " LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE a.iPersonBuyerID IN (%1) AND a.bSold<>0 AND %2"
+                                    " ORDER BY 2 DESC LIMIT %3",
+                                    KSql::list(persons), Placeholders::none(carTable, u"a.iID"_s), limit),
+                    &carOf, database);
 }
 
 QList<StoryEvent> CarStory::demands(const StoryScope &scope, int limit, int database)
 {
     const QList<int> persons = scope.of(RecordKind::Person);
-    QList<StoryEvent> events;
     if (persons.isEmpty())
-        return events;
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT d.iID,COALESCE(d.dateReference,d.dateCreate),d.iCode,b.sName,d.iModelFrom,d.iModelUpTo,d.dAmountUpTo,COALESCE(NULLIF(u.sName,''),u.sUser) FROM AutomobilDemands d"
-                                      " LEFT JOIN CarBrands b ON b.iID=d.iAutomobilType LEFT JOIN Users u ON u.iID=d.iUserID WHERE d.iPersonID IN (%1) AND %2 ORDER BY d.iID DESC LIMIT %3",
-                                      KSql::list(persons), Placeholders::none(demandTable, u"d.iID"_s), limit));
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        if (!rows.GetDateFieldValue(1).isValid())
-            continue;
-        const int from = rows.GetLongFieldValue(4);
-        const int upTo = rows.GetLongFieldValue(5);
-        const double most = rows.GetDoubleFieldValue(6);
-        events.append({.kind = StoryEvent::Kind::Demand,
-                       .when = rows.GetDateFieldValue(1),
-                       .tone = Tone::Info,
-                       .title = u"تقاضای %1"_s.arg(rows.GetTextFieldValue(3).isEmpty() ? u"خودرو"_s : rows.GetTextFieldValue(3)),
-                       .line = joinedParts({u"کد %1"_s.arg(rows.GetLongFieldValue(2)), from > 0 && upTo > 0 ? u"مدل %1 تا %2"_s.arg(from).arg(upTo) : QString(), IsEquals(most, 0) ? QString() : u"تا %1"_s.arg(DToMoney(most))}),
-                       .user = rows.GetTextFieldValue(7),
-                       .table = demandTable,
-                       .key = rows.GetLongFieldValue(0),
-                       .amount = most});
-    }
-    return events;
+        return {};
+    return eventsOf(KSql::formatted("SELECT d.iID,COALESCE(d.dateReference,d.dateCreate),d.iCode,b.sName,d.iModelFrom,d.iModelUpTo,d.dAmountUpTo,COALESCE(NULLIF(u.sName,''),u.sUser) FROM AutomobilDemands d"
+                                    " LEFT JOIN CarBrands b ON b.iID=d.iAutomobilType LEFT JOIN Users u ON u.iID=d.iUserID WHERE d.iPersonID IN (%1) AND %2 ORDER BY d.iID DESC LIMIT %3",
+                                    KSql::list(persons), Placeholders::none(demandTable, u"d.iID"_s), limit),
+                    &demandOf, database);
 }
