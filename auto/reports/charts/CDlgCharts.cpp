@@ -6,37 +6,20 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/reports/charts/BarChart.h"
 #include "auto/reports/charts/ChartReading.h"
-#include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/accounting/reports/CDlgReportGenerator.h"
-#include "suite/accounting/reports/ReportOutput.h"
-#include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookMarks.h"
-#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QDialogButtonBox>
-#include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QShortcut>
-#include <QSplitter>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -123,36 +106,18 @@ CDlgCharts::CDlgCharts(QWidget *parent)
 }
 
 CDlgCharts::CDlgCharts(const OfficeSettings &settings, QWidget *parent)
-    : KDialog(parent)
+    : ChartWindow(chartsForm, u"نمودارها"_s, chartsSection, parent)
     , m_kind(new KDropDown)
-    , m_from(new KDateEdit)
-    , m_to(new KDateEdit)
     , m_brand(new KDropDown)
-    , m_list(new KExtListCtrl)
     , m_chart(new BarChart)
-    , m_count(new QLabel)
     , m_sum(new QLabel)
 {
-    SetFormName(chartsForm);
-    CheckSecurity();
-    setWindowTitle(u"نمودارها"_s);
-    SetSettingName(chartsSection);
-    m_list->setAccessibleName(windowTitle());
-    m_list->SetSettingName(chartsSection + QLatin1String("\\List"));
-    auto *content = new QWidget(this);
-    auto *column = new QVBoxLayout(content);
-    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
-    column->setSpacing(LookSizes::cardGap);
-    column->addWidget(buildFilter());
-    column->addWidget(buildBoth(), 1);
-    QDialogButtonBox *buttons = createButtons(u"بازگشت"_s, {});
-    setAsksBeforeDropping(false);
-    LookMarks::setButton(buttons->findChildren<QPushButton *>().constFirst(), LookMarks::Button::Normal);
-    setContent(content, buttons, Content::Fills);
-    addCommands();
-    resize(LookSizes::scaled(1100), LookSizes::scaled(640));
-    m_from->setDateTime(settings.fiscalYearOpeningDate());
-    m_to->setDateTime(settings.fiscalYearClosingDate());
+    build({.chart = m_chart, .listWidth = 480, .chartWidth = 620, .foot = {m_sum}}, settings);
+    m_empty = new KEmptyState(list());
+    LookMarks::setButton(okButton(), LookMarks::Button::Normal);
+    LookMarks::setButton(searchButton(), LookMarks::Button::Primary);
+    for (KDropDown *choice : {m_kind, m_brand})
+        connect(choice, &QComboBox::currentIndexChanged, this, &CDlgCharts::search);
     search();
     m_kind->setFocus();
 }
@@ -161,82 +126,26 @@ CDlgCharts::~CDlgCharts() = default;
 
 void CDlgCharts::Show(QWidget *parent)
 {
-    KSecurity security;
-    security.SetFormName(chartsForm);
-    security.CheckSecurity();
-    if (security.CheckAccessSecurity())
+    if (mayOpen(chartsForm))
         CDlgCharts(parent).exec();
 }
 
-QWidget *CDlgCharts::buildFilter()
+void CDlgCharts::addBeforeDays(QHBoxLayout *line)
 {
     for (const ChartKind &kind : chartKinds)
         m_kind->addItem(kind.caption.toString());
+    addLabelled(line, u"نمودار :"_s, m_kind);
+}
+
+void CDlgCharts::addBehindDays(QHBoxLayout *line)
+{
     m_brand->addItem(u"همه"_s, 0);
     CTblCarBrands brands;
     brands.SetColumns({u"sName"_s});
     brands.m_sort = "sName";
     for (brands.Open(true, true, true); !brands.IsEOF(); brands.MoveNext())
         m_brand->addItem(brands.m_sName, brands.m_iID);
-    auto *box = new QGroupBox(u"فيلتر جستجو"_s);
-    auto *line = new QHBoxLayout(box);
-    line->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
-    line->setSpacing(LookSizes::unit);
-    addLabelled(line, u"نمودار :"_s, m_kind);
-    addLabelled(line, u"تاريخ :"_s, m_from);
-    nameControl(m_to, u"تاريخ تا :"_s);
-    addLabelled(line, u"تا :"_s, m_to);
     addLabelled(line, u"برند :"_s, m_brand);
-    QPushButton *go = addButton(line, u"جستجو"_s, u":/icons/search.svg"_s);
-    LookMarks::setButton(go, LookMarks::Button::Primary);
-    connect(go, &QPushButton::clicked, this, &CDlgCharts::search);
-    // Queued: Enter moves to the next field first, and a wrong entry must have the focus in the end.
-    for (KDateEdit *edit : {m_from, m_to})
-        connect(edit, &QLineEdit::returnPressed, this, &CDlgCharts::search, Qt::QueuedConnection);
-    for (KDropDown *choice : {m_kind, m_brand})
-        connect(choice, &QComboBox::currentIndexChanged, this, &CDlgCharts::search);
-    line->addStretch(1);
-    LookMarks::setTall(box);
-    return box;
-}
-
-QWidget *CDlgCharts::buildBoth()
-{
-    auto *card = new QGroupBox;
-    auto *chart = new QScrollArea(card);
-    chart->setWidget(m_chart);
-    chart->setWidgetResizable(true);
-    chart->setFrameShape(QFrame::NoFrame);
-    chart->setFocusPolicy(Qt::NoFocus);
-    chart->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    chart->setMinimumWidth(m_chart->minimumSizeHint().width());
-    auto *inside = new QVBoxLayout(card);
-    inside->setContentsMargins(LookSizes::unit, LookSizes::unit, LookSizes::unit, LookSizes::unit);
-    inside->addWidget(chart);
-    auto *both = new QSplitter;
-    auto *figures = new KListCard(m_list, both);
-    figures->addToFoot(m_count);
-    figures->addToFoot(m_sum);
-    m_empty = new KEmptyState(m_list);
-    both->addWidget(figures);
-    both->addWidget(card);
-    both->setChildrenCollapsible(false);
-    both->setHandleWidth(LookSizes::sideGap);
-    both->setStretchFactor(0, 1);
-    both->setStretchFactor(1, 1);
-    both->setSizes({480, 620});
-    return both;
-}
-
-void CDlgCharts::addCommands()
-{
-    QPushButton *printButton = addButton(footer(), u"چاپ"_s, u":/icons/print.svg"_s);
-    connect(printButton, &QPushButton::clicked, this, &CDlgCharts::print);
-    auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
-    connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
-    printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
-    QPushButton *chartButton = addButton(footer(), u"چاپ نمودار"_s, u":/icons/print.svg"_s);
-    connect(chartButton, &QPushButton::clicked, this, &CDlgCharts::printChart);
 }
 
 CDlgCharts::Kind CDlgCharts::kind() const
@@ -252,16 +161,13 @@ void CDlgCharts::choose(Kind kind)
 void CDlgCharts::search()
 {
     const ChartKind &kind = chartKinds[int(this->kind())];
-    for (KDateEdit *edit : {m_from, m_to})
+    for (KDateEdit *edit : {fromDate(), toDate()})
         edit->setEnabled(kind.hasRange);
     m_brand->setEnabled(kind.hasBrand);
-    if (const auto problem = kind.hasRange ? problemOfDays(m_from, m_to) : std::nullopt) {
-        g_pDlgWarning->Show(problem->message, this);
-        problem->line->setFocus(Qt::OtherFocusReason);
+    if (kind.hasRange && !checkDays())
         return;
-    }
     const KWaitCursor wait;
-    m_bars = kind.read({m_from->dateTime(), m_to->dateTime(), m_brand->currentData().toInt()});
+    m_bars = kind.read({fromDate()->dateTime(), toDate()->dateTime(), m_brand->currentData().toInt()});
     showBars();
 }
 
@@ -282,10 +188,10 @@ void CDlgCharts::showBars()
         first += bar.first;
         second += bar.second;
     }
-    m_list->setColumns(columnsOf(kind));
-    m_list->setRows(std::move(rows));
-    m_list->selectRow(0);
-    m_count->setText(SuiteMessages::count(m_bars.size()));
+    list()->setColumns(columnsOf(kind));
+    list()->setRows(std::move(rows));
+    list()->selectRow(0);
+    countLabel()->setText(SuiteMessages::count(m_bars.size()));
     const QString sum = kind.second.isEmpty() ? u"جمع : %1"_s.arg(figure(kind, first).text) : u"جمع : %1 و %2"_s.arg(figure(kind, first).text, figure(kind, second).text);
     m_sum->setText(kind.isSummed ? sum : QString());
     m_chart->setBars({kind.caption.toString(), kind.first.toString(), kind.second.toString()}, m_bars);
@@ -301,9 +207,9 @@ QString CDlgCharts::rangeText() const
     if (!chartKinds[int(kind())].hasRange)
         return u"امروز"_s;
     QStringList words;
-    if (const QString from = shamsiText(m_from->dateTime().date()); !from.isEmpty())
+    if (const QString from = shamsiText(fromDate()->dateTime().date()); !from.isEmpty())
         words.append(u"از %1"_s.arg(from));
-    if (const QString to = shamsiText(m_to->dateTime().date()); !to.isEmpty())
+    if (const QString to = shamsiText(toDate()->dateTime().date()); !to.isEmpty())
         words.append(u"تا %1"_s.arg(to));
     return words.join(u' ');
 }
@@ -315,32 +221,16 @@ ListReport CDlgCharts::listReport() const
     report.setText(u"RightTop"_s, u"گالری اتومبیل"_s);
     report.setText(u"RightCenter"_s, rangeText());
     report.setText(u"LeftBottom"_s, u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
-    report.setText(u"Count"_s, m_count->text());
+    report.setText(u"Count"_s, countLabel()->text());
     report.setText(u"Sum"_s, m_sum->text());
     report.setText(u"Title"_s, caption);
-    report.setTable(u"List"_s, m_list);
+    report.setTable(u"List"_s, list());
     if (!report.loadLayout())
         report.buildStandard(caption);
     return report;
 }
 
-void CDlgCharts::print()
+void CDlgCharts::drawChart(QPainter &painter, const QRectF &rectangle) const
 {
-    if (CheckPrintListSecurity())
-        CDlgReportGenerator(listReport(), this).ShowReport();
-}
-
-void CDlgCharts::printChart()
-{
-    if (!CheckPrintListSecurity())
-        return;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    printer.setDocName(windowTitle());
-    QPainter painter;
-    ReportOutput::begin(painter, printer);
-    m_chart->draw(painter, QRectF(painter.viewport()), rangeText());
+    m_chart->draw(painter, rectangle, rangeText());
 }

@@ -3,22 +3,16 @@
 
 #pragma once
 
+#include "auto/reports/ChartWindow.h"
 #include "auto/reports/charts/ChartFigures.h"
-#include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/reports/ListReport.h"
-#include "suite/utility/frame/KDialog.h"
 
 class BarChart;
-class KDateEdit;
 class KDropDown;
 class KEmptyState;
-class KExtListCtrl;
-class OfficeSettings;
-class QLabel;
 
 // The office's charts ("نمودارها"): what the cars earned and how long they stood, what is asked for beside what is there, who wrote for how much
 // commission. Each as bars and as a list of the same figures.
-class CDlgCharts : public KDialog, private KSecurity
+class CDlgCharts : public ChartWindow
 {
     Q_OBJECT
 
@@ -45,36 +39,28 @@ public:
     void choose(Kind kind);
     KDropDown *kinds() const { return m_kind; }
     KDropDown *brands() const { return m_brand; }
-    KDateEdit *fromDate() const { return m_from; }
-    KDateEdit *toDate() const { return m_to; }
-    KExtListCtrl *list() const { return m_list; }
     const BarChart *chart() const { return m_chart; }
     const QList<ChartFigures::Bar> &bars() const { return m_bars; }
-    ListReport listReport() const;
+    ListReport listReport() const override;
 
 public Q_SLOTS:
-    // Reads what the filter says; an entry that is no date is reported, and what is shown stays. Throws CMySQLException.
-    void search();
-    void print();
-    void printChart();
+    void search() override;
+
+protected:
+    void addBeforeDays(QHBoxLayout *line) override;
+    void addBehindDays(QHBoxLayout *line) override;
+    void drawChart(QPainter &painter, const QRectF &rectangle) const override;
 
 private:
     CDlgCharts(const OfficeSettings &settings, QWidget *parent);
-    QWidget *buildFilter();
-    QWidget *buildBoth();
-    void addCommands();
     void showBars();
     Kind kind() const;
     QString rangeText() const;
 
     QList<ChartFigures::Bar> m_bars;
     KDropDown *m_kind;
-    KDateEdit *m_from;
-    KDateEdit *m_to;
     KDropDown *m_brand;
-    KExtListCtrl *m_list;
     KEmptyState *m_empty = nullptr;
     BarChart *m_chart;
-    QLabel *m_count;
     QLabel *m_sum;
 };

@@ -7,34 +7,17 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
-#include "suite/accounting/reports/CDlgReportGenerator.h"
-#include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/reports/ReportOutput.h"
 #include "suite/accounting/frame/SuiteMessages.h"
-#include "suite/utility/entries/EntryRange.h"
-#include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
-#include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookMarks.h"
-#include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QDialogButtonBox>
-#include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QShortcut>
-#include <QSplitter>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -45,8 +28,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString section = u"AutoFullReport"_s;
-const QString printCaption = u"چاپ"_s;
-const QString chartPrintCaption = u"چاپ نمودار"_s;
 
 struct SortKey
 {
@@ -100,122 +81,35 @@ CDlgAutoFullReport::CDlgAutoFullReport(QWidget *parent)
 }
 
 CDlgAutoFullReport::CDlgAutoFullReport(const OfficeSettings &settings, QWidget *parent)
-    : KDialog(parent)
-    , m_from(new KDateEdit)
-    , m_to(new KDateEdit)
-    , m_list(new KExtListCtrl)
+    : ChartWindow(section, u"گزارش جامع"_s, section, parent)
     , m_chart(new IncomeChart(settings.moneyUnitName()))
-    , m_count(new QLabel(u"تعداد : -"_s))
 {
-    SetFormName(u"AutoFullReport"_s);
-    CheckSecurity();
-    setWindowTitle(u"گزارش جامع"_s);
-    SetSettingName(section);
-    m_list->setAccessibleName(windowTitle());
-    m_list->setColumns(listColumns());
-    m_list->SetSettingName(section + QLatin1String("\\List"));
-    connect(m_list, &KExtListCtrl::columnClicked, this, &CDlgAutoFullReport::sortBy);
-    connect(m_list, &KExtListCtrl::rowActivated, this, &CDlgAutoFullReport::activated);
-
-    auto *content = new QWidget(this);
-    auto *column = new QVBoxLayout(content);
-    column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
-    column->setSpacing(LookSizes::cardGap);
-    column->addWidget(buildFilter());
-    column->addWidget(buildBoth(), 1);
-    QDialogButtonBox *buttons = createButtons(u"بازگشت"_s, u"انصراف"_s);
-    setAsksBeforeDropping(false);
-    m_ok = buttons->findChildren<QPushButton *>().constFirst();
-    setContent(content, buttons, Content::Fills);
-    addCommands();
-    resize(LookSizes::scaled(1100), LookSizes::scaled(640));
-
-    m_from->setDateTime(settings.fiscalYearOpeningDate());
-    m_to->setDateTime(settings.fiscalYearClosingDate());
+    list()->setColumns(listColumns());
+    connect(list(), &KExtListCtrl::columnClicked, this, &CDlgAutoFullReport::sortBy);
+    connect(list(), &KExtListCtrl::rowActivated, this, &CDlgAutoFullReport::activated);
+    build({.chart = m_chart, .cancel = u"انصراف"_s, .listWidth = 620, .chartWidth = 480}, settings);
     setChoiceMode(false);
     readSettings();
     search();
-    m_list->setFocus();
+    list()->setFocus();
 }
 
 CDlgAutoFullReport::~CDlgAutoFullReport() = default;
 
 void CDlgAutoFullReport::Show(QWidget *parent)
 {
-    KSecurity security;
-    security.SetFormName(u"AutoFullReport"_s);
-    security.CheckSecurity();
-    if (security.CheckAccessSecurity())
+    if (mayOpen(section))
         CDlgAutoFullReport(parent).exec();
-}
-
-QWidget *CDlgAutoFullReport::buildFilter()
-{
-    auto *box = new QGroupBox(u"فيلتر جستجو"_s);
-    auto *line = new QHBoxLayout(box);
-    line->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
-    line->setSpacing(LookSizes::unit);
-    addLabelled(line, u"تاريخ :"_s, m_from);
-    nameControl(m_to, u"تاريخ تا :"_s);
-    addLabelled(line, u"تا :"_s, m_to);
-    m_search = addButton(line, u"جستجو"_s, u":/icons/search.svg"_s);
-    connect(m_search, &QPushButton::clicked, this, &CDlgAutoFullReport::search);
-    // Queued: Enter moves to the next field first, and a wrong entry must have the focus in the end.
-    for (KDateEdit *edit : {m_from, m_to})
-        connect(edit, &QLineEdit::returnPressed, this, &CDlgAutoFullReport::search, Qt::QueuedConnection);
-    connect(new QShortcut(QKeySequence(QKeySequence::Find), this), &QShortcut::activated, m_from,
-            [this] { m_from->setFocus(Qt::ShortcutFocusReason); });
-    line->addStretch(1);
-    LookMarks::setTall(box);
-    return box;
-}
-
-// The list beside the chart. In a low window the chart, whose bars and names need their room, scrolls.
-QWidget *CDlgAutoFullReport::buildBoth()
-{
-    auto *card = new QGroupBox;
-    auto *chart = new QScrollArea(card);
-    chart->setWidget(m_chart);
-    chart->setWidgetResizable(true);
-    chart->setFrameShape(QFrame::NoFrame);
-    chart->setFocusPolicy(Qt::NoFocus);
-    chart->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    chart->setMinimumWidth(m_chart->minimumSizeHint().width());
-    auto *inside = new QVBoxLayout(card);
-    inside->setContentsMargins(LookSizes::unit, LookSizes::unit, LookSizes::unit, LookSizes::unit);
-    inside->addWidget(chart);
-    auto *both = new QSplitter;
-    auto *accounts = new KListCard(m_list, both);
-    accounts->addToFoot(m_count);
-    both->addWidget(accounts);
-    both->addWidget(card);
-    both->setChildrenCollapsible(false);
-    both->setHandleWidth(LookSizes::sideGap);
-    both->setStretchFactor(0, 1);
-    both->setStretchFactor(1, 1);
-    both->setSizes({620, 480});
-    return both;
-}
-
-void CDlgAutoFullReport::addCommands()
-{
-    QPushButton *printButton = addButton(footer(), printCaption, u":/icons/print.svg"_s);
-    connect(printButton, &QPushButton::clicked, this, &CDlgAutoFullReport::print);
-    auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
-    connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
-    printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
-    QPushButton *chartButton = addButton(footer(), chartPrintCaption, u":/icons/print.svg"_s);
-    connect(chartButton, &QPushButton::clicked, this, &CDlgAutoFullReport::printChart);
 }
 
 void CDlgAutoFullReport::setChoiceMode(bool on)
 {
     m_choiceMode = on;
-    m_ok->setText(on ? u"انتخاب"_s : u"بازگشت"_s);
-    m_ok->setAccessibleName(m_ok->text());
+    okButton()->setText(on ? u"انتخاب"_s : u"بازگشت"_s);
+    okButton()->setAccessibleName(okButton()->text());
     // What the window is for: to pick an account, or to look.
-    LookMarks::setButton(m_ok, on ? LookMarks::Button::Primary : LookMarks::Button::Normal);
-    LookMarks::setButton(m_search, on ? LookMarks::Button::Normal : LookMarks::Button::Primary);
+    LookMarks::setButton(okButton(), on ? LookMarks::Button::Primary : LookMarks::Button::Normal);
+    LookMarks::setButton(searchButton(), on ? LookMarks::Button::Normal : LookMarks::Button::Primary);
 }
 
 void CDlgAutoFullReport::readSettings()
@@ -224,7 +118,7 @@ void CDlgAutoFullReport::readSettings()
     if (m_order.column < 0 || m_order.column >= columnCount)
         m_order.column = 0;
     m_order.descending = KSortOrder::isDescending(ReadSetting(section, u"Sort"_s, QString()));
-    m_list->setSortMark(m_order.column);
+    list()->setSortMark(m_order.column);
 }
 
 void CDlgAutoFullReport::done(int result)
@@ -234,30 +128,21 @@ void CDlgAutoFullReport::done(int result)
     KDialog::done(result);
 }
 
-bool CDlgAutoFullReport::warn(const QString &text, QWidget *field)
-{
-    g_pDlgWarning->Show(text, this);
-    field->setFocus(Qt::OtherFocusReason);
-    return false;
-}
-
 void CDlgAutoFullReport::search()
 {
-    if (const auto problem = problemOfDays(m_from, m_to)) {
-        warn(problem->message, problem->line);
+    if (!checkDays())
         return;
-    }
     const KWaitCursor wait;
-    m_report = ComprehensiveReport::read(m_from->dateTime(), m_to->dateTime());
-    m_rangeStart = m_from->dateTime();
-    m_rangeEnd = m_to->dateTime();
+    m_report = ComprehensiveReport::read(fromDate()->dateTime(), toDate()->dateTime());
+    m_rangeStart = fromDate()->dateTime();
+    m_rangeEnd = toDate()->dateTime();
     m_chart->setReport(m_report);
     showRows();
 }
 
 void CDlgAutoFullReport::showRows()
 {
-    const int selected = m_list->currentKey();
+    const int selected = list()->currentKey();
     QVector<KListModel::Row> rows;
     const auto addSide = [&](IncomeAndExpenses::Side side, const QString &heading, const QString &total) {
         rows.append(headingRow(heading));
@@ -273,10 +158,10 @@ void CDlgAutoFullReport::showRows()
     // Enter opens an account, so an account is what is selected at first.
     const auto account = std::find_if(rows.cbegin(), rows.cend(), [](const KListModel::Row &row) { return row.key != 0; });
     const int first = account == rows.cend() ? 0 : int(account - rows.cbegin());
-    m_list->setRows(std::move(rows));
-    if (selected == 0 || !m_list->selectKey(selected))
-        m_list->selectRow(first);
-    m_count->setText(SuiteMessages::count(m_report.income.accounts.size() + m_report.expenses.accounts.size()));
+    list()->setRows(std::move(rows));
+    if (selected == 0 || !list()->selectKey(selected))
+        list()->selectRow(first);
+    countLabel()->setText(SuiteMessages::count(m_report.income.accounts.size() + m_report.expenses.accounts.size()));
 }
 
 void CDlgAutoFullReport::sortBy(int column)
@@ -284,7 +169,7 @@ void CDlgAutoFullReport::sortBy(int column)
     if (column < 0 || column >= columnCount)
         return;
     m_order = m_order.clicked(column);
-    m_list->setSortMark(column);
+    list()->setSortMark(column);
     showRows();
 }
 
@@ -313,8 +198,8 @@ bool CDlgAutoFullReport::OnOK()
 {
     if (!m_choiceMode)
         return true;
-    m_chosenCode = m_list->currentKey();
-    return m_chosenCode != 0 || warn(u"لطفا یک حساب را انتخاب نمایید."_s, m_list);
+    m_chosenCode = list()->currentKey();
+    return m_chosenCode != 0 || warn(u"لطفا یک حساب را انتخاب نمایید."_s, list());
 }
 
 QString CDlgAutoFullReport::fromText() const
@@ -337,31 +222,15 @@ ListReport CDlgAutoFullReport::listReport() const
     report.setText(u"RightBottom"_s, toText());
     report.setText(u"LeftBottom"_s,
                    u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
-    report.setText(u"Count"_s, m_count->text());
-    report.setTable(u"List"_s, m_list);
+    report.setText(u"Count"_s, countLabel()->text());
+    report.setTable(u"List"_s, list());
     if (!report.loadLayout())
         report.buildStandard(u"لیست گزارش جامع"_s);
     return report;
 }
 
-void CDlgAutoFullReport::print()
+void CDlgAutoFullReport::drawChart(QPainter &painter, const QRectF &rectangle) const
 {
-    if (CheckPrintListSecurity())
-        CDlgReportGenerator(listReport(), this).ShowReport();
-}
-
-void CDlgAutoFullReport::printChart()
-{
-    if (!CheckPrintListSecurity())
-        return;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    printer.setDocName(windowTitle());
-    QPainter painter;
-    ReportOutput::begin(painter, printer);
     const QString range = fromText() + u' ' + toText();
-    m_chart->draw(painter, QRectF(painter.viewport()), windowTitle() + u' ' + range.trimmed());
+    m_chart->draw(painter, rectangle, windowTitle() + u' ' + range.trimmed());
 }

@@ -3,23 +3,16 @@
 
 #pragma once
 
+#include "auto/reports/ChartWindow.h"
 #include "auto/reports/income/ComprehensiveReport.h"
-#include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/reports/ListReport.h"
-#include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
 #include "suite/utility/lists/KSortOrder.h"
 
 class IncomeChart;
-class KDateEdit;
-class KExtListCtrl;
-class OfficeSettings;
-class QLabel;
-class QPushButton;
 
 // The comprehensive report ("گزارش جامع"): income and expenses by account within a range of days, their totals and their
 // difference, as a list and as a chart. Activating an account opens its documents, or picks it in choice mode.
-class CDlgAutoFullReport : public KDialog, private KSecurity
+class CDlgAutoFullReport : public ChartWindow
 {
     Q_OBJECT
 
@@ -36,34 +29,24 @@ public:
     // The account that was picked; 0 before and without one.
     int chosenCode() const { return m_chosenCode; }
 
-    KExtListCtrl *list() const { return m_list; }
-    KDateEdit *fromDate() const { return m_from; }
-    KDateEdit *toDate() const { return m_to; }
     IncomeChart *chart() const { return m_chart; }
-    // The list as it is printed.
-    ListReport listReport() const;
+    ListReport listReport() const override;
 
 public Q_SLOTS:
-    // Reads the range as it stands; an entry that is not a date is reported, and the rows stay. Throws CMySQLException.
-    void search();
-    void print();
-    void printChart();
+    void search() override;
 
 protected:
+    void drawChart(QPainter &painter, const QRectF &rectangle) const override;
     bool OnOK() override;
     void done(int result) override;
 
 private:
     CDlgAutoFullReport(const OfficeSettings &settings, QWidget *parent);
-    QWidget *buildFilter();
-    QWidget *buildBoth();
-    void addCommands();
     void readSettings();
     void showRows();
     void sortBy(int column);
     void activated(int key);
     const IncomeAndExpenses::Account *account(int key) const;
-    bool warn(const QString &text, QWidget *field);
     // The range of the rows, in words; an open end is empty.
     QString fromText() const;
     QString toText() const;
@@ -74,11 +57,5 @@ private:
     bool m_choiceMode = false;
     int m_chosenCode = 0;
     KSortOrder m_order;
-    KDateEdit *m_from;
-    KDateEdit *m_to;
-    KExtListCtrl *m_list;
     IncomeChart *m_chart;
-    QLabel *m_count;
-    QPushButton *m_search = nullptr;
-    QPushButton *m_ok = nullptr;
 };
