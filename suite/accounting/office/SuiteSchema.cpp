@@ -300,7 +300,7 @@ bool lacksFiscalYear(int database)
 }
 
 // Indexes of the module's tables that the suite's work needs. Who locks the plan of one contract would otherwise lock those of all, and
-// whoever asks for what belongs to a person would read all there is.
+// whoever asks for what belongs to a person, for the contracts of some days or for the cars on the lot would read all there is.
 struct ModuleKey
 {
     const char *table;
@@ -316,6 +316,8 @@ constexpr ModuleKey moduleKeys[] = {
     {"AutomobilInformations", "person", "iPersonID", "ALTER TABLE AutomobilInformations ADD KEY person (iPersonID)"},
     {"AutomobilInformations", "buyer", "iPersonBuyerID", "ALTER TABLE AutomobilInformations ADD KEY buyer (iPersonBuyerID)"},
     {"AutomobilDemands", "person", "iPersonID", "ALTER TABLE AutomobilDemands ADD KEY person (iPersonID)"},
+    {"AutomobilContracts", "day", "dateContract", "ALTER TABLE AutomobilContracts ADD KEY day (dateContract)"},
+    {"AutomobilInformations", "lot", "iArchiveUserID", "ALTER TABLE AutomobilInformations ADD KEY lot (bSold,iArchiveUserID)"},
 };
 
 // Of the tables and columns that are there.

@@ -34,7 +34,8 @@ private Q_SLOTS:
     void missingVersionIsNoVersion_data();
     void missingVersionIsNoVersion();
     void fiscalYearIsAddedToContractsOnce();
-    void plansAreFoundByTheirContract();
+    void moduleTablesAreFoundByTheirKeys_data();
+    void moduleTablesAreFoundByTheirKeys();
     void tablesAreUtf8();
 
 private:
@@ -296,14 +297,28 @@ void TestSuiteSchema::fiscalYearIsAddedToContractsOnce()
     QCOMPARE(m_database.value(u"SELECT iFiscalYear FROM AutomobilContracts"_s), u"1405"_s);
 }
 
-// Without it, who locks the plan of one contract waits for whoever holds that of another.
-void TestSuiteSchema::plansAreFoundByTheirContract()
+void TestSuiteSchema::moduleTablesAreFoundByTheirKeys_data()
 {
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("columns");
+    // Without it, who locks the plan of one contract waits for whoever holds that of another.
+    QTest::newRow("a plan by its contract") << u"AutomobilPayments"_s << u"iAutomobilContractID"_s;
+    QTest::newRow("contracts of some days") << u"AutomobilContracts"_s << u"dateContract"_s;
+    QTest::newRow("cars on the lot") << u"AutomobilInformations"_s << u"bSold,iArchiveUserID"_s;
+}
+
+// Also in an office that an earlier program has upgraded.
+void TestSuiteSchema::moduleTablesAreFoundByTheirKeys()
+{
+    QFETCH(QString, table);
+    QFETCH(QString, columns);
     SuiteSchema::upgrade();
-    m_database.run(u"CREATE TABLE AutomobilContracts (iID INT NOT NULL PRIMARY KEY, iFiscalYear INT DEFAULT 0)"_s);
+    m_database.run(u"CREATE TABLE AutomobilContracts (iID INT NOT NULL PRIMARY KEY, iFiscalYear INT DEFAULT 0, dateContract DATETIME)"_s);
     m_database.run(u"CREATE TABLE AutomobilPayments (iID INT NOT NULL PRIMARY KEY, iAutomobilContractID INT DEFAULT 0)"_s);
-    const QString keys = u"SELECT COUNT(*) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND "
-                         "TABLE_NAME='AutomobilPayments' AND COLUMN_NAME='iAutomobilContractID'"_s;
+    m_database.run(u"CREATE TABLE AutomobilInformations (iID INT NOT NULL PRIMARY KEY, bSold INT DEFAULT 0, iArchiveUserID INT DEFAULT 0)"_s);
+    const QString keys = u"SELECT COUNT(*) FROM (SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY SEQ_IN_INDEX) columns FROM information_schema.STATISTICS "
+                         "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME='%1' GROUP BY INDEX_NAME) k WHERE k.columns='%2'"_s.arg(table, columns);
+    QCOMPARE(m_database.value(keys), u"0"_s);
     QVERIFY(SuiteSchema::isClosingStepDue());
     SuiteSchema::afterModuleUpgrade();
     QCOMPARE(m_database.value(keys), u"1"_s);
