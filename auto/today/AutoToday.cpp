@@ -10,56 +10,74 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+template <TodayContent (*content)(const TodayFrame &)>
+QList<TodayContent> only(const TodayFrame &frame)
+{
+    return {content(frame)};
+}
+
+QList<TodaySource> sources()
+{
+    return {
+        {.form = u"AutomobilPayments"_s,
+         .right = KSecurity::Access,
+         .cards = {{.id = u"instalments"_s,
+                    .title = u"اقساط سررسید و معوق"_s,
+                    .icon = u":/icons/calendar.svg"_s,
+                    .column = TodayCard::Money,
+                    .rank = 0,
+                    .emptyText = u"تا یک هفته دیگر قسطی سررسید نمی‌شود."_s,
+                    .countText = u"%1 قسط سررسید و معوق"_s}},
+         .read = &only<MoneyToday::instalments>},
+        {.form = u"AutomobilContracts"_s,
+         .cards = {{.id = u"unsettled"_s,
+                    .title = u"قراردادهای تسویه نشده"_s,
+                    .icon = u":/icons/contract.svg"_s,
+                    .column = TodayCard::Money,
+                    .rank = 2,
+                    .emptyText = u"در شش ماه گذشته نمانده است."_s}},
+         .settingsSection = ContractSettings::section(),
+         .read = &only<MoneyToday::unsettled>},
+        {.form = u"AutomobilDemands"_s,
+         .cards = {{.id = u"matches"_s,
+                    .title = u"خودروهای متناسب با تقاضا"_s,
+                    .icon = u":/icons/search.svg"_s,
+                    .column = TodayCard::People,
+                    .rank = 2,
+                    .emptyText = u"از دیروز نیامده است."_s}},
+         .read = &only<LotToday::matches>},
+        {.form = u"AutomobilInformations"_s,
+         .cards = {{.id = u"standing"_s,
+                    .title = u"خودروهای مانده"_s,
+                    .icon = u":/icons/car.svg"_s,
+                    .column = TodayCard::People,
+                    .rank = 3,
+                    .emptyText = u"خودرویی بیش از اندازه نمانده است."_s},
+                   {.id = u"insurance"_s,
+                    .title = u"پایان بیمه خودروها"_s,
+                    .icon = u":/icons/document.svg"_s,
+                    .column = TodayCard::People,
+                    .rank = 5}},
+         .read = &LotToday::standing},
+    };
+}
+
+}
+
 AutoToday::AutoToday()
 {
-    TodayCards::enter({.form = u"AutomobilPayments"_s,
-                       .right = KSecurity::Access,
-                       .cards = {{.id = u"instalments"_s,
-                                  .title = u"اقساط سررسید و معوق"_s,
-                                  .icon = u":/icons/calendar.svg"_s,
-                                  .column = TodayCard::Money,
-                                  .rank = 0,
-                                  .emptyText = u"تا یک هفته دیگر قسطی سررسید نمی‌شود."_s,
-                                  .countText = u"%1 قسط سررسید و معوق"_s}},
-                       .read = [](const TodayFrame &frame) { return QList{MoneyToday::instalments(frame)}; }});
-    TodayCards::enter({.form = u"AutomobilContracts"_s,
-                       .cards = {{.id = u"unsettled"_s,
-                                  .title = u"قراردادهای تسویه نشده"_s,
-                                  .icon = u":/icons/contract.svg"_s,
-                                  .column = TodayCard::Money,
-                                  .rank = 2,
-                                  .emptyText = u"هیچ قراردادی از روزهای پیش تسویه نشده نمانده است."_s}},
-                       .settingsSection = ContractSettings::section(),
-                       .read = [](const TodayFrame &frame) { return QList{MoneyToday::unsettled(frame)}; }});
-    TodayCards::enter({.form = u"AutomobilDemands"_s,
-                       .cards = {{.id = u"matches"_s,
-                                  .title = u"خودروهای متناسب با تقاضا"_s,
-                                  .icon = u":/icons/search.svg"_s,
-                                  .column = TodayCard::People,
-                                  .rank = 1,
-                                  .emptyText = u"از دیروز خودرویی که با تقاضایی متناسب باشد نیامده است."_s}},
-                       .read = [](const TodayFrame &frame) { return QList{LotToday::matches(frame)}; }});
-    TodayCards::enter({.form = u"AutomobilInformations"_s,
-                       .cards = {{.id = u"standing"_s,
-                                  .title = u"خودروهای مانده"_s,
-                                  .icon = u":/icons/car.svg"_s,
-                                  .column = TodayCard::People,
-                                  .rank = 2,
-                                  .emptyText = u"هیچ خودرویی بیش از اندازه نمانده است."_s},
-                                 {.id = u"insurance"_s,
-                                  .title = u"پایان بیمه خودروها"_s,
-                                  .icon = u":/icons/document.svg"_s,
-                                  .column = TodayCard::People,
-                                  .rank = 4}},
-                       .read = &LotToday::standing});
+    for (const TodaySource &source : sources())
+        TodayCards::enter(source);
     TodayCards::setFigures(u"AutomobilContracts"_s, &MonthsToday::read);
 }
 
 // The functions that they hold are the module's.
 AutoToday::~AutoToday()
 {
-    for (const QString &card : {u"instalments"_s, u"unsettled"_s, u"matches"_s, u"standing"_s})
-        TodayCards::remove(card);
+    for (const TodaySource &source : sources())
+        TodayCards::remove(source.cards.constFirst().id);
     TodayCards::setFigures({}, {});
 }
 

@@ -109,6 +109,7 @@ TodayContent MoneyToday::unsettled(const TodayFrame &frame)
                                   .chip = u"%1 روز"_s.arg(contract.m_dateContract.date().daysTo(frame.today))});
     }
     content.count = owing.size();
-    content.request = {.condition = owing.isEmpty() ? KSql("1=0") : "iID IN (" + KSql::list(owing) + ")", .conditionText = u"تسویه نشده"_s};
+    content.extent = u"شش ماه گذشته"_s;
+    content.request = {.condition = owing.isEmpty() ? KSql("1=0") : "iID IN (" + KSql::list(owing) + ")", .conditionText = u"تسویه نشده، شش ماه گذشته"_s};
     return content;
 }

@@ -26,7 +26,7 @@ struct Said
 constexpr Said aboutCars[] = {
     {21, CTblFollowUps::call, u"مالک گفت تا پنج درصد پایین می‌آید", -1},
     {9, CTblFollowUps::note, u"لاستیک‌ها تازه عوض شده؛ فاکتور را می‌آورد", -1},
-    {2, CTblFollowUps::call, u"خریدار فردا برای کارشناسی می‌آید", 1},
+    {2, CTblFollowUps::call, u"خریدار پس‌فردا برای کارشناسی می‌آید", 0},
 };
 
 void say(int recordKind, int recordID, const Said &said, int userID, const QDate &lastDay, int database)

@@ -3,6 +3,7 @@
 
 #include "host/today/BackupCard.h"
 
+#include "host/today/IconMark.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/KChip.h"
 #include "suite/utility/look/LookFonts.h"
@@ -57,6 +58,7 @@ BackupCard::BackupCard(QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
     row->setSpacing(LookSizes::unit);
+    row->addWidget(new IconMark(u":/icons/save.svg"_s, this));
     row->addLayout(words, 1);
     row->addWidget(m_state);
     row->addWidget(take);

@@ -4,6 +4,7 @@
 #include "host/today/FirstSteps.h"
 
 #include "host/today/FirstStepRow.h"
+#include "host/today/IconMark.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -12,7 +13,6 @@
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/KChip.h"
 #include "suite/utility/look/LookFonts.h"
-#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/KSettings.h"
@@ -35,7 +35,6 @@ constexpr int besideCards = 12;
 constexpr int stepsHead = 40;
 constexpr int stepsEdge = 4; // of the card, around its rows
 constexpr int sideBySide = 900;
-constexpr int promiseIcon = 24;
 constexpr int listStretch = 5;
 constexpr int promiseStretch = 3;
 const QString stepsTitle = u"گام‌های نخست"_s;
@@ -60,9 +59,7 @@ QWidget *promiseCard(const Promise &promise, QWidget *parent)
 {
     auto *card = new QFrame(parent);
     LookMarks::setCard(card);
-    auto *picture = new QLabel(card);
-    const int size = LookSizes::scaled(promiseIcon);
-    picture->setPixmap(LookIcons::icon(QString::fromUtf8(promise.icon)).pixmap(size, size));
+    auto *picture = new IconMark(QString::fromUtf8(promise.icon), card);
     auto *title = new ElidedLabel(QString::fromUtf8(promise.title), card);
     LookFonts::apply(title, LookFonts::Use::Strong);
     auto *text = new QLabel(QString::fromUtf8(promise.text), card);
@@ -128,12 +125,17 @@ QWidget *FirstSteps::makePromises()
 {
     auto *all = new QWidget(this);
     all->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    auto *column = new QVBoxLayout(all);
-    column->setContentsMargins({});
-    column->setSpacing(besideCards);
+    m_promises = new QVBoxLayout(all);
+    m_promises->setContentsMargins({});
+    m_promises->setSpacing(besideCards);
     for (const Promise &promise : promises)
-        column->addWidget(promiseCard(promise, all));
+        m_promises->addWidget(promiseCard(promise, all));
     return all;
+}
+
+void FirstSteps::addCard(QWidget *card)
+{
+    m_promises->addWidget(card);
 }
 
 bool FirstSteps::isHiddenByUser()

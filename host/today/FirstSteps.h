@@ -29,6 +29,8 @@ public:
     // The user asks for them, also after the office has begun.
     void bringBack();
     void focusFirst();
+    // A card of the page that an empty office needs as well; below what will stand here later.
+    void addCard(QWidget *card);
 
 Q_SIGNALS:
     void offeredChanged(bool offered);
@@ -53,4 +55,5 @@ private:
     QVBoxLayout *m_rows = nullptr;
     QList<FirstStepRow *> m_steps;
     QBoxLayout *m_sides;
+    QVBoxLayout *m_promises = nullptr;
 };

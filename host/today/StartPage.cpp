@@ -44,8 +44,8 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     , m_board(new QWidget(this))
     , m_columns(new TodayBoard(m_board))
     , m_figures(new MonthFigures(m_board))
-    , m_backup(new BackupCard(m_board))
     , m_steps(new FirstSteps(this))
+    , m_backups{new BackupCard(m_board), new BackupCard(m_steps)}
     , m_reader([this](const TodayState &state) { show(state); })
 {
     setAccessibleName(u"امروز"_s);
@@ -61,9 +61,13 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     m_chips->setSpacing(LookSizes::unit);
     m_greeting->setMinimumHeight(LookSizes::scaled(greetingHeight));
     m_columns->addCard(m_figures, TodayCard::Figures, 0);
-    m_columns->addCard(m_backup, TodayCard::Figures, lastRank);
+    m_columns->addCard(m_backups[0], TodayCard::Figures, lastRank);
+    m_steps->addCard(m_backups[1]);
     m_figures->hide();
-    m_backup->hide();
+    for (BackupCard *card : m_backups) {
+        card->hide();
+        connect(card, &BackupCard::asked, this, &StartPage::backupAsked);
+    }
     auto *scroll = new QScrollArea(this);
     auto *content = new QWidget(scroll);
     auto *either = new QVBoxLayout(content);
@@ -90,7 +94,6 @@ StartPage::StartPage(const QList<QAction *> &actions, QWidget *parent)
     column->addLayout(head);
     column->addWidget(m_launchers);
     column->addWidget(scroll, 1);
-    connect(m_backup, &BackupCard::asked, this, &StartPage::backupAsked);
     connect(&m_clock, &QTimer::timeout, this, &StartPage::read);
     m_clock.start(minutesBetweenReadings * 60 * 1000);
 }
@@ -201,6 +204,8 @@ void StartPage::showChips(const TodayState &state)
 
 void StartPage::setBackups(const BackupStanding &standing)
 {
-    m_backup->show(standing);
-    m_backup->setVisible(standing.kind != BackupStanding::Kind::Unknown);
+    for (BackupCard *card : m_backups) {
+        card->show(standing);
+        card->setVisible(standing.kind != BackupStanding::Kind::Unknown);
+    }
 }

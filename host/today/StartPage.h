@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
+
 class BackupCard;
 class ElidedLabel;
 class FirstSteps;
@@ -64,8 +66,8 @@ private:
     TodayBoard *m_columns;
     QList<TodayCardView *> m_views;
     MonthFigures *m_figures;
-    BackupCard *m_backup;
-    FirstSteps *m_steps; // in place of the cards while the office is empty
+    FirstSteps *m_steps;                   // in place of the cards while the office is empty
+    std::array<BackupCard *, 2> m_backups; // among the cards and beside the steps
     QTimer m_clock;
     TodayReader m_reader;
 };

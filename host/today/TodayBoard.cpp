@@ -144,13 +144,12 @@ int TodayBoard::lay(const QRect &rect, bool apply) const
     }
     if (!apply)
         return tallest;
-    const int bottom = std::max(tallest, rect.height());
     const Qt::LayoutDirection direction = parentWidget() ? parentWidget()->layoutDirection() : Qt::RightToLeft;
     for (std::size_t column = 0; column < stacks.size(); ++column) {
         int top = 0;
         for (QLayoutItem *item : stacks[column]) {
-            // The last card of a column takes what is left of it.
-            const int height = item == stacks[column].back() ? bottom - top : heightOf(*item, edges[column].width);
+            // The last card of a column takes what is left beside the tallest one.
+            const int height = item == stacks[column].back() ? tallest - top : heightOf(*item, edges[column].width);
             const QRect place(rect.left() + edges[column].left, rect.top() + top, edges[column].width, height);
             item->setGeometry(QStyle::visualRect(direction, rect, place));
             top += height + gap;

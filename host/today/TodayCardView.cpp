@@ -27,7 +27,7 @@ TodayCardView::TodayCardView(const TodayCard &card, QWidget *parent)
     , m_card(card)
     , m_count(new KChip(KChip::Kind::Neutral, {}, this))
     , m_all(new QPushButton(u"همه"_s, this))
-    , m_empty(new ElidedLabel(this))
+    , m_word(new ElidedLabel(this))
 {
     LookMarks::setCard(this);
     setAccessibleName(card.title);
@@ -39,17 +39,15 @@ TodayCardView::TodayCardView(const TodayCard &card, QWidget *parent)
     LookMarks::setButton(m_all, LookMarks::Button::Flat);
     m_all->setAccessibleName(u"همه، %1"_s.arg(card.title));
     m_all->setAutoDefault(true);
-    LookFonts::applyHint(m_empty);
-    m_empty->setText(card.emptyText);
+    LookFonts::applyHint(m_word);
 
     auto *head = new QHBoxLayout;
     head->setSpacing(LookSizes::unit);
     head->addWidget(title);
     head->addWidget(m_count);
-    head->addStretch(1);
+    head->addWidget(m_word, 1);
     head->addWidget(m_all);
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(LookSizes::cardPadding, LookSizes::unit / 2, LookSizes::cardPadding, LookSizes::unit);
     column->setSpacing(0);
     column->addLayout(head);
     for (TodayRow *&row : m_rows) {
@@ -61,7 +59,6 @@ TodayCardView::TodayCardView(const TodayCard &card, QWidget *parent)
                 Q_EMIT opened(row->line());
         });
     }
-    column->addWidget(m_empty);
     column->addStretch(1);
     connect(m_all, &QPushButton::clicked, this, [this] { Q_EMIT allAsked(m_content.listTable, m_content.request); });
     show({}, {});
@@ -81,6 +78,8 @@ void TodayCardView::show(const TodayContent &content, const QString &unit)
             row->setLine(content.lines.at(static_cast<qsizetype>(index)), unit);
         row->setVisible(isThere);
     }
-    m_empty->setVisible(content.lines.isEmpty());
+    // The one line of an empty card stands in its middle.
+    layout()->setContentsMargins(LookSizes::cardPadding, LookSizes::unit / 2, LookSizes::cardPadding, content.lines.isEmpty() ? LookSizes::unit / 2 : LookSizes::unit);
+    m_word->setText(content.lines.isEmpty() ? m_card.emptyText : content.extent);
     updateGeometry();
 }

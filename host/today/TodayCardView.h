@@ -15,7 +15,7 @@ class QPushButton;
 class QVBoxLayout;
 class TodayRow;
 
-// A card of the day: its title with the count, what is most urgent, and "همه".
+// A card of the day: its title with the count, what is most urgent, and "همه". One line while nothing is due.
 class TodayCardView : public QFrame
 {
     Q_OBJECT
@@ -37,6 +37,6 @@ private:
     TodayContent m_content;
     KChip *m_count;
     QPushButton *m_all;
-    ElidedLabel *m_empty;
+    ElidedLabel *m_word; // beside the title: what was looked at, or that nothing is due
     std::array<TodayRow *, TodayContent::mostLines> m_rows{};
 };

@@ -64,6 +64,7 @@ struct TodayContent
     qint64 count = 0; // of all that the list behind the card shows
     TodayTone tone = TodayTone::Quiet;
     QList<TodayLine> lines; // the most urgent ones
+    QString extent;         // what was looked at, where that is not all; said beside the count
     // Opens all of them (RecordWindows::openList); an empty table: there is no list.
     QString listTable;
     KListRequest request;
@@ -83,7 +84,7 @@ struct TodayCard
     QString icon;
     Column column = Money;
     int rank = 0;           // within the column, from above
-    QString emptyText = {}; // what the card says while nothing is due; empty: it is not shown then
+    QString emptyText = {}; // what the card says beside its title while nothing is due; empty: it is not shown then
     QString countText = {}; // of its chip at the head of the page, with %1: "%1 قسط معوق"; empty: none
 };
 

@@ -3,7 +3,7 @@
 
 #include "suite/crm/subjects/CrmToday.h"
 
-#include "suite/accounting/today/TodayCards.h"
+#include "suite/accounting/today/TodayPlans.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -18,26 +18,9 @@ KSql dueReminders(const TodayFrame &frame)
     return KSql::formatted("iStatus=0 AND iUserID=%1 AND date<", frame.userID) + frame.begin(1);
 }
 
-TodayContent reminders(const TodayFrame &frame)
+KSql remindersOf(const TodayFrame &frame)
 {
-    TodayContent content;
-    content.listTable = u"Alarms"_s;
-    content.request = {.condition = dueReminders(frame), .conditionText = u"تا امروز"_s};
-    CTblTemp query(frame.database);
-    query.ExecuteQuery("SELECT iID,date,sDesc,COUNT(*) OVER() FROM Alarms WHERE " + dueReminders(frame)
-                       + KSql::formatted(" ORDER BY date,iID LIMIT %1", int(TodayContent::mostLines)));
-    for (; query.HasResultRow(); query.MoveNextResult()) {
-        const QDateTime when = query.GetDateFieldValue(1);
-        const int days = static_cast<int>(frame.today.daysTo(when.date()));
-        content.count = query.GetLongFieldValue(3);
-        content.lines.append({.table = u"Alarms"_s,
-                              .key = query.GetLongFieldValue(0),
-                              .name = query.GetTextFieldValue(2).simplified(),
-                              .chip = days == 0 ? when.time().toString(u"HH:mm"_s) : TodayCards::dayText(days),
-                              .tone = days == 0 ? TodayTone::Info : TodayTone::Overdue});
-    }
-    content.tone = content.count > 0 ? TodayTone::Info : TodayTone::Quiet;
-    return content;
+    return "SELECT iID,date,sDesc,'' about,COUNT(*) OVER() found FROM Alarms WHERE " + dueReminders(frame) + KSql::formatted(" ORDER BY date,iID LIMIT %1", int(TodayContent::mostLines));
 }
 
 // Everybody who was born on this day of the Shamsi year: one day of each year, which an index finds.
@@ -82,9 +65,11 @@ TodayContent birthdays(const TodayFrame &frame)
 
 void CrmToday::enter()
 {
-    TodayCards::enter({.cards = {{.id = u"reminders"_s, .title = u"یادآوری‌های امروز"_s, .icon = u":/icons/calendar.svg"_s, .column = TodayCard::People, .rank = 0, .emptyText = u"برای امروز یادآوری ندارید."_s, .countText = u"%1 یادآوری"_s}},
-                       .read = [](const TodayFrame &frame) { return QList{reminders(frame)}; }});
+    TodayPlans::add({.card = {.id = u"reminders"_s, .title = u"یادآوری‌های امروز"_s, .icon = u":/icons/calendar.svg"_s, .column = TodayCard::People, .rank = 0, .emptyText = u"برای امروز یادآوری ندارید."_s, .countText = u"%1 یادآوری"_s},
+                     .table = u"Alarms"_s,
+                     .select = &remindersOf,
+                     .request = [](const TodayFrame &frame) { return KListRequest{.condition = dueReminders(frame), .conditionText = u"تا امروز"_s}; }});
     TodayCards::enter({.form = u"Persons"_s,
-                       .cards = {{.id = u"birthdays"_s, .title = u"زادروزهای امروز"_s, .icon = u":/icons/users.svg"_s, .column = TodayCard::People, .rank = 3}},
+                       .cards = {{.id = u"birthdays"_s, .title = u"زادروزهای امروز"_s, .icon = u":/icons/users.svg"_s, .column = TodayCard::People, .rank = 4}},
                        .read = [](const TodayFrame &frame) { return QList{birthdays(frame)}; }});
 }

@@ -167,17 +167,9 @@ void CTblFollowUps::take(const Shown &before, int database)
                                 database);
 }
 
-QList<CTblFollowUps::Planned> CTblFollowUps::planned(int userID, const QDate &until, int most, int database)
+KSql CTblFollowUps::planned(int userID, const KSql &end)
 {
-    QList<Planned> list;
-    CTblTemp query(database);
-    query.Open(true, false, true);
-    query.ExecuteQuery(KSql::formatted("SELECT f.iID,f.iTable,f.iRecordID,f.sNote,f.datePromised FROM FollowUps f WHERE f.datePromised<%1+INTERVAL 1 DAY AND f.iKind>0 AND f.iUserID=%2"
-                                       " AND NOT EXISTS(SELECT 1 FROM FollowUps n WHERE n.iTable=f.iTable AND n.iRecordID=f.iRecordID AND n.iID>f.iID) ORDER BY f.datePromised,f.iID LIMIT %3",
-                                       DateToSQL(until.startOfDay(Qt::UTC)), userID, most));
-    for (; query.HasResultRow(); query.MoveNextResult())
-        list.append({query.GetLongFieldValue(0), query.GetLongFieldValue(1), query.GetLongFieldValue(2), query.GetTextFieldValue(3), query.GetDateFieldValue(4)});
-    return list;
+    return "f.datePromised<" + end + KSql::formatted(" AND f.iKind>%1 AND f.iUserID=%2 AND NOT EXISTS(SELECT 1 FROM FollowUps n WHERE n.iTable=f.iTable AND n.iRecordID=f.iRecordID AND n.iID>f.iID)", int(due), userID);
 }
 
 QList<CTblFollowUps::Entry> CTblFollowUps::history(int recordKind, int recordID, int database)

@@ -81,17 +81,9 @@ public:
     // Takes it away; throws as change does.
     static void take(const Shown &before, int database = 0);
 
-    // Those of the user whose next date is that day or before, and after which nothing was said about the record; the oldest first, at most
-    // so many. One statement, by the index of that date.
-    struct Planned
-    {
-        int id = 0;
-        int recordKind = 0;
-        int recordID = 0;
-        QString said;
-        QDateTime next;
-    };
-    static QList<Planned> planned(int userID, const QDate &until, int most, int database = 0);
+    // Which rows f of the table are notes and calls of that user whose next date is before the end, a literal, and after which nothing was said
+    // about the record. By the index of that date.
+    static KSql planned(int userID, const KSql &end);
 
     // All of the record, also of its other instalments, the latest first. One statement.
     static QList<Entry> history(int recordKind, int recordID, int database = 0);

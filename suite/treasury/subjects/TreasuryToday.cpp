@@ -3,9 +3,11 @@
 
 #include "suite/treasury/subjects/TreasuryToday.h"
 
-#include "suite/accounting/today/TodayCards.h"
+#include "suite/accounting/today/TodayPlans.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/cheques/ChequesDue.h"
+#include "suite/treasury/followups/CTblFollowUps.h"
 
 using namespace Qt::StringLiterals;
 
@@ -74,10 +76,22 @@ TodayContent cashBox(const TodayFrame &frame)
     return content;
 }
 
+// A note on a person says whose it is, any other one what it is.
+KSql plannedNotes(const TodayFrame &frame)
+{
+    return KSql::formatted("SELECT f.iID,f.datePromised,f.sNote,COALESCE(p.sName2,IF(f.iKind=%1,%2,%3)) about,COUNT(*) OVER() found FROM FollowUps f LEFT JOIN Persons p "
+                           "ON f.iTable=%4 AND p.iID=f.iRecordID WHERE ",
+                           int(CTblFollowUps::call), KSql::quoted(CTblFollowUps::kindName(CTblFollowUps::call)), KSql::quoted(CTblFollowUps::kindName(CTblFollowUps::note)), int(RecordKind::Person))
+        + CTblFollowUps::planned(frame.userID, frame.begin(1)) + KSql::formatted(" ORDER BY f.datePromised,f.iID LIMIT %1", int(TodayContent::mostLines));
+}
+
 }
 
 void TreasuryToday::enter()
 {
+    TodayPlans::add({.card = {.id = u"notes"_s, .title = u"تماس‌ها و یادداشت‌های امروز"_s, .icon = u":/icons/edit.svg"_s, .column = TodayCard::People, .rank = 1, .countText = u"%1 تماس و یادداشت"_s},
+                     .table = u"FollowUps"_s,
+                     .select = &plannedNotes});
     TodayCards::enter({.form = u"Cheques"_s,
                        .cards = {{.id = u"cheques"_s, .title = u"چک‌های سررسید"_s, .icon = u":/icons/receipt.svg"_s, .column = TodayCard::Money, .rank = 1, .emptyText = u"تا یک هفته دیگر چکی سررسید نمی‌شود."_s, .countText = u"%1 چک سررسید"_s}},
                        .read = [](const TodayFrame &frame) { return QList{cheques(frame)}; }});

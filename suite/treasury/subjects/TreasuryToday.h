@@ -5,7 +5,7 @@
 
 #include "suite/treasury/TzTreasuryDataExport.h"
 
-// Cheques that are due and what is in the cash boxes and banks, among TodayCards.
+// Cheques that are due, what is in the cash boxes and banks, and the user's own notes and calls whose next date has come, among TodayCards.
 namespace TreasuryToday {
 
 // For as long as the program runs; a second call changes nothing.

@@ -13,11 +13,13 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/today/TodayReader.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/subjects/CrmToday.h"
 #include "suite/treasury/cheques/CDlgCheques.h"
+#include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/treasury/subjects/TreasuryToday.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -49,6 +51,7 @@ private Q_SLOTS:
     void insuranceEndsOnTheDayInItsWords_data();
     void insuranceEndsOnTheDayInItsWords();
     void birthdayIsThatOfTheShamsiYear();
+    void plannedCallsStandBelowTheReminders();
     void monthsAddUpTheTables();
     void listBehindACardShowsAsMany();
     void oneStatementForEachSource();
@@ -275,6 +278,33 @@ void TestAutoToday::birthdayIsThatOfTheShamsiYear()
     QCOMPARE(content.lines.at(0).chip, u"30 سالگی"_s);
 }
 
+void TestAutoToday::plannedCallsStandBelowTheReminders()
+{
+    const int user = GetDBSetting()->GetUserID();
+    const int person = m_buyer;
+    const auto say = [&](int kind, int about, int record, int by, int inDays, const QString &words) {
+        m_office->database().run(u"INSERT INTO FollowUps(iTable,iRecordID,iKind,iUserID,date,sNote,datePromised) VALUES(%1,%2,%3,%4,NOW(),'%5',CURDATE()+INTERVAL %6 DAY)"_s.arg(about).arg(record).arg(kind).arg(by).arg(words).arg(inDays));
+    };
+    say(CTblFollowUps::call, RecordKind::Person, person, user, 0, u"امروز زنگ بزنم"_s);
+    say(CTblFollowUps::note, CTblAutomobilContracts::recordKind, addContract(3), user, -4, u"سند را بگیرم"_s);
+    say(CTblFollowUps::note, RecordKind::Person, m_seller, user, 1, u"فردا"_s);
+    say(CTblFollowUps::note, RecordKind::Person, m_seller + 100, user + 1, 0, u"از دیگری"_s);
+    say(CTblFollowUps::due, RecordKind::Person, m_seller + 200, user, 0, u"وعده"_s);
+    m_office->database().run(u"INSERT INTO Alarms(iUserID,iStatus,date,sDesc) VALUES(%1,0,CURDATE()+INTERVAL 9 HOUR,'یادآور')"_s.arg(user));
+    const TodayContent notes = card(u"notes"_s);
+    QStringList lines;
+    for (const TodayLine &line : notes.lines)
+        lines.append(u"%1|%2|%3|%4"_s.arg(line.table, line.name, line.line, line.chip));
+    QCOMPARE(lines, (QStringList{u"FollowUps|سند را بگیرم|یادداشت|4 روز گذشته"_s, u"FollowUps|امروز زنگ بزنم|مریم کریمی|امروز"_s}));
+    QCOMPARE(notes.count, 2);
+    const TodayContent reminders = card(u"reminders"_s);
+    QCOMPARE(reminders.count, 1);
+    QCOMPARE(reminders.lines.at(0).chip, u"09:00"_s);
+    // Something was said about him since.
+    say(CTblFollowUps::note, RecordKind::Person, person, user, 9, u"زنگ زدم"_s);
+    QCOMPARE(card(u"notes"_s).count, 1);
+}
+
 void TestAutoToday::monthsAddUpTheTables()
 {
     const QDate first = ConvertToMiladi(GetShamsi(today()).year, GetShamsi(today()).month, 1);
@@ -359,7 +389,7 @@ void TestAutoToday::cardsFollowTheRights()
     const TodayState state = TodayReader::readNow();
     QStringList cards = state.cards.keys();
     cards.sort();
-    QCOMPARE(cards, (QStringList{u"insurance"_s, u"reminders"_s, u"standing"_s}));
+    QCOMPARE(cards, (QStringList{u"insurance"_s, u"notes"_s, u"reminders"_s, u"standing"_s}));
     QVERIFY(!state.figures);
 }
 
