@@ -4,11 +4,22 @@
 """Each check of the books finds the fault that it is named after: a list that finds nothing would prove nothing."""
 
 import rig  # noqa: F401 - finds the library of the journeys
-from lib.sound_books import BINNED, CHECKS, faults
+from lib.sound_books import BINNED, CHECKS, SOUGHT, faults
 from rig.fault import check, run
 
 # What makes each check find something, beside a sound contract (:c) and its document (:d); others may find it too.
+# What a row cannot be without.
+FURTHER = {"Documents": ",iFiscalYear=:y"}
 SPOILED = {
+    **{f"a key of the search leads to no row of {table}": f"INSERT INTO SearchKeys VALUES ({kind},'9',80)" for kind, table, _, _ in SOUGHT},
+    **{f"a row of {table} is not found by its number": f"INSERT INTO {table} SET {numbers[-1]}=79{FURTHER.get(table, '')}"
+       for _, table, numbers, _ in SOUGHT if numbers},
+    **{f"a row of {table} is not known by its person": f"INSERT INTO {table}({persons[-1]}) VALUES (78)" for _, table, _, persons in SOUGHT if persons},
+    **{f"a row of {table} is known by a person whom it does not name":
+       f"INSERT INTO {table}(iID) VALUES (80); INSERT INTO SearchKeys VALUES ({kind},'@77',80)" for kind, table, _, persons in SOUGHT if persons},
+    "a record is not found by the name of its person": "INSERT INTO SearchKeys SELECT 1,'newname',iPersonFirstID FROM AutomobilContracts LIMIT 1",
+    "a person is found by a name of before":
+        "INSERT INTO SearchKeys SELECT 1,CONCAT('oldname',seq),iPersonFirstID FROM AutomobilContracts JOIN seq_1_to_9 LIMIT 9",
     "a document does not balance": "INSERT INTO Docs(iDocNum,iFiscalYear,dBed) VALUES (:d,:y,5)",
     "rows stand under no header": "INSERT INTO Docs(iDocNum,iFiscalYear) VALUES (99,:y)",
     "a contract has no document": "UPDATE AutomobilContracts SET iDocNum=98",

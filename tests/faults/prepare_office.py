@@ -20,6 +20,9 @@ def prepare(office):
     desk.leave()
     office.database.rows("INSERT INTO Users(sUser,sPasswordHash,sName,iStatus,bAdmin) "
                          f"SELECT '{rig.OTHER_CLERK}',sPasswordHash,'{rig.OTHER_CLERK}',0,1 FROM Users")
+    step("what the search finds them by")
+    status = office.program("--rebuild-search").wait(60)
+    check(status == 0, f"the search was not built, {status}: {office.program_logs()}")
     office.leave_office()
     return "prepared"
 

@@ -6,10 +6,14 @@
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemand.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/cars/CarContracts.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/editor/CDlgAddAutomobilContractBase.h"
 #include "auto/contracts/editor/ContractPartyGroup.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
+#include "auto/db/CTblAutomobilInformations.h"
+#include "auto/db/CTblCarContracts.h"
+#include "auto/db/RecordCodes.h"
 #include "auto/reports/income/ComprehensiveReport.h"
 #include "auto/settings/ContractSettings.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
@@ -157,6 +161,34 @@ Then parties(Desk &, const Words &words)
     CDlgAddAutomobilContractBase *page = contractEditor().basePage();
     page->firstParty()->takePerson(number(words, 1));
     page->secondParty()->takePerson(number(words, 2));
+    return Then::AnswerDone;
+}
+
+// --- The car of a contract ---
+
+Then car(Desk &desk, const Words &words)
+{
+    desk.setValue(RecordCodes::add<CTblAutomobilInformations>([&words](CTblAutomobilInformations &added) {
+        added.m_iPersonID = number(words, 1);
+        added.m_dAmount = number(words, 2);
+    }));
+    return Then::AnswerDone;
+}
+
+Then fromCar(Desk &desk, const Words &words)
+{
+    desk.setValue(contractEditor().takeCar(number(words, 1)));
+    return Then::AnswerDone;
+}
+
+Then parted(Desk &desk, const Words &words)
+{
+    const int carID = number(words, 1);
+    for (const CarContracts::Entry &entry : CarContracts::ofCar(carID)) {
+        if (entry.contractID == number(words, 2))
+            CarContracts::unlink(carID, entry);
+    }
+    desk.setValue(CTblCarContracts::carOf(number(words, 2)));
     return Then::AnswerDone;
 }
 
@@ -339,6 +371,9 @@ QHash<QString, Desk::Command> DeskCommands::all()
         {u"new"_s, created},
         {u"edit"_s, edited},
         {u"parties"_s, parties},
+        {u"car"_s, car},
+        {u"from"_s, fromCar},
+        {u"unlink"_s, parted},
         {u"vehicle"_s, vehicle},
         {u"set"_s, set},
         {u"get"_s, get},

@@ -13,6 +13,9 @@
 //   new contract                      opens the editor of a new contract
 //   edit contract|car|demand KEY      opens the editor of that record
 //   parties FIRST SECOND              in the contract editor: persons from the list
+//   car OWNER AMOUNT                  a car of that person for sale; value: its key
+//   from CAR                          in the contract editor: the contract is made from that car
+//   unlink CAR CONTRACT               parts them
 //   vehicle                           in the contract editor: what a vehicle's contract cannot be saved without
 //   set COLUMN TEXT                   in the contract editor: typed into the field
 //   get COLUMN                        value: what the field shows

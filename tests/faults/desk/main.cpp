@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/bin/CarRecordParts.h"
+#include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "host/frame/HostOptions.h"
@@ -9,6 +10,12 @@
 #include "host/start/OfficeServer.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/history/OfficeSubjects.h"
+#include "suite/accounting/search/OfficeSearch.h"
+#include "suite/crm/subjects/CrmSearch.h"
+#include "suite/crm/subjects/CrmSubjects.h"
+#include "suite/treasury/subjects/TreasurySearch.h"
+#include "suite/treasury/subjects/TreasurySubjects.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/connection/KConnection.h"
@@ -36,6 +43,13 @@ int main(int argc, char **argv)
     ContractReceiptOwner::enter();
     CarRecordParts::enter();
     AutoSubjects::enter();
+    OfficeSubjects::enter();
+    TreasurySubjects::enter();
+    CrmSubjects::enter();
+    OfficeSearch::enter();
+    CrmSearch::enter();
+    TreasurySearch::enter();
+    AutoSearch::enter();
     const KWaitNotice waits;
     g_pDlgWarning->answerAll(true);
     if (!OfficeServer::connect(options, nullptr)) {

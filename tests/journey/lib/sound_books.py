@@ -58,7 +58,50 @@ def _register(account, kind, state, side):
 _SIGNED = "IF(r.iKind=0,r.dAmount,-r.dAmount)"
 
 
+# What the search finds records by: the number of the kind among the keys, its table, its columns of numbers that are a key, and of persons.
+SOUGHT = [(1, "Persons", ("iCode",), ()),
+          (2, "AutomobilContracts", ("iCode", "iNum"), ("iPersonFirstID", "iPersonSecondID")),
+          (3, "AutomobilInformations", ("iCode",), ("iPersonID", "iPersonBuyerID")),
+          (4, "AutomobilDemands", ("iCode",), ("iPersonID",)),
+          (5, "Cheques", (), ("iPersonID",)),
+          (6, "Documents", ("iNum",), ()),
+          (7, "Factors", ("iID",), ("iPersonID",)),
+          (8, "Receipts", ("iID",), ("iPersonID",))]
+
+# An office from before gets its keys beside the work, and lacks some until then.
+_SOUGHT_ALL = "EXISTS(SELECT 1 FROM Properties WHERE sSection='Search' AND sKey='Built' AND sValue LIKE '%/all/%')"
+# Neither a number, nor one from its end, nor a word of an explanation, nor a person's key.
+_IS_NAME = "{key} REGEXP '^[^0-9<~@]'"
+_WORDS = "TRIM(REGEXP_REPLACE(IFNULL(p.sName2,''),'[^\\\\p{L}\\\\p{N}\\\\p{M}\\\\x{200c}]+',' '))"
+
+
+def _sought(kind, table, numbers, persons):
+    """Where the keys of a table are not those of its rows: what is left over, and what is missing."""
+    def has(key):
+        return f"EXISTS(SELECT 1 FROM SearchKeys k WHERE k.iKind={kind} AND k.iRecordID=o.iID AND k.sKey={key})"
+    yield (f"a key of the search leads to no row of {table}",
+           f"SELECT k.iRecordID FROM SearchKeys k LEFT JOIN {table} o ON o.iID=k.iRecordID WHERE k.iKind={kind} AND o.iID IS NULL")
+    if numbers:
+        lacks = " OR ".join(f"o.{column}<>0 AND NOT {has(f'CAST(o.{column} AS CHAR)')}" for column in numbers)
+        yield (f"a row of {table} is not found by its number", f"SELECT o.iID FROM {table} o WHERE {_SOUGHT_ALL} AND ({lacks})")
+    if persons:
+        references = ["CONCAT('@',o.%s)" % column for column in persons]
+        lacks = " OR ".join(f"o.{column}>0 AND NOT {has(key)}" for column, key in zip(persons, references))
+        yield (f"a row of {table} is not known by its person", f"SELECT o.iID FROM {table} o WHERE {_SOUGHT_ALL} AND ({lacks})")
+        yield (f"a row of {table} is known by a person whom it does not name",
+               f"SELECT o.iID FROM SearchKeys k JOIN {table} o ON o.iID=k.iRecordID WHERE k.iKind={kind} AND k.sKey LIKE '@%' "
+               f"AND k.sKey NOT IN ({','.join(references)})")
+
+
 CHECKS = [
+    *[check for row in SOUGHT for check in _sought(*row)],
+    ("a record is not found by the name of its person",
+     f"SELECT r.iKind, r.iRecordID FROM SearchKeys r JOIN SearchKeys n ON n.iKind=1 AND n.iRecordID=CAST(SUBSTR(r.sKey,2) AS INT) "
+     f"LEFT JOIN SearchKeys k ON k.iKind=r.iKind AND k.sKey=n.sKey AND k.iRecordID=r.iRecordID WHERE {_SOUGHT_ALL} AND r.iKind<>1 "
+     f"AND r.sKey LIKE '@%' AND {_IS_NAME.format(key='n.sKey')} AND k.iRecordID IS NULL"),
+    ("a person is found by a name of before",
+     f"SELECT p.iID, COUNT(*) AS found FROM Persons p JOIN SearchKeys k ON k.iKind=1 AND k.iRecordID=p.iID AND {_IS_NAME.format(key='k.sKey')} "
+     f"GROUP BY p.iID HAVING found>MAX(CHAR_LENGTH({_WORDS})-CHAR_LENGTH(REPLACE({_WORDS},' ',''))+1)"),
     ("a document does not balance",
      "SELECT iDocNum, iFiscalYear, SUM(dBed), SUM(dBes) FROM Docs GROUP BY iDocNum, iFiscalYear "
      "HAVING ABS(SUM(dBed)-SUM(dBes))>=0.0001"),
