@@ -6,6 +6,7 @@
 #include "auto/words/WordLists.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/records/CTblTemp.h"
+#include "suite/db/records/KChangedValues.h"
 #include "suite/utility/values/Money.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -33,6 +34,18 @@ QString yearWord(int year)
     return year > 0 ? QString::number(year) : QString();
 }
 
+// The note that named it first; empty where it is the price of now, and for a car that is older than the log.
+QString firstPrice(const QString &noted, double price)
+{
+    for (const KChangedValue &value : KChangedValues::fromJson(noted.toUtf8())) {
+        if (value.column != "dAmount"_L1)
+            continue;
+        const double first = IsEquals(value.before.toDouble(), 0) ? value.after.toDouble() : value.before.toDouble();
+        return IsEquals(first, price) ? QString() : amountWord(first);
+    }
+    return {};
+}
+
 QString withComma(QStringList words)
 {
     words.removeAll(QString());
@@ -47,6 +60,7 @@ StoryHead StoryHeads::ofCar(qint32 key, int database)
     row.Open(true, false, true);
     row.ExecuteQuery(KSql::formatted("SELECT b.sName,m.sName,a.iYear,c.sName,a.iFunction,a.sNumOfPlates,a.dAmount,a.bSold,a.iArchiveUserID,COALESCE(a.dateIntroduction,a.dateCreate)"
                                      ",o.sName2,buyer.sName2,a.sVIN,a.sChassisNum,a.dateCreate,COALESCE(NULLIF(u.sName,''),u.sUser),a.dSoldAmount,DATEDIFF(NOW(),COALESCE(a.dateIntroduction,a.dateCreate))"
+                                     ",(SELECT n.sValues FROM Changes n WHERE n.sTable='AutomobilInformations' AND n.iRecordID=a.iID AND n.sValues LIKE '%\"dAmount\"%' ORDER BY n.iID LIMIT 1)"
                                      " FROM AutomobilInformations a LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel"
                                      " LEFT JOIN Items c ON c.iID=a.iColor LEFT JOIN Persons o ON o.iID=a.iPersonID LEFT JOIN Persons buyer ON buyer.iID=a.iPersonBuyerID"
                                      " LEFT JOIN Users u ON u.iID=a.iUserID WHERE a.iID=%1",
@@ -63,7 +77,7 @@ StoryHead StoryHeads::ofCar(qint32 key, int database)
     head.state = isSold ? u"فروخته شده"_s : isArchived ? u"بایگانی"_s
                                                        : u"موجود"_s;
     head.tone = isSold || isArchived ? Tone::Neutral : Tone::Good;
-    head.facts = {{u"مالک"_s, row.GetTextFieldValue(10)}, {u"خریدار"_s, row.GetTextFieldValue(11)}, {u"مبلغ"_s, amountWord(row.GetDoubleFieldValue(6))}, {u"مبلغ فروش"_s, isSold ? amountWord(row.GetDoubleFieldValue(16)) : QString()}, {u"در نمایشگاه"_s, isSold || !row.GetDateFieldValue(9).isValid() ? QString() : u"%1 روز"_s.arg(row.GetLongFieldValue(17))}, {u"شماره شاسی"_s, row.GetTextFieldValue(13)}, {u"VIN"_s, row.GetTextFieldValue(12)}};
+    head.facts = {{u"مالک"_s, row.GetTextFieldValue(10)}, {u"خریدار"_s, row.GetTextFieldValue(11)}, {u"مبلغ"_s, amountWord(row.GetDoubleFieldValue(6))}, {u"قیمت نخست"_s, firstPrice(row.GetTextFieldValue(18), row.GetDoubleFieldValue(6))}, {u"مبلغ فروش"_s, isSold ? amountWord(row.GetDoubleFieldValue(16)) : QString()}, {u"در نمایشگاه"_s, isSold || !row.GetDateFieldValue(9).isValid() ? QString() : u"%1 روز"_s.arg(row.GetLongFieldValue(17))}, {u"شماره شاسی"_s, row.GetTextFieldValue(13)}, {u"VIN"_s, row.GetTextFieldValue(12)}};
     head.entered = row.GetDateFieldValue(14);
     head.enteredBy = row.GetTextFieldValue(15);
     return head;

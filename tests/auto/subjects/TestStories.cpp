@@ -40,6 +40,7 @@ private Q_SLOTS:
     void priceSaysTheDifference();
     void carTellsEverything_data();
     void carTellsEverything();
+    void firstPriceIsAmongTheFacts();
     void newestComesFirst();
     void personHoldsContractsAndMoney();
     void contractTellsItsOwn();
@@ -177,6 +178,20 @@ void TestStories::carTellsEverything()
     QCOMPARE(event->key != 0, !event->table.isEmpty());
     QCOMPARE(story.head.title, u"هیوندای توسان"_s);
     QVERIFY(story.head.facts.contains(qMakePair(u"مالک"_s, u"کامران پورحسن"_s)));
+}
+
+void TestStories::firstPriceIsAmongTheFacts()
+{
+    const auto fact = [](int car) {
+        for (const auto &[label, text] : Story::read(u"AutomobilInformations"_s, car).head.facts) {
+            if (label == u"قیمت نخست"_s)
+                return text;
+        }
+        return QString();
+    };
+    QCOMPARE(fact(m_car), u"46,500"_s);
+    // One that never changed says nothing twice.
+    QCOMPARE(fact(m_office->addCar([](CTblAutomobilInformations &car) { car.m_dAmount = 700; })), QString());
 }
 
 void TestStories::newestComesFirst()
