@@ -6,6 +6,7 @@
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/db/connection/KTransaction.h"
+#include "suite/utility/frame/FocusKeeper.h"
 
 #include <QStyleFactory>
 
@@ -16,6 +17,7 @@ KApplication::KApplication(int &argc, char **argv)
 {
     setStyle(QStyleFactory::create(u"Fusion"_s));
     setLayoutDirection(Qt::RightToLeft);
+    new FocusKeeper(this);
     KTransaction::setLookAgain([] {
         return g_pDlgWarning->ShowUnknown(u"نامعلوم: پیش از تکرار نگاه کنید.\n"
                                           "ارتباط با پایگاه داده هنگام ذخیره قطع شد و هنوز پاسخی نمی‌رسد که ذخیره انجام شده است یا نه."_s);
