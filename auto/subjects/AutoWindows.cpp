@@ -25,6 +25,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/accounting/timeline/CDlgStory.h"
+#include "suite/image/CDlgPictureViewer.h"
 #include "suite/treasury/followups/CDlgNote.h"
 
 using namespace Qt::StringLiterals;
@@ -34,6 +35,7 @@ namespace {
 const QString contracts = u"AutomobilContracts"_s;
 const QString cars = u"AutomobilInformations"_s;
 const QString demands = u"AutomobilDemands"_s;
+constexpr int carKind = CTblAutomobilInformations::recordKind;
 const QString instalments = u"AutomobilPayments"_s;
 
 template <class Page>
@@ -128,7 +130,8 @@ void enterCarWindows()
                           .list = &showList<CDlgAutomobilInformations>,
                           .actions = {{.id = u"contract"_s, .text = u"قرارداد از این خودرو"_s, .icon = u":/icons/contract.svg"_s, .form = contracts, .right = KSecurity::Write, .run = &beginContract},
                                       {.id = u"matchingDemands"_s, .text = u"متقاضیان"_s, .icon = u":/icons/users.svg"_s, .form = demands, .right = KSecurity::Access, .run = [](qint32 car, QWidget *parent) { CDlgMatchingDemands::Show(car, parent); }},
-                                      statementOf<CTblAutomobilInformations>(u"ownerStatement"_s, u"صورتحساب مالک"_s, u"iPersonID"_s)}});
+                                      statementOf<CTblAutomobilInformations>(u"ownerStatement"_s, u"صورتحساب مالک"_s, u"iPersonID"_s),
+                                      {.id = u"pictures"_s, .text = u"تصویرها"_s, .icon = u":/icons/picture.svg"_s, .form = cars, .run = [](qint32 car, QWidget *parent) { CDlgPictureViewer::Show(carKind, car, parent); }}}});
 }
 
 // A record of the overdue desk is an instalment: it opens the desk with all that is open of its contract.

@@ -4,7 +4,7 @@
 #include "suite/image/KStaticImage.h"
 
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/image/CDlgPicture.h"
+#include "suite/image/CDlgPictureViewer.h"
 #include "suite/image/PictureBoxReader.h"
 #include "suite/image/PictureOffer.h"
 #include "suite/utility/frame/KDialog.h"
@@ -28,27 +28,6 @@ namespace {
 
 constexpr int inset = 6;
 constexpr int largestIcon = 48;
-
-QString textOf(PictureIntake::Refusal refusal)
-{
-    switch (refusal) {
-    case PictureIntake::Refusal::Unreadable:
-        return u"فایل تصویر خوانده نشد."_s;
-    case PictureIntake::Refusal::TooManyBytes:
-        return u"اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد."_s
-            .arg(PictureIntake::maxBytes >> 20);
-    case PictureIntake::Refusal::WrongKind:
-        return u"این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید."_s;
-    case PictureIntake::Refusal::TooManyPixels:
-        return u"ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل)."_s
-            .arg(PictureIntake::maxPixels / PictureIntake::megapixel);
-    case PictureIntake::Refusal::Broken:
-        return u"این تصویر خراب است و خوانده نشد."_s;
-    case PictureIntake::Refusal::None:
-        break;
-    }
-    return {};
-}
 
 QAccessibleInterface *makeReader(const QString &, QObject *object)
 {
@@ -117,7 +96,7 @@ QString KStaticImage::stateText() const
 QString KStaticImage::tryResult(const PictureIntake::Result &result)
 {
     if (result.refusal != PictureIntake::Refusal::None)
-        return textOf(result.refusal);
+        return PictureIntake::reason(result.refusal);
     hold(result.bytes, result.image, true);
     Q_EMIT changed();
     return {};
@@ -144,6 +123,10 @@ QString KStaticImage::tryMimeData(const QMimeData &mimeData)
         return tryResult(PictureIntake::fromImage(offer.pixels()));
     }
     case PictureOffer::SeveralFiles:
+        if (m_taker) {
+            m_taker(offer.paths());
+            return {};
+        }
         return u"هر بار فقط یک تصویر پذیرفته می شود."_s;
     case PictureOffer::None:
         break;
@@ -166,6 +149,12 @@ bool KStaticImage::takeFile(const QString &path)
 bool KStaticImage::takeMimeData(const QMimeData *mimeData)
 {
     return !m_readOnly && mimeData && tell(tryMimeData(*mimeData));
+}
+
+void KStaticImage::replace(const QByteArray &bytes)
+{
+    hold(bytes, bytes.isEmpty() ? QImage() : PictureIntake::decode(bytes), true);
+    Q_EMIT changed();
 }
 
 bool KStaticImage::clear()
@@ -201,8 +190,12 @@ void KStaticImage::copy()
 
 void KStaticImage::showLarge()
 {
-    if (!m_image.isNull())
-        CDlgPicture(m_image, accessibleName(), this).exec();
+    if (m_image.isNull())
+        return;
+    if (m_viewer)
+        m_viewer();
+    else
+        CDlgPictureViewer({{{}, [this] { return m_bytes; }}}, accessibleName(), 0, this).exec();
 }
 
 void KStaticImage::activate()

@@ -10,6 +10,8 @@
 #include <QPen>
 #include <QWidget>
 
+#include <functional>
+
 class QMimeData;
 
 // The picture box of a record: shows one picture, takes another from a file, a paste or a drop, and holds the bytes that are
@@ -45,6 +47,13 @@ public:
 
     // Shows what the database holds; not a change, so changed() is not emitted.
     void load(const QByteArray &stored);
+
+    // Holds the bytes of a picture that was taken before; a change of the user's.
+    void replace(const QByteArray &bytes);
+
+    // Of a record with several pictures: what shows them all, and what takes several files at once. Without, one at a time.
+    void setViewer(std::function<void()> viewer) { m_viewer = std::move(viewer); }
+    void setTaker(std::function<void(const QStringList &paths)> taker) { m_taker = std::move(taker); }
 
     // The commands of the user; false when nothing was taken; the user has then been told why. Refused while read-only.
     bool takeFile(const QString &path);
@@ -97,6 +106,8 @@ private:
     QByteArray m_bytes;
     QImage m_image;
     QImage m_shown; // m_image in the dots of the screen
+    std::function<void()> m_viewer;
+    std::function<void(const QStringList &)> m_taker;
     bool m_modified = false;
     bool m_readOnly = false;
     bool m_dragOver = false;

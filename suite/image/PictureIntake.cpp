@@ -14,6 +14,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Refusal = PictureIntake::Refusal;
@@ -141,6 +143,27 @@ PictureIntake::Result written(const QImage &source)
     return result.bytes.isEmpty() ? refused(Refusal::Broken) : result;
 }
 
+}
+
+QString PictureIntake::reason(Refusal refusal)
+{
+    switch (refusal) {
+    case Refusal::Unreadable:
+        return u"فایل تصویر خوانده نشد."_s;
+    case Refusal::TooManyBytes:
+        return u"اندازه تصویر بیشتر از %1 مگابایت است و پذیرفته نشد."_s
+            .arg(maxBytes >> 20);
+    case Refusal::WrongKind:
+        return u"این فایل تصویر نیست یا از نوع پذیرفته شده نیست. لطفا تصویر JPEG یا PNG یا WebP انتخاب نمایید."_s;
+    case Refusal::TooManyPixels:
+        return u"ابعاد تصویر بیش از اندازه بزرگ است (سقف %1 مگاپیکسل)."_s
+            .arg(maxPixels / megapixel);
+    case Refusal::Broken:
+        return u"این تصویر خراب است و خوانده نشد."_s;
+    case Refusal::None:
+        break;
+    }
+    return {};
 }
 
 PictureIntake::Result PictureIntake::fromData(const QByteArray &data)

@@ -42,6 +42,9 @@ public:
     // that would need more is made smaller.
     static constexpr qint64 maxKeptBytes = qint64(3) * 1024 * 1024;
 
+    // For the user; empty for None.
+    static QString reason(Refusal refusal);
+
     // A whole file's contents, turned upright, scaled down and written anew.
     static Result fromData(const QByteArray &data);
     static Result fromFile(const QString &path);

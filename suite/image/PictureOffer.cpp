@@ -13,15 +13,12 @@ using namespace Qt::StringLiterals;
 PictureOffer::PictureOffer(const QMimeData &mimeData)
     : m_mimeData(mimeData)
 {
-    int files = 0;
     for (const QUrl &url : mimeData.urls()) {
-        if (!url.isLocalFile())
-            continue;
-        m_path = url.toLocalFile();
-        ++files;
+        if (url.isLocalFile())
+            m_paths.append(url.toLocalFile());
     }
-    if (files > 0) {
-        m_kind = files == 1 ? File : SeveralFiles;
+    if (!m_paths.isEmpty()) {
+        m_kind = m_paths.size() == 1 ? File : SeveralFiles;
         return;
     }
     for (const QString &format :

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QString>
+#include <QStringList>
 
 class QMimeData;
 
@@ -16,7 +17,7 @@ public:
     enum Kind {
         None,
         File,         // one file of this machine
-        SeveralFiles, // only one can be taken
+        SeveralFiles, // a box of one picture takes none of them
         Data,         // a whole picture file in memory
         Pixels
     };
@@ -25,13 +26,15 @@ public:
     explicit PictureOffer(const QMimeData &mimeData);
 
     Kind kind() const { return m_kind; }
-    QString path() const { return m_path; }
+    // The last of them where there are several.
+    QString path() const { return m_paths.isEmpty() ? QString() : m_paths.constLast(); }
+    const QStringList &paths() const { return m_paths; }
     QByteArray data() const;
     QImage pixels() const;
 
 private:
     const QMimeData &m_mimeData;
     Kind m_kind = None;
-    QString m_path;
+    QStringList m_paths;
     QString m_format;
 };

@@ -120,6 +120,7 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
         {u"archive"_s, u"بايگاني شد"_s, change | C::NeedsRow, [this] { archiveCar(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilInformationArchive"_s},
         {u"matchingDemands"_s, u"متقاضیان"_s, C::HiddenInSelect | C::NeedsRow | C::StartsGroup, [this] { showMatchingDemands(); }, {}, u":/icons/users.svg"_s, Access, u"AutomobilDemands"_s},
         recordCommand(u"contracts"_s, u"قراردادهای خودرو"_s, u":/icons/contract.svg"_s),
+        recordCommand(u"pictures"_s, u"تصویرها"_s, u":/icons/picture.svg"_s),
         recordCommand(u"prices"_s, u"تاریخچه قیمت"_s, u":/icons/history.svg"_s),
         recordCommand(u"whatIf"_s, u"برآورد معامله"_s, u":/icons/money.svg"_s),
         printCommand(C::StartsGroup),

@@ -6,11 +6,11 @@
 #include <QFileDialog>
 #include <QStandardPaths>
 
-QString ShowBrowseForFolder(QWidget *parent, const QString &prompt)
+QString ShowBrowseForFolder(QWidget *parent, const QString &prompt, const QString &begin)
 {
     QFileDialog dialog(parent, prompt);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog.setDirectory(begin.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) : begin);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

@@ -9,6 +9,6 @@
 
 class QWidget;
 
-// Asks for an existing folder, with the prompt as the window's title; begins in the
-// documents. Empty: cancelled.
-TZUTILITY_EXPORT QString ShowBrowseForFolder(QWidget *parent, const QString &prompt);
+// Asks for an existing folder, with the prompt as the window's title; begins in
+// that folder, or in the documents. Empty: cancelled.
+TZUTILITY_EXPORT QString ShowBrowseForFolder(QWidget *parent, const QString &prompt, const QString &begin = {});

@@ -11,9 +11,11 @@
 #include "auto/cars/fields/PersonGroup.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/changes/FieldRefused.h"
+#include "suite/accounting/attachments/RecordPictures.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"
+#include "suite/image/PictureStrip.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 #include "suite/utility/look/LookIcons.h"
@@ -140,6 +142,13 @@ void CDlgAddAutomobilInformation::goBackFor(const FieldRefused &refused)
 {
     m_base->refuse(refused.userMessage(), m_base->form()->control(refused.column()));
     throw GoneBack();
+RecordSaving::Parts<CTblAutomobilInformations> CDlgAddAutomobilInformation::parts(bool asNew)
+{
+    PictureStrip *strip = m_base->furtherPictures();
+    const RecordPictures::Change pictures = asNew ? strip->asNew() : strip->change();
+    return {.afterRow = [this, pictures](CTblAutomobilInformations &car, const KRowValues &) {
+        m_picturesChangedBy = RecordPictures::save(CTblAutomobilInformations::recordKind, car.m_iID, pictures, car.m_oPicture.data, car.database());
+    }};
 }
 
 void CDlgAddAutomobilInformation::save()
@@ -149,11 +158,21 @@ void CDlgAddAutomobilInformation::save()
     } catch (const FieldRefused &refused) {
         goBackFor(refused);
     }
+    const KWaitCursor wait;
+    RecordSaving::save(decision(pages()), parts(false));
 }
 
 int CDlgAddAutomobilInformation::saveAsNew()
 {
     return addRecord(pages(), parts());
+    const KWaitCursor wait;
+    return RecordSaving::saveAsNew(decision(pages()), parts(true));
+}
+
+void CDlgAddAutomobilInformation::saved()
+{
+    if (!m_picturesChangedBy.isEmpty())
+        g_pDlgMessage->Show(u"%1 تصویرهای این خودرو را در این میان تغییر داده است. تغییر هر دو ذخیره شد."_s.arg(m_picturesChangedBy), this);
 }
 
 QString CDlgAddAutomobilInformation::recordName() const

@@ -42,12 +42,15 @@ protected:
     [[nodiscard]] bool validatePages() override;
     void save() override;
     [[nodiscard]] int saveAsNew() override;
+    void saved() override;
     QString recordName() const override;
     QString rightsForm() const override;
     [[nodiscard]] bool takeOutOfArchive() override;
 
 private:
     void offerMore();
+    // What is saved along with the row. asNew: of a car that has none yet.
+    RecordSaving::Parts<CTblAutomobilInformations> parts(bool asNew);
     QList<CarEditorPage *> pages() const;
     RecordSaving::Parts<CTblAutomobilInformations> parts() const;
     // Shows why, at its field. Throws GoneBack.
@@ -56,6 +59,7 @@ private:
     bool checkEntries();
     bool checkParties();
 
+    QString m_picturesChangedBy; // another desk, while the window was open; empty: nobody
     CDlgAddAutomobilInformationBase *m_base = nullptr;
     CDlgAddAutomobilInformationSales *m_sale = nullptr;
     QPushButton *m_demands = nullptr;

@@ -17,6 +17,7 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "suite/accounting/twins/TwinNote.h"
 #include "suite/image/KStaticImage.h"
+#include "suite/image/PictureStrip.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KStepArrows.h"
@@ -31,6 +32,7 @@
 
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -109,9 +111,12 @@ QWidget *CDlgAddAutomobilInformationBase::buildPicture(QWidget *content)
     auto *box = new QGroupBox(content);
     m_picture = new KStaticImage(box);
     m_picture->setAccessibleName(u"عکس"_s);
-    auto *middle = new QVBoxLayout(box);
-    middle->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
-    middle->addWidget(m_picture, 0, Qt::AlignCenter);
+    m_furtherPictures = new PictureStrip(m_picture, box);
+    auto *line = new QHBoxLayout(box);
+    line->setContentsMargins(LookSizes::cardPadding, LookSizes::unit, LookSizes::cardPadding, LookSizes::unit);
+    line->setSpacing(LookSizes::gutter);
+    line->addWidget(m_picture, 0, Qt::AlignCenter);
+    line->addWidget(m_furtherPictures, 1);
     return box;
 }
 
@@ -187,6 +192,8 @@ void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)
     m_plateKind->setEnabled(!isShowMode());
     LoadKStaticImageFromLongBinary(*m_picture, car.m_oPicture);
     m_picture->setReadOnly(isShowMode());
+    m_furtherPictures->load(CTblAutomobilInformations::recordKind, car.m_iID);
+    m_furtherPictures->setReadOnly(isShowMode());
     m_archiveLine->showArchived(car);
     m_archiveLine->setVisible(car.m_iArchiveUserID != 0);
     for (TwinNote *twin : std::as_const(m_twins))

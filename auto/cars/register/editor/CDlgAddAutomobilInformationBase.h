@@ -11,6 +11,7 @@ class CatalogFields;
 class ItemFields;
 class KStaticImage;
 class PersonGroup;
+class PictureStrip;
 class PlateKindBox;
 class PlatePicture;
 class TwinNote;
@@ -38,6 +39,7 @@ public:
     KForm *form() const override { return m_form; }
     PersonGroup *owner() const { return m_owner; }
     KStaticImage *picture() const { return m_picture; }
+    PictureStrip *furtherPictures() const { return m_furtherPictures; }
     PlatePicture *plate() const { return m_plate; }
     PlateKindBox *plateKind() const { return m_plateKind; }
     // The hint beside a VIN that looks wrong; empty otherwise.
@@ -62,6 +64,7 @@ private:
     KForm *m_form = nullptr;
     PersonGroup *m_owner = nullptr;
     KStaticImage *m_picture = nullptr;
+    PictureStrip *m_furtherPictures = nullptr;
     CatalogFields *m_catalog = nullptr;
     ItemFields *m_items = nullptr;
     ArchiveLine *m_archiveLine = nullptr;

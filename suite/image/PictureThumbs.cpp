@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "suite/image/PictureThumbs.h"
+
+#include "suite/image/PictureOffer.h"
+#include "suite/utility/frame/KDialog.h"
+#include "suite/utility/look/HostColors.h"
+#include "suite/utility/look/LookIcons.h"
+#include "suite/utility/look/LookSizes.h"
+
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+PictureThumbs::PictureThumbs(QWidget *parent)
+    : QListWidget(parent)
+{
+    setFlow(QListView::LeftToRight);
+    setWrapping(true);
+    setResizeMode(QListView::Adjust);
+    setUniformItemSizes(true);
+    setIconSize(pictureSize());
+    setGridSize(pictureSize() + QSize(LookSizes::unit, LookSizes::unit));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setEditTriggers(NoEditTriggers);
+    setProperty(KDialog::actsOnEnter, true);
+    setProperty(KDialog::followsSelection, true);
+    connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem *item) { Q_EMIT openAsked(row(item)); });
+}
+
+QSize PictureThumbs::pictureSize()
+{
+    return {LookSizes::scaled(76), LookSizes::scaled(57)};
+}
+
+void PictureThumbs::setArranged(bool arranged)
+{
+    m_arranged = arranged;
+    setDragEnabled(arranged);
+    setAcceptDrops(arranged);
+    setDropIndicatorShown(arranged);
+    setDragDropMode(arranged ? DragDrop : NoDragDrop);
+    setDefaultDropAction(Qt::MoveAction);
+}
+
+void PictureThumbs::setHint(const QString &hint)
+{
+    m_hint = hint;
+    viewport()->update();
+}
+
+QIcon PictureThumbs::iconOf(const QImage &image) const
+{
+    const qreal ratio = devicePixelRatioF();
+    QPixmap pixmap = QPixmap::fromImage(image.scaled(pictureSize() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    pixmap.setDevicePixelRatio(ratio);
+    QIcon icon(pixmap);
+    // Not tinted where it is selected: the cell's ground says so.
+    icon.addPixmap(pixmap, QIcon::Selected);
+    return icon;
+}
+
+QIcon PictureThumbs::noPicture() const
+{
+    return LookIcons::icon(u":/icons/picture.svg"_s);
+}
+
+// Two rows, of which one may do.
+QSize PictureThumbs::sizeHint() const
+{
+    const int frame = 2 * frameWidth();
+    return {3 * gridSize().width() + verticalScrollBar()->sizeHint().width() + frame, 2 * gridSize().height() + frame};
+}
+
+QSize PictureThumbs::minimumSizeHint() const
+{
+    return sizeHint() - QSize(gridSize().width(), gridSize().height());
+}
+
+// Its own keys come to it even where the window around it has a shortcut on them.
+bool PictureThumbs::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool shifts = key->modifiers().testFlag(Qt::ControlModifier) && (key->key() == Qt::Key_Left || key->key() == Qt::Key_Right);
+        if (shifts || key->matches(QKeySequence::Paste) || key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Delete)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QListWidget::event(event);
+}
+
+void PictureThumbs::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    const int at = currentRow();
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool isCtrl = (event->modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+    if (event->matches(QKeySequence::Paste))
+        Q_EMIT pasteAsked();
+    else if (event->matches(QKeySequence::Undo))
+        Q_EMIT undoAsked();
+    else if (event->matches(QKeySequence::Delete) && at >= 0)
+        Q_EMIT removeAsked(at);
+    else if (isPlain && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) && at >= 0)
+        Q_EMIT openAsked(at);
+    else if (isCtrl && (key == Qt::Key_Left || key == Qt::Key_Right) && at >= 0)
+        Q_EMIT shiftAsked(at, key == Qt::Key_Left ? 1 : -1);
+    else if (isCtrl && key == Qt::Key_Home && at >= 0)
+        Q_EMIT makeFirstAsked(at);
+    else
+        QListWidget::keyPressEvent(event);
+}
+
+// As one reads, also from the end of one row to the beginning of the next.
+QModelIndex PictureThumbs::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    if (action != MoveLeft && action != MoveRight)
+        return QListWidget::moveCursor(action, modifiers);
+    const int by = (action == MoveLeft) == (layoutDirection() == Qt::RightToLeft) ? 1 : -1;
+    const QModelIndex next = model()->index(currentRow() + by, 0);
+    return next.isValid() ? next : currentIndex();
+}
+
+void PictureThumbs::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Mouse)
+        setCurrentItem(itemAt(event->pos()));
+    const QListWidgetItem *item = currentItem();
+    const QPoint place = item ? visualItemRect(item).center() : rect().center();
+    Q_EMIT menuAsked(event->reason() == QContextMenuEvent::Mouse ? event->globalPos() : viewport()->mapToGlobal(place));
+}
+
+void PictureThumbs::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (isOwn(event))
+        event->acceptProposedAction();
+    else if (m_arranged && PictureOffer(*event->mimeData()).kind() != PictureOffer::None) {
+        // Copied, never moved: the source of the drag keeps what it offered.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void PictureThumbs::dragMoveEvent(QDragMoveEvent *event)
+{
+    dragEnterEvent(static_cast<QDragEnterEvent *>(event));
+}
+
+// The one whose nearer half begins behind that place, as one reads.
+int PictureThumbs::rowBefore(const QPoint &place) const
+{
+    const QListWidgetItem *item = itemAt(place);
+    if (!item)
+        return count();
+    const bool isSecondHalf = (place.x() < visualItemRect(item).center().x()) == (layoutDirection() == Qt::RightToLeft);
+    return row(item) + (isSecondHalf ? 1 : 0);
+}
+
+void PictureThumbs::dropEvent(QDropEvent *event)
+{
+    if (isOwn(event)) {
+        // Asked for, not moved: the view is not to take the cell away afterwards.
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        Q_EMIT moveAsked(currentRow(), rowBefore(event->position().toPoint()));
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT offered(event->mimeData());
+}
+
+void PictureThumbs::paintEvent(QPaintEvent *event)
+{
+    QListWidget::paintEvent(event);
+    if (count() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(HostColors::of(HostColors::Role::Hint));
+    painter.drawText(viewport()->rect().adjusted(LookSizes::unit, 0, -LookSizes::unit, 0), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
+}
