@@ -3,10 +3,14 @@
 
 #include "auto/today/AutoToday.h"
 
+#include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblAutomobilDemands.h"
+#include "auto/db/CTblAutomobilInformations.h"
 #include "auto/settings/ContractSettings.h"
 #include "auto/today/LotToday.h"
 #include "auto/today/MoneyToday.h"
 #include "auto/today/MonthsToday.h"
+#include "suite/treasury/subjects/TreasuryToday.h"
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +20,15 @@ template <TodayContent (*content)(const TodayFrame &)>
 QList<TodayContent> only(const TodayFrame &frame)
 {
     return {content(frame)};
+}
+
+// What a planned note is about, where that is a record of the dealership.
+QList<std::pair<int, KSql>> noteNames()
+{
+    return {{CTblAutomobilContracts::recordKind, "(SELECT CONCAT('قرارداد ',IF(c.iNum<>0,c.iNum,c.iCode)) FROM AutomobilContracts c WHERE c.iID=f.iRecordID)"},
+            {CTblAutomobilInformations::recordKind, "(SELECT CONCAT_WS(' ',b.sName,m.sName) FROM AutomobilInformations a LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m "
+                                                    "ON m.iID=a.iModel WHERE a.iID=f.iRecordID)"},
+            {CTblAutomobilDemands::recordKind, "(SELECT CONCAT('تقاضای ',p.sName2) FROM AutomobilDemands d JOIN Persons p ON p.iID=d.iPersonID WHERE d.iID=f.iRecordID)"}};
 }
 
 QList<TodaySource> sources()
@@ -68,6 +81,8 @@ QList<TodaySource> sources()
 
 AutoToday::AutoToday()
 {
+    for (const auto &[kind, name] : noteNames())
+        TreasuryToday::nameNotesAbout(kind, name);
     for (const TodaySource &source : sources())
         TodayCards::enter(source);
     TodayCards::setFigures(u"AutomobilContracts"_s, &MonthsToday::read);
@@ -76,6 +91,8 @@ AutoToday::AutoToday()
 // The functions that they hold are the module's.
 AutoToday::~AutoToday()
 {
+    for (const auto &[kind, name] : noteNames())
+        TreasuryToday::nameNotesAbout(kind, {});
     for (const TodaySource &source : sources())
         TodayCards::remove(source.cards.constFirst().id);
     TodayCards::setFigures({}, {});

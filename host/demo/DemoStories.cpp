@@ -26,7 +26,12 @@ struct Said
 constexpr Said aboutCars[] = {
     {21, CTblFollowUps::call, u"مالک گفت تا پنج درصد پایین می‌آید", -1},
     {9, CTblFollowUps::note, u"لاستیک‌ها تازه عوض شده؛ فاکتور را می‌آورد", -1},
+};
+
+// One each, of the newest cars.
+constexpr Said planned[] = {
     {2, CTblFollowUps::call, u"خریدار پس‌فردا برای کارشناسی می‌آید", 0},
+    {1, CTblFollowUps::note, u"سند را از مالک بگیرم", 0},
 };
 
 void say(int recordKind, int recordID, const Said &said, int userID, const QDate &lastDay, int database)
@@ -64,11 +69,14 @@ void DemoStories::write(int cars, int userID, const QDate &lastDay, int database
     car.m_filter = KSql::formatted("bSold=0 AND dAmount>0 AND dateCreate<%1", DateToSQL(lastDay.addDays(-30).startOfDay(Qt::UTC)));
     car.m_sort = "iID DESC";
     car.SetLimit(cars);
+    std::size_t plans = 0;
     for (car.Open(false, true, true); !car.IsEOF(); car.MoveNext()) {
         lowerPrice(car.m_iID, car.m_dAmount * 1.04, 18, car.m_dAmount * 1.1, userID, lastDay, database);
         lowerPrice(car.m_iID, car.m_dAmount, 6, car.m_dAmount * 1.04, userID, lastDay, database);
         for (const Said &said : aboutCars)
             say(CTblAutomobilInformations::recordKind, car.m_iID, said, userID, lastDay, database);
+        if (plans < std::size(planned))
+            say(CTblAutomobilInformations::recordKind, car.m_iID, planned[plans++], userID, lastDay, database);
         if (car.m_iPersonID > 0)
             say(RecordKind::Person, car.m_iPersonID, {4, CTblFollowUps::call, u"شماره تازه‌اش را داد", -1}, userID, lastDay, database);
     }

@@ -9,6 +9,8 @@
 #include "suite/treasury/cheques/ChequesDue.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 
+#include <QMap>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -76,26 +78,51 @@ TodayContent cashBox(const TodayFrame &frame)
     return content;
 }
 
-// A note on a person says whose it is, any other one what it is.
-KSql plannedNotes(const TodayFrame &frame)
+// What a note is about, by the kind of its record.
+using NoteNames = QMap<int, KSql>;
+
+NoteNames &noteNames()
 {
-    return KSql::formatted("SELECT f.iID,f.datePromised,f.sNote,COALESCE(p.sName2,IF(f.iKind=%1,%2,%3)) about,COUNT(*) OVER() found FROM FollowUps f LEFT JOIN Persons p "
-                           "ON f.iTable=%4 AND p.iID=f.iRecordID WHERE ",
-                           int(CTblFollowUps::call), KSql::quoted(CTblFollowUps::kindName(CTblFollowUps::call)), KSql::quoted(CTblFollowUps::kindName(CTblFollowUps::note)), int(RecordKind::Person))
+    static NoteNames names{{RecordKind::Person, "(SELECT p.sName2 FROM Persons p WHERE p.iID=f.iRecordID)"}};
+    return names;
+}
+
+KSql plannedNotes(const TodayFrame &frame, const NoteNames &names)
+{
+    KSql about = "CASE f.iTable";
+    for (auto name = names.cbegin(); name != names.cend(); ++name)
+        about += KSql::formatted(" WHEN %1 THEN ", name.key()) + name.value();
+    const KSql kind = KSql::formatted("IF(f.iKind=%1,%2,%3)", int(CTblFollowUps::call), KSql::quoted(CTblFollowUps::kindName(CTblFollowUps::call)), KSql::quoted(CTblFollowUps::kindName(CTblFollowUps::note)));
+    return "SELECT f.iID,f.datePromised,f.sNote,COALESCE(NULLIF(" + about + " END,'')," + kind + ") about,COUNT(*) OVER() found FROM FollowUps f WHERE "
         + CTblFollowUps::planned(frame.userID, frame.begin(1)) + KSql::formatted(" ORDER BY f.datePromised,f.iID LIMIT %1", int(TodayContent::mostLines));
+}
+
+// The names are copied: the day is read on a thread of its own.
+void enterNotes()
+{
+    TodayPlans::add({.card = {.id = u"notes"_s, .title = u"تماس‌ها و یادداشت‌های امروز"_s, .icon = u":/icons/edit.svg"_s, .column = TodayCard::People, .rank = 1, .countText = u"%1 تماس و یادداشت"_s},
+                     .table = u"FollowUps"_s,
+                     .select = [names = noteNames()](const TodayFrame &frame) { return plannedNotes(frame, names); }});
 }
 
 }
 
 void TreasuryToday::enter()
 {
-    TodayPlans::add({.card = {.id = u"notes"_s, .title = u"تماس‌ها و یادداشت‌های امروز"_s, .icon = u":/icons/edit.svg"_s, .column = TodayCard::People, .rank = 1, .countText = u"%1 تماس و یادداشت"_s},
-                     .table = u"FollowUps"_s,
-                     .select = &plannedNotes});
+    enterNotes();
     TodayCards::enter({.form = u"Cheques"_s,
                        .cards = {{.id = u"cheques"_s, .title = u"چک‌های سررسید"_s, .icon = u":/icons/receipt.svg"_s, .column = TodayCard::Money, .rank = 1, .emptyText = u"تا یک هفته دیگر چکی سررسید نمی‌شود."_s, .countText = u"%1 چک سررسید"_s}},
                        .read = [](const TodayFrame &frame) { return QList{cheques(frame)}; }});
     TodayCards::enter({.form = u"Receipts"_s,
                        .cards = {{.id = u"cash"_s, .title = u"موجودی صندوق و بانک"_s, .icon = u":/icons/money.svg"_s, .column = TodayCard::Figures, .rank = 1, .emptyText = u"هنوز پولی دریافت یا پرداخت نشده است."_s}},
                        .read = [](const TodayFrame &frame) { return QList{cashBox(frame)}; }});
+}
+
+void TreasuryToday::nameNotesAbout(int recordKind, const KSql &name)
+{
+    if (name.isEmpty())
+        noteNames().remove(recordKind);
+    else
+        noteNames().insert(recordKind, name);
+    enterNotes();
 }

@@ -295,7 +295,7 @@ void TestAutoToday::plannedCallsStandBelowTheReminders()
     QStringList lines;
     for (const TodayLine &line : notes.lines)
         lines.append(u"%1|%2|%3|%4"_s.arg(line.table, line.name, line.line, line.chip));
-    QCOMPARE(lines, (QStringList{u"FollowUps|سند را بگیرم|یادداشت|4 روز گذشته"_s, u"FollowUps|امروز زنگ بزنم|مریم کریمی|امروز"_s}));
+    QCOMPARE(lines, (QStringList{u"FollowUps|سند را بگیرم|قرارداد 1|4 روز گذشته"_s, u"FollowUps|امروز زنگ بزنم|مریم کریمی|امروز"_s}));
     QCOMPARE(notes.count, 2);
     const TodayContent reminders = card(u"reminders"_s);
     QCOMPARE(reminders.count, 1);
