@@ -12,23 +12,19 @@
 #include "suite/accounting/bin/RowDeleting.h"
 #include "suite/accounting/lists/CDlgListColumns.h"
 #include "suite/accounting/lists/KListBar.h"
+#include "suite/accounting/lists/KListFoot.h"
 #include "suite/accounting/lists/KListRows.h"
-#include "suite/accounting/lists/ListSums.h"
 #include "suite/accounting/lists/RowArchiving.h"
 #include "suite/accounting/lists/SavedFilterMenu.h"
 #include "suite/accounting/lists/SavedFilterText.h"
 #include "suite/accounting/office/CDBSetting.h"
-#include "suite/accounting/office/Placeholders.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
-#include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
 #include "suite/utility/look/LookSizes.h"
-#include "suite/utility/values/Money.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QShortcut>
@@ -54,7 +50,7 @@ void KListPage::setSelectMode(bool on, int preselectedKey)
 {
     m_selectMode = on;
     // Who chooses one row marks no others.
-    if (m_sums)
+    if (m_foot && m_foot->hasSums())
         m_list->setSelectionMode(on ? QAbstractItemView::SingleSelection : QAbstractItemView::ExtendedSelection);
     m_chosenKey = preselectedKey;
     filters().setSelectMode(on);
@@ -63,6 +59,7 @@ void KListPage::setSelectMode(bool on, int preselectedKey)
 void KListPage::build()
 {
     m_traits = traits();
+    m_asking.setHasPlaceholders(m_traits.hasPlaceholders);
     m_columnTable = m_readTable = columnTable();
     const QVector<KListModel::Column> columns = KListRows::shown(m_columnTable, records());
     m_order = KListOrder(m_section, columns, {defaultSort(), m_traits.emptySort, defaultLastColumn()});
@@ -100,6 +97,8 @@ void KListPage::buildCard()
     }
     m_empty = new KEmptyState(m_list);
     connect(m_empty, &KEmptyState::pressed, this, [this] { guarded([this] { mendEmptiness(); }); });
+    m_foot = new KListFoot(m_card, m_list, m_traits);
+    connect(m_foot, &KListFoot::mendAsked, this, [this] { guarded([this] { mendEmptiness(); }); });
 }
 
 void KListPage::connectList()
@@ -137,11 +136,11 @@ void KListPage::buildBar()
 void KListPage::takeFilter(const QString &kept)
 {
     const SavedFilterText::Read read = SavedFilterText::read(filters().filters(), kept);
-    m_request = {};
+    m_asking.setRequest({});
     m_filterBox->setRequested({});
     m_bar->widen();
     const bool isWhole = filters().enter(read.values) && !read.isPartly;
-    m_hasFurtherRows.reset();
+    m_asking.forgetFurtherRows();
     search();
     if (!isWhole)
         g_pDlgMessage->Show(u"برخی از شرط‌های این فیلتر دیگر در این فهرست نیست و به کار نرفت."_s, this);
@@ -178,8 +177,8 @@ void KListPage::showOtherColumns()
     takeShownColumns();
     if (m_filledWith)
         guarded([this] { fillInPlace(*m_filledWith); });
-    else if (m_sums)
-        m_sums->refresh();
+    else
+        m_foot->refreshSums();
 }
 
 void KListPage::buildFilterBox()
@@ -208,7 +207,7 @@ void KListPage::searchInPlace()
         return;
     guarded([this] {
         takeDatabaseState();
-        m_hasFurtherRows.reset();
+        m_asking.forgetFurtherRows();
         fillInPlace(asked());
         m_filterBox->takeConditions();
     });
@@ -220,7 +219,7 @@ void KListPage::refresh()
         return;
     guarded([this] {
         takeDatabaseState();
-        m_hasFurtherRows.reset();
+        m_asking.forgetFurtherRows();
         if (m_filledWith)
             fillInPlace(*m_filledWith);
     });
@@ -298,8 +297,8 @@ void KListPage::open()
     firstFill();
     if (m_selectMode)
         selectListed(m_chosenKey);
-    else if (m_request.selected > 0)
-        selectListed(m_request.selected);
+    else if (request().selected > 0)
+        selectListed(request().selected);
     setFocus(Qt::OtherFocusReason);
 }
 
@@ -432,95 +431,63 @@ KSql KListPage::filterClauses() const
 
 KSql KListPage::asked() const
 {
-    const KSql clauses = filterClauses();
-    if (m_request.condition.isEmpty())
-        return clauses;
-    // Before the filter, which may end by grouping the rows.
-    const KSql condition = "(" + m_request.condition + ")";
-    return clauses.isEmpty() ? condition : condition + " AND " + clauses.withoutStart(" AND ");
+    return m_asking.asked(filterClauses());
 }
 
 void KListPage::setRequest(const KListRequest &request)
 {
-    m_request = request;
-    m_filterBox->setRequested(m_request.conditionText);
+    m_asking.setRequest(request);
+    m_filterBox->setRequested(request.conditionText);
     if (!m_opened)
         return;
     guarded([this] {
         m_bar->widen();
         takeRequest();
-        m_hasFurtherRows.reset();
+        m_asking.forgetFurtherRows();
         refill();
-        selectListed(m_request.selected);
+        selectListed(this->request().selected);
     });
 }
 
 // A list that is asked for some of its records hides none of them behind a filter that the request does not name.
 void KListPage::takeRequest()
 {
-    if (m_request.filters.isEmpty() && m_request.condition.isEmpty())
+    if (request().filters.isEmpty() && request().condition.isEmpty())
         return;
     filters().widen();
-    for (auto value = m_request.filters.cbegin(); value != m_request.filters.cend(); ++value)
+    for (auto value = request().filters.cbegin(); value != request().filters.cend(); ++value)
         filters().set(value.key(), value.value());
 }
 
 void KListPage::dropRequestedCondition()
 {
-    m_request = {};
+    m_asking.setRequest({});
     m_filterBox->setRequested({});
     guarded([this] {
-        m_hasFurtherRows.reset();
+        m_asking.forgetFurtherRows();
         refill();
     });
-}
-
-// What the list adds to its filter stands before it: a filter may end by grouping the rows.
-KSql KListPage::listed(KMySQL &records, const KSql &filter) const
-{
-    if (!m_traits.hasPlaceholders)
-        return filter;
-    const std::vector<KMySQL::Column> &columns = records.columns();
-    const auto joined = std::ranges::find_if(columns, [](const KMySQL::Column &column) { return column.name.endsWith(u".iID"); });
-    const KSql saved = Placeholders::none(records.GetTableName(), joined == columns.cend() ? QString() : joined->name);
-    return filter.isEmpty() ? saved : saved + " AND " + filter;
 }
 
 QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
 {
     KMySQL &set = records();
-    set.m_filter = listed(set, filter);
-    set.m_sort = KSql::order(m_order.sort());
-    set.SetLimit(rowLimit());
-    set.Open(true, true, true);
+    m_asking.open(set, filter, KSql::order(m_order.sort()), rowLimit());
     beginRows();
     QVector<KListModel::Row> rows = makeRows(set);
     completeRows(rows);
-    m_isTableEmpty = rows.isEmpty() && !hasFurtherRows(set);
-    if (!rows.isEmpty() && m_hasFurtherRows)
-        m_hasFurtherRows = true;
-    m_leftOut = rowLimit() > 0 && set.GetRecordsCount() >= rowLimit() ? set.CountMatching() - rows.size() : 0;
+    m_isTableEmpty = rows.isEmpty() && !hasFurtherRows();
+    if (!rows.isEmpty())
+        m_asking.noteRows();
+    m_leftOut = KListAsking::leftOut(set, rows.size(), rowLimit());
     // The rows hold all that the list shows; the record set need not keep a second copy of them.
     set.Close();
     return rows;
 }
 
-// Whether the list would show rows with another filter. Asked once until the list is read anew: a search that finds nothing may
-// be one of many, letter by letter. Where it cannot be told, the filter is what the user can change.
-bool KListPage::hasFurtherRows(KMySQL &records)
+bool KListPage::hasFurtherRows()
 {
-    const KSql widest = filters().widestCondition(GetDBSetting()->GetUserID());
-    if (m_request.condition.isEmpty() && (filters().filters().isEmpty() || filterClauses() == widest))
-        return false;
-    if (m_hasFurtherRows)
-        return *m_hasFurtherRows;
-    try {
-        records.m_filter = listed(records, widest);
-        m_hasFurtherRows = records.CountMatching() > 0;
-    } catch (const CMySQLException &) {
-        return true;
-    }
-    return *m_hasFurtherRows;
+    return m_asking.hasFurtherRows(records(), filterClauses(), filters().widestCondition(GetDBSetting()->GetUserID()), !filters().filters().isEmpty());
 }
 
 QVector<KListModel::Row> KListPage::makeRows(KMySQL &records)
@@ -571,48 +538,43 @@ void KListPage::emptyList()
 
 void KListPage::updateCount()
 {
-    QString text = SuiteMessages::count(m_list->count());
-    if (m_leftOut > 0 && !m_bar->isNarrowed())
-        text += u" از "_s + DToMoney(static_cast<double>(m_list->count() + m_leftOut), 0);
-    m_count->setText(text);
+    m_foot->tellRows(m_bar->isNarrowed() ? 0 : m_leftOut);
     m_bar->updateFound();
-    if (m_sums)
-        m_sums->refresh();
     if (m_traits.hasOwnTotals)
         showTotals(m_list->listModel()->rows());
     updateEmptyState();
 }
 
-// Not for a list that has not been filled: nobody knows what is in its table.
+// None for a list that has not been filled: nobody knows what is in its table.
+KListFoot::Emptiness KListPage::emptiness() const
+{
+    using Emptiness = KListFoot::Emptiness;
+    if (!m_filledWith || m_list->count() > 0)
+        return Emptiness::None;
+    if (m_list->listModel()->allRows() > 0)
+        return Emptiness::Narrowed;
+    return m_isTableEmpty ? Emptiness::Bare : Emptiness::Filtered;
+}
+
 void KListPage::updateEmptyState()
 {
-    const bool isEmpty = m_filledWith && m_list->count() == 0;
-    const KListCommand *adding = m_commands->adding();
-    if (!isEmpty)
-        m_empty->dismiss();
-    else if (m_list->listModel()->allRows() > 0)
-        m_empty->say(u":/icons/search.svg"_s, u"در ردیف‌های این فهرست یافت نشد."_s, u"نمایش همه ردیف‌ها"_s, u":/icons/filter.svg"_s);
-    else if (!m_isTableEmpty)
-        m_empty->say(u":/icons/search.svg"_s, u"با این فیلتر چیزی یافت نشد."_s, u"پاک کردن فیلتر"_s, u":/icons/filter.svg"_s);
-    else if (adding)
-        m_empty->say(m_traits.emptyIcon, m_traits.emptyText, adding->caption, adding->icon);
-    else
-        m_empty->say(m_traits.emptyIcon, m_traits.emptyText);
+    m_foot->tellEmptiness(emptiness(), m_commands->adding());
 }
 
 // What a list's own reset keeps may be what leaves nothing over.
 void KListPage::mendEmptiness()
 {
-    if (m_list->listModel()->allRows() > 0)
+    const KListFoot::Emptiness reason = emptiness();
+    if (reason == KListFoot::Emptiness::Narrowed)
         return m_bar->widen();
-    if (m_isTableEmpty) {
+    if (reason == KListFoot::Emptiness::Bare) {
         if (const KListCommand *adding = m_commands->adding())
             m_commands->run(adding->id);
         return;
     }
     resetFilter();
     refill();
-    if (m_list->listModel()->allRows() == 0 && !m_isTableEmpty) {
+    if (emptiness() == KListFoot::Emptiness::Filtered) {
         filters().widen();
         refill();
     }
@@ -688,12 +650,12 @@ void KListPage::recordDeleted(int key)
     m_list->removeKey(key);
     restoreSelection(row);
     m_exchangingRows = false;
-    m_hasFurtherRows.reset();
+    m_asking.forgetFurtherRows();
     updateCommands();
     updateCount();
     if (m_list->listModel()->allRows() > 0)
         return;
-    m_isTableEmpty = !hasFurtherRows(records());
+    m_isTableEmpty = !hasFurtherRows();
     updateEmptyState();
 }
 
@@ -725,7 +687,7 @@ void KListPage::guarded(const std::function<void()> &work)
 
 QString KListPage::countText() const
 {
-    return m_count->text();
+    return m_foot->countText();
 }
 
 bool KListPage::OnAccess()

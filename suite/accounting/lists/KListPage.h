@@ -4,12 +4,13 @@
 #pragma once
 
 #include "suite/accounting/lists/KFilterForm.h"
+#include "suite/accounting/lists/KListAsking.h"
 #include "suite/accounting/lists/KListColumn.h"
 #include "suite/accounting/lists/KListCommands.h"
 #include "suite/accounting/lists/KListFilterBox.h"
+#include "suite/accounting/lists/KListFoot.h"
 #include "suite/accounting/lists/KListOrder.h"
 #include "suite/accounting/lists/KListPrinting.h"
-#include "suite/accounting/lists/KListRequest.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 
@@ -25,10 +26,8 @@ class KExtListCtrl;
 class KListBar;
 class KListCard;
 class KMySQL;
-class ListSums;
 class SavedFilterMenu;
 class QGridLayout;
-class QLabel;
 class QPushButton;
 
 // What the archive command of a list says and asks for.
@@ -65,7 +64,7 @@ public:
     // What the list shows first, before it is first shown or after; the page then opens as asked, and where it is open, is filled anew.
     void setRequest(const KListRequest &request);
     // What is asked besides the filters; empty words where nothing is.
-    const KListRequest &request() const { return m_request; }
+    const KListRequest &request() const { return m_asking.request(); }
     // Takes that condition away; the rows are read anew.
     void dropRequestedCondition();
 
@@ -101,7 +100,7 @@ public:
     // Null for a list whose filter the user cannot change.
     SavedFilterMenu *savedFilters() const { return m_savedFilters; }
     // What the list says instead of rows; hidden while it has some.
-    KEmptyState *emptyState() const { return m_empty; }
+    KEmptyState *emptyState() const { return m_foot->emptyState(); }
     QString countText() const;
     QString sortExpression() const { return m_order.sort(); }
     // 0: no limit.
@@ -215,12 +214,12 @@ private:
     void updateCommands();
     void sortBy(int column);
     KMySQL &records();
-    KSql listed(KMySQL &records, const KSql &filter) const;
     QVector<KListModel::Row> readRows(const KSql &filter);
     QVector<KListModel::Row> makeRows(KMySQL &records);
     void restoreSelection(int rememberedRow);
     void updateCount();
-    bool hasFurtherRows(KMySQL &records);
+    bool hasFurtherRows();
+    KListFoot::Emptiness emptiness() const;
     void updateEmptyState();
     void mendEmptiness();
 
@@ -232,11 +231,10 @@ private:
     bool m_opened = false;
     bool m_exchangingRows = false;
     int m_chosenKey = 0;
-    KListRequest m_request;
-    std::optional<KSql> m_filledWith;     // the filter of the rows; none while there are none to refresh
-    qint64 m_leftOut = 0;                 // rows that the limit kept out
-    bool m_isTableEmpty = false;          // the last fill found no row with any filter
-    std::optional<bool> m_hasFurtherRows; // what the database said about that; none until it is asked
+    KListAsking m_asking;
+    std::optional<KSql> m_filledWith; // the filter of the rows; none while there are none to refresh
+    qint64 m_leftOut = 0;             // rows that the limit kept out
+    bool m_isTableEmpty = false;      // the last fill found no row with any filter
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
     QList<KListColumn> m_columnTable;
@@ -248,7 +246,6 @@ private:
     KListCard *m_card = nullptr;
     SavedFilterMenu *m_savedFilters = nullptr;
     KListCommands *m_commands = nullptr;
-    QLabel *m_count = nullptr;
-    ListSums *m_sums = nullptr; // of a list with columns that sum
-    KEmptyState *m_empty = nullptr;
+    KListCard *m_card = nullptr;
+    KListFoot *m_foot = nullptr;
 };
