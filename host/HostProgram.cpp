@@ -23,6 +23,8 @@
 #include "host/frame/HostLog.h"
 #include "host/frame/HostLook.h"
 #include "host/desk/MainWindow.h"
+#include "host/manual/ManualPages.h"
+#include "host/manual/ManualPaper.h"
 #include "host/start/OfficeServer.h"
 #include "host/server/ServerDamage.h"
 #include "host/server/ServerLog.h"
@@ -100,6 +102,15 @@ void tellFailure()
     }
 }
 
+int writeManual(const QString &path)
+{
+    const bool written = ManualPaper::writePdf(ManualPages(), path);
+    HostLog::stop();
+    if (!written)
+        std::fprintf(stderr, "tzhost: cannot write %s\n", qUtf8Printable(path));
+    return written ? 0 : exitFailed;
+}
+
 }
 
 int HostProgram::start(int argc, char **argv)
@@ -123,7 +134,7 @@ int HostProgram::start(int argc, char **argv)
     }
 
     // Nothing is shown, and there may be no screen.
-    if (options.rebuildSearch && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if ((options.rebuildSearch || !options.manualPdf.isEmpty()) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     HostLog::collect();
     KApplication application(argc, argv);
@@ -133,6 +144,8 @@ int HostProgram::start(int argc, char **argv)
     // Dialogs come and go before the main window; only closing that one ends the program.
     KApplication::setQuitOnLastWindowClosed(false);
     HostLook::apply(application);
+    if (!options.manualPdf.isEmpty())
+        return writeManual(options.manualPdf);
     clock.reached("application");
     const int result = HostProgram(options, clock).run();
     HostLog::stop();
@@ -426,6 +439,7 @@ void HostProgram::work()
         MainWindow window(m_folder, m_module.entry());
         QEventLoop loop;
         connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
+        connect(&window, &MainWindow::manualWanted, &m_manual, [&] { m_manual.showFor(&window); });
         m_window = &window;
         // The window appears first.
         QTimer shown;
@@ -443,6 +457,7 @@ void HostProgram::work()
         window.show();
         shown.start(0);
         loop.exec();
+        m_manual.close();
         m_switchUser = window.isSwitchingUser();
         request = window.restoreRequest();
         m_window = nullptr;

@@ -10,6 +10,7 @@
 #include "host/server/DataFolder.h"
 #include "host/server/EmbeddedServer.h"
 #include "host/server/InstanceLock.h"
+#include "host/manual/ManualKey.h"
 #include "suite/utility/frame/KWaitNotice.h"
 
 #include <QObject>
@@ -74,6 +75,7 @@ private:
     std::unique_ptr<BackupView> m_view; // instead of the office
     AutoModule m_module;
     SplashWindow m_splash;
+    ManualKey m_manual;
     QString m_proposedUser;
     MainWindow *m_window = nullptr;
     bool m_switchUser = false;

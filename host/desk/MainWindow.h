@@ -65,6 +65,8 @@ Q_SIGNALS:
     // The user leaves, and no window is open any more. Code that opened one may still be waiting for its event loop to end, so the
     // pages stay until the window is destroyed.
     void closed();
+    // The user asks for the manual by the menu.
+    void manualWanted();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

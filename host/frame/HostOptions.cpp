@@ -57,6 +57,7 @@ const QList<Option> &shownOptions()
          u"پرونده‌ای که سطر نخست آن پشتیبان را رمز یا باز می‌کند؛ - یعنی ورودی استاندارد"_s},
         {"normal-priority", nullptr, u"with --verify: do not give way to other programs"_s, u"همراه --verify: اولویت برنامه کم نشود"_s},
         {"rebuild-search", nullptr, u"make anew what records are found by, and end"_s, u"بازسازی فهرست جستجو، و پایان"_s},
+        {"manual-pdf", "FILE", u"write the manual into this file as a PDF, and end"_s, u"نوشتن راهنما در این پرونده PDF، و پایان"_s},
         {"help", nullptr, u"show this text"_s, u"نمایش همین متن"_s},
         {"version", nullptr, u"show the version"_s, u"نمایش نسخه برنامه"_s},
     };
@@ -163,6 +164,8 @@ Problem contradiction(const QCommandLineParser &parser, const HostOptions &optio
         return {u"--ca needs --tls."_s, u"--ca همراه --tls معنا دارد."_s};
     if (!options.demo && parser.isSet(u"demo-size"_s))
         return {u"--demo-size needs --demo."_s, u"--demo-size همراه --demo معنا دارد."_s};
+    if (parser.isSet(u"manual-pdf"_s) && options.manualPdf.isEmpty())
+        return {u"--manual-pdf needs the name of a file."_s, u"--manual-pdf به نام پرونده نیاز دارد."_s};
     return contradictionOfBackups(parser, options);
 }
 
@@ -187,6 +190,7 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.passphraseFile = parser.value(u"passphrase-file"_s);
     options.lookInto = parser.value(u"look-into"_s);
     options.rebuildSearch = parser.isSet(u"rebuild-search"_s);
+    options.manualPdf = parser.value(u"manual-pdf"_s);
     options.help = parser.isSet(u"help"_s);
     options.version = parser.isSet(u"version"_s);
     options.quitAfterLoginShown = parser.isSet(u"quit-after-login-shown"_s);

@@ -41,6 +41,8 @@ struct HostOptions
     bool normalPriority = false; // of verifyFile: somebody waits for it
     QString lookInto;            // a backup to be shown instead of the office of the folder; its passphrase, if any, comes on standard input
 
+    QString manualPdf; // write the manual into this file, and end
+
     bool rebuildSearch = false; // make the keys of the search anew, and end
 
     bool help = false;

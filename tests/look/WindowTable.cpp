@@ -36,6 +36,7 @@
 #include "host/books/CDlgAddAccount.h"
 #include "host/books/CDlgAddDocument.h"
 #include "host/frame/HostOptions.h"
+#include "host/manual/CDlgManual.h"
 #include "host/recovery/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
@@ -448,6 +449,11 @@ void addAdministration(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"backup-passphrase", window<CDlgBackupPassphrase>(office.folder())});
     entries.push_back({"password", menuEntry(office, u"تغییر کلمه عبور"_s)});
     entries.push_back({"keys", menuEntry(office, u"کلیدها"_s)});
+    entries.push_back({"manual", modal([] {
+                           CDlgManual manual;
+                           manual.showPage(u"main-window"_s);
+                           manual.exec();
+                       })});
     entries.push_back({"about", menuEntry(office, u"درباره برنامه"_s)});
     entries.push_back({"reminder-new", command(office, reminders, u"new"_s)});
     entries.push_back({"reminder-edit", command(office, reminders, u"edit"_s)});
