@@ -89,14 +89,6 @@ void KListPage::build()
 void KListPage::buildCard()
 {
     m_card = new KListCard(m_list, this);
-    m_count = new QLabel(u"تعداد : -"_s, m_card);
-    m_card->addToFoot(m_count);
-    if (ListSums::isWanted(*m_list)) {
-        m_sums = new ListSums(m_list, !m_traits.hasOwnTotals, m_card);
-        m_card->addToFoot(m_sums, true);
-    }
-    m_empty = new KEmptyState(m_list);
-    connect(m_empty, &KEmptyState::pressed, this, [this] { guarded([this] { mendEmptiness(); }); });
     m_foot = new KListFoot(m_card, m_list, m_traits);
     connect(m_foot, &KListFoot::mendAsked, this, [this] { guarded([this] { mendEmptiness(); }); });
 }

@@ -246,6 +246,5 @@ private:
     KListCard *m_card = nullptr;
     SavedFilterMenu *m_savedFilters = nullptr;
     KListCommands *m_commands = nullptr;
-    KListCard *m_card = nullptr;
     KListFoot *m_foot = nullptr;
 };

@@ -132,41 +132,35 @@ bool CDlgAddAutomobilInformation::checkParties()
 }
 
 // Cars are saved one after the other, so that of two desks with the same number the second one sees the first.
-RecordSaving::Parts<CTblAutomobilInformations> CDlgAddAutomobilInformation::parts() const
+RecordSaving::Parts<CTblAutomobilInformations> CDlgAddAutomobilInformation::parts(bool asNew)
 {
+    PictureStrip *strip = m_base->furtherPictures();
+    const RecordPictures::Change pictures = asNew ? strip->asNew() : strip->change();
     return {.locks = [] { RecordCodes::lock(u"AutomobilInformations"_s); },
-            .beforeRow = [](CTblAutomobilInformations &car) { CarTwins::requireAllowed(car); }};
+            .beforeRow = [](CTblAutomobilInformations &car) { CarTwins::requireAllowed(car); },
+            .afterRow = [this, pictures](CTblAutomobilInformations &car, const KRowValues &) {
+                m_picturesChangedBy = RecordPictures::save(CTblAutomobilInformations::recordKind, car.m_iID, pictures, car.m_oPicture.data, car.database());
+            }};
 }
 
 void CDlgAddAutomobilInformation::goBackFor(const FieldRefused &refused)
 {
     m_base->refuse(refused.userMessage(), m_base->form()->control(refused.column()));
     throw GoneBack();
-RecordSaving::Parts<CTblAutomobilInformations> CDlgAddAutomobilInformation::parts(bool asNew)
-{
-    PictureStrip *strip = m_base->furtherPictures();
-    const RecordPictures::Change pictures = asNew ? strip->asNew() : strip->change();
-    return {.afterRow = [this, pictures](CTblAutomobilInformations &car, const KRowValues &) {
-        m_picturesChangedBy = RecordPictures::save(CTblAutomobilInformations::recordKind, car.m_iID, pictures, car.m_oPicture.data, car.database());
-    }};
 }
 
 void CDlgAddAutomobilInformation::save()
 {
     try {
-        saveRecord(pages(), parts());
+        saveRecord(pages(), parts(false));
     } catch (const FieldRefused &refused) {
         goBackFor(refused);
     }
-    const KWaitCursor wait;
-    RecordSaving::save(decision(pages()), parts(false));
 }
 
 int CDlgAddAutomobilInformation::saveAsNew()
 {
-    return addRecord(pages(), parts());
-    const KWaitCursor wait;
-    return RecordSaving::saveAsNew(decision(pages()), parts(true));
+    return addRecord(pages(), parts(true));
 }
 
 void CDlgAddAutomobilInformation::saved()

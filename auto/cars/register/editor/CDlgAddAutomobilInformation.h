@@ -52,7 +52,6 @@ private:
     // What is saved along with the row. asNew: of a car that has none yet.
     RecordSaving::Parts<CTblAutomobilInformations> parts(bool asNew);
     QList<CarEditorPage *> pages() const;
-    RecordSaving::Parts<CTblAutomobilInformations> parts() const;
     // Shows why, at its field. Throws GoneBack.
     [[noreturn]] void goBackFor(const FieldRefused &refused);
     // False, after a message, for entries that are no valid values and for a buyer who is also the owner.
