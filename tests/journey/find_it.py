@@ -13,6 +13,8 @@ from lib.waiting import wait_for
 SEARCH = "جستجو در همه"
 HITS = "یافته‌ها"
 FACTS = "درباره این یافته"
+STORY = "سرگذشت خودرو"
+ENTERED = "خودرو معرفی شد"
 PERSIAN = str.maketrans("0123456789", "۰۱۲۳۴۵۶۷۸۹")
 
 
@@ -29,13 +31,8 @@ def find_it(office):
     office.driver.keys(office.main, "ctrl+k")
     box = office.tree.find("text", SEARCH, office.main)
     wait_for(lambda: box.focused, "the search to have the focus")
-    office.driver.input.type(f"{region} {three}{letter}{two}".translate(PERSIAN))
-    hits = wait_for(lambda: [hit.name for hit in shown_hits(office) if owner in hit.name and plate in hit.name], "the car among the hits")
-    check(len(hits) == 1, f"one car has the plate: {hits}")
-    while chosen(office) not in hits:
-        before = chosen(office)
-        office.driver.keys(office.main, "Down")
-        wait_for(lambda: chosen(office) != before, "the next hit to be chosen")
+    heard = f"{region} {three}{letter}{two}".translate(PERSIAN)
+    hits = choose_car(office, heard, owner, plate)
 
     step("what is known of it stands there")
     facts = wait_for(lambda: next((node.name for node in office.main.shown_descendants() if node.name.startswith(FACTS)), None), "what is known of the car")
@@ -50,12 +47,34 @@ def find_it(office):
     office.driver.keys(window, "Escape")
     office.tree.no_window(car_labels.CAR_SHOW)
 
+    step("Ctrl+T tells its story")
+    office.driver.keys(office.main, "ctrl+k")
+    wait_for(lambda: box.focused, "the search to have the focus for the story")
+    office.driver.keys(office.main, "ctrl+a")
+    choose_car(office, heard, owner, plate)
+    office.driver.keys(office.main, "ctrl+t")
+    events = wait_for(lambda: [node.name for node in office.tree.find("list", STORY, office.main).children if node.role == "list item"], "its events")
+    check(any(ENTERED in name for name in events), f"the story begins with the car: {events}")
+    office.pictures.take("story", "What happened to the car, from the same box")
+
     step("Esc gives the focus back")
     office.driver.keys(office.main, "ctrl+k")
     wait_for(lambda: box.focused, "the search to have the focus again")
     office.driver.keys(office.main, "Escape")
     wait_for(lambda: not box.focused, "the focus to be given back")
     office.leave()
+
+
+def choose_car(office, heard, owner, plate):
+    """Types what was heard, and goes to the car among the hits; the hits that are the car."""
+    office.driver.input.type(heard)
+    hits = wait_for(lambda: [hit.name for hit in shown_hits(office) if owner in hit.name and plate in hit.name], "the car among the hits")
+    check(len(hits) == 1, f"one car has the plate: {hits}")
+    while chosen(office) not in hits:
+        before = chosen(office)
+        office.driver.keys(office.main, "Down")
+        wait_for(lambda: chosen(office) != before, "the next hit to be chosen")
+    return hits
 
 
 def shown_hits(office):
