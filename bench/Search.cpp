@@ -21,6 +21,7 @@
 #include "suite/accounting/search/SearchText.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/crm/subjects/CrmWindows.h"
+#include "suite/db/connection/KLongWork.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/subjects/TreasurySearch.h"
 #include "suite/treasury/subjects/TreasuryWindows.h"
@@ -284,8 +285,12 @@ int main(int argc, char **argv)
     SearchIndex::build(true);
     QElapsedTimer filling;
     filling.start();
-    fill();
-    fillKeys();
+    {
+        // Statements over all rows take longer than an office's may.
+        const KLongWork work;
+        fill();
+        fillKeys();
+    }
     std::printf("%lld contracts, %lld cars, %lld persons; %lld keys, filled in %.1f s\n", static_cast<long long>(count("AutomobilContracts")), static_cast<long long>(count("AutomobilInformations")),
                 static_cast<long long>(count("Persons")), static_cast<long long>(count("SearchKeys")), double(filling.elapsed()) / 1000);
     std::fflush(stdout);
