@@ -6,6 +6,7 @@
 #include "host/finding/KeyCap.h"
 #include "host/finding/SearchHits.h"
 #include "suite/accounting/search/SearchText.h"
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/look/HostColors.h"
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookIcons.h"
@@ -142,6 +143,11 @@ void SearchHitDelegate::paintMarked(QPainter &painter, const QRect &rect, const 
     QTextLayout layout(shown, font, painter.device());
     layout.setTextOption(option);
     QList<QTextLayout::FormatRange> ranges;
+    for (const CodeFont::Stretch &code : CodeFont::codesIn(shown)) {
+        QTextCharFormat format;
+        format.setFontFamilies(CodeFont::families(font));
+        ranges.append({static_cast<int>(code.start), static_cast<int>(code.length), format});
+    }
     for (const SearchText::Mark &mark : SearchText::marks(shown, m_typed)) {
         QTextCharFormat format;
         format.setBackground(inkOf(Colors::WarnSoft));

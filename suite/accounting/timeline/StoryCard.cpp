@@ -5,6 +5,7 @@
 
 #include "suite/accounting/timeline/StoryKinds.h"
 #include "suite/utility/entries/CodeFont.h"
+#include "suite/utility/entries/CodeFont.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/look/ElidedLabel.h"
 #include "suite/utility/look/HostColors.h"
@@ -135,6 +136,7 @@ void StoryCard::showFacts(const StoryHead &head)
         label->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
         LookFonts::apply(label, LookFonts::Use::Label);
         auto *value = new ElidedLabel(text, m_facts);
+        value->setFont(CodeFont::of(value->font(), text));
         value->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
         value->setAccessibleName(u"%1 : %2"_s.arg(caption, text));
         const int row = grid->rowCount();

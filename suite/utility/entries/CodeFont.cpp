@@ -3,6 +3,8 @@
 
 #include "suite/utility/entries/CodeFont.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -28,6 +30,18 @@ bool CodeFont::isLatinCode(const QString &text)
         digit = digit || (c >= u'0' && c <= u'9');
     }
     return letter && digit;
+}
+
+QList<CodeFont::Stretch> CodeFont::codesIn(const QString &text)
+{
+    static const QRegularExpression word(u"[A-Za-z0-9][A-Za-z0-9-]*"_s);
+    QList<Stretch> codes;
+    for (auto words = word.globalMatch(text); words.hasNext();) {
+        const QRegularExpressionMatch found = words.next();
+        if (isLatinCode(found.captured()))
+            codes.append({found.capturedStart(), found.capturedLength()});
+    }
+    return codes;
 }
 
 QStringList CodeFont::families(const QFont &base)

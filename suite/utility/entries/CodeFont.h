@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QFont>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -15,6 +16,17 @@ namespace CodeFont {
 
 // Whether a text holds Latin letters and digits and no letter that runs from the right: "X22", not "پژو 206" nor "12345".
 TZUTILITY_EXPORT bool isLatinCode(const QString &text);
+
+// A stretch of a text, from 0.
+struct Stretch
+{
+    qsizetype start = 0;
+    qsizetype length = 0;
+
+    friend bool operator==(const Stretch &, const Stretch &) = default;
+};
+// The words of a sentence that are such codes, in order.
+TZUTILITY_EXPORT QList<Stretch> codesIn(const QString &text);
 
 // The families that draw such a text in the look of the base: the second cut, and where that is not there the base itself.
 TZUTILITY_EXPORT QStringList families(const QFont &base);

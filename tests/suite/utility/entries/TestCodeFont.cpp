@@ -73,6 +73,13 @@ private Q_SLOTS:
         QTEST(CodeFont::isLatinCode(text), "isCode");
     }
 
+    void codesOfASentenceAreFound()
+    {
+        const QString text = u"مالک: سارا، پلاک 12 ب 345، VIN NAA84985143267289"_s;
+        QCOMPARE(CodeFont::codesIn(text), (QList<CodeFont::Stretch>{{text.indexOf(u"NAA84985"_s), 17}}));
+        QCOMPARE(CodeFont::codesIn(u"پژو 206 SD در 1405"_s), QList<CodeFont::Stretch>());
+    }
+
     // The same glyph as the second cut has for the digit, and another than the program's font has.
     void digitsOfACodeAreLatin()
     {
