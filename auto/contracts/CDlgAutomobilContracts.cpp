@@ -154,7 +154,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"settleBuyer"_s, u"تسويه با خريدار"_s, onRow, [this] { settle(ContractSide::buyer); }, {}, u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
         {u"settings"_s, u"تنظيمات"_s, C::StartsGroup, [this] { editSettings(); }, {}, u":/icons/settings.svg"_s},
         {u"fullReport"_s, u"گزارش جامع"_s, 0, [this] { CDlgAutoFullReport::Show(this); }, {}, u":/icons/money.svg"_s, Access, u"AutoFullReport"_s},
-        {u"charts"_s, u"نمودارها"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { CDlgCharts::Show(this); }, {}, u":/icons/table.svg"_s, Access, u"AutoFullReport"_s},
+        {u"charts"_s, u"نمودارها"_s, C::HiddenInSelect | C::BesideSearch, [this] { CDlgCharts::Show(this); }, {}, u":/icons/table.svg"_s, Access, u"AutoFullReport"_s},
         {u"receipts"_s, u"دریافت‌های قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showReceipts(); }, {}, u":/icons/receipt.svg"_s, Read, u"Receipts"_s},
         {u"sellerStatement"_s, u"صورتحساب فروشنده"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::seller); }, {}, u":/icons/document.svg"_s},
         {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},

@@ -365,6 +365,7 @@ void addCars(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"car-demands", command(office, cars, u"matchingDemands"_s)});
     const int linked = office.number(u"SELECT COALESCE(MAX(iCarID),(SELECT MAX(iID) FROM AutomobilInformations)) FROM CarContracts"_s);
     entries.push_back({"car-contracts", window<CDlgCarContracts>(linked, CDlgCarContracts::Purpose::AskForAnother)});
+    entries.push_back({"car-contracts-shown", window<CDlgCarContracts>(linked, CDlgCarContracts::Purpose::Show)});
     entries.push_back({"car-prices", modal([linked] {
                            repriceCar(linked);
                            CDlgPriceHistory(linked).exec();
