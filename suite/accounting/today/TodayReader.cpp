@@ -11,6 +11,8 @@
 #include <QLoggingCategory>
 #include <QThread>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -93,14 +95,20 @@ TodayReader::~TodayReader()
 
 void TodayReader::read()
 {
-    if (m_thread || !GetDBSetting()->IsLoggedIn())
+    if (!GetDBSetting()->IsLoggedIn())
         return;
+    if (m_thread) {
+        m_isAskedAgain = true;
+        return;
+    }
     const auto state = std::make_shared<TodayState>();
     m_thread.reset(QThread::create([task = taskOfUser(0), state] { *state = run(task); }));
     QObject::connect(m_thread.get(), &QThread::finished, &m_here, [this, state] {
         // The thread object tells of its own end.
         m_thread.release()->deleteLater();
         m_done(*state);
+        if (std::exchange(m_isAskedAgain, false))
+            read();
     });
     m_thread->start(QThread::LowPriority);
 }

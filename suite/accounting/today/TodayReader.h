@@ -35,7 +35,7 @@ public:
     TodayReader(const TodayReader &) = delete;
     TodayReader &operator=(const TodayReader &) = delete;
 
-    // Nothing while one is under way, nor without a login.
+    // While one is under way, once more after it: what has changed meanwhile may not be in it. Nothing without a login.
     void read();
     bool isReading() const { return m_thread != nullptr; }
 
@@ -47,5 +47,6 @@ public:
 private:
     Done m_done;
     std::unique_ptr<QThread> m_thread;
+    bool m_isAskedAgain = false;
     QObject m_here; // stands for the thread that asked
 };

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void listBehindACardShowsAsMany();
     void oneStatementForEachSource();
     void cardsFollowTheRights();
+    void whatChangedWhileReadingIsReadAgain();
 
 private:
     static QDate today() { return GetDBSetting()->GetDBServerDate().date(); }
@@ -391,6 +392,22 @@ void TestAutoToday::cardsFollowTheRights()
     cards.sort();
     QCOMPARE(cards, (QStringList{u"insurance"_s, u"notes"_s, u"reminders"_s, u"standing"_s}));
     QVERIFY(!state.figures);
+}
+
+void TestAutoToday::whatChangedWhileReadingIsReadAgain()
+{
+    QList<qint64> counts;
+    TodayReader reader([&](const TodayState &state) { counts.append(state.cards.value(u"instalments"_s).count); });
+    reader.read();
+    addInstalment(addContract(30), 1, -3, 500);
+    // Asked twice while the first reading is under way or has not told yet: once more is enough.
+    reader.read();
+    reader.read();
+    QTRY_COMPARE(counts.size(), 2);
+    QCOMPARE(counts.constLast(), 1);
+    QTRY_VERIFY(!reader.isReading());
+    QCoreApplication::processEvents();
+    QCOMPARE(counts.size(), 2);
 }
 
 static const RegisteredTest<TestAutoToday, QApplication> registeredAutoToday;
