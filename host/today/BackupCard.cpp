@@ -27,7 +27,7 @@ struct Words
 
 constexpr Words states[] = {
     {BackupStanding::Kind::Unknown, u"نامعلوم", KChip::Kind::Neutral},
-    {BackupStanding::Kind::None, u"هنوز نیست", KChip::Kind::Warn},
+    {BackupStanding::Kind::None, u"لازم", KChip::Kind::Warn},
     {BackupStanding::Kind::Taking, u"در حال گرفتن", KChip::Kind::Info},
     {BackupStanding::Kind::Verifying, u"در حال آزمودن", KChip::Kind::Info},
     {BackupStanding::Kind::Taken, u"آزموده نشده", KChip::Kind::Neutral},
@@ -74,7 +74,8 @@ void BackupCard::show(const BackupStanding &standing)
         m_state->setText(QString::fromUtf16(words.text));
         m_state->setKind(words.chip);
     }
-    m_line->setText(standing.isBad() && !standing.trouble.isEmpty() ? standing.trouble
-                        : standing.taken.isValid()                  ? BackupStanding::timeText(standing.taken, standing.today)
-                                                                    : u"-"_s);
+    m_line->setText(standing.isBad() && !standing.trouble.isEmpty()   ? standing.trouble
+                        : standing.taken.isValid()                    ? BackupStanding::timeText(standing.taken, standing.today)
+                        : standing.kind == BackupStanding::Kind::None ? u"هنوز گرفته نشده است"_s
+                                                                      : QString());
 }

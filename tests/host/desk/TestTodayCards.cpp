@@ -95,6 +95,7 @@ void TestTodayCards::lastBackupStandsBesideTheStepsToo()
     page.setBackups({.kind = BackupStanding::Kind::None});
     for (BackupCard *card : page.findChildren<BackupCard *>()) {
         QVERIFY(!card->isHidden());
+        QVERIFY(says(*card, u"هنوز گرفته نشده است"_s));
         card->findChild<QPushButton *>()->click();
     }
     QCOMPARE(asked.size(), 2);
