@@ -8,6 +8,7 @@
 #include "suite/db/connection/KTransaction.h"
 #include "host/demo/DemoCarContracts.h"
 #include "host/demo/DemoCars.h"
+#include "host/demo/DemoFurtherPictures.h"
 #include "host/demo/DemoCatalog.h"
 #include "host/demo/DemoContracts.h"
 #include "host/demo/DemoDemands.h"
@@ -158,6 +159,7 @@ void fill(int contracts, int database)
     const DemoCatalog catalog(office.userID, QDateTime(office.firstDay, QTime(9, 0), Qt::UTC), database);
     const DemoCars::Office showroom{office.userID, office.lastDay.addDays(-daysOfTheRegister), office.lastDay};
     DemoCars(showroom, catalog, people, random, database).write(qMax(fewestCars, contracts / 3));
+    DemoFurtherPictures::write(office.userID, database);
     DemoCarContracts::write(database);
     writeSavedFilters(office.userID, office.lastDay, database);
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);

@@ -54,7 +54,7 @@ QStringList CDlgCameraFolder::Choose(QWidget *parent)
 
 CDlgCameraFolder::CDlgCameraFolder(QWidget *parent)
     : KDialog(parent)
-    , m_thumbs(new PictureThumbs(nullptr))
+    , m_thumbs(new PictureThumbs(nullptr, {152, 114}))
     , m_path(new ElidedLabel)
     , m_count(new QLabel)
 {
@@ -71,6 +71,8 @@ CDlgCameraFolder::CDlgCameraFolder(QWidget *parent)
     line->setSpacing(LookSizes::unit);
     line->addWidget(m_path, 1);
     line->addWidget(other);
+    // A path reads from left to right, and stands where the others begin.
+    m_path->setAlignment(Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter);
     m_thumbs->setAccessibleName(u"تصویرهای پوشه"_s);
     m_thumbs->setHint(u"در این پوشه تصویری نیست"_s);
     auto *column = new QVBoxLayout(content);

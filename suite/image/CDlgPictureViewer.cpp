@@ -102,7 +102,9 @@ CDlgPictureViewer::CDlgPictureViewer(QList<Picture> pictures, const QString &tit
     if (wanted.width() > available.width() || wanted.height() > available.height())
         wanted = m_canvas->image().size().scaled(available - QSize(0, bar), Qt::KeepAspectRatio) + QSize(0, bar);
     resize(wanted.expandedTo(smallestViewer()));
-    m_canvas->setFocus();
+    // The keys are the window's; Enter goes on.
+    if (m_pictures.size() > 1)
+        m_next->setFocus();
 }
 
 void CDlgPictureViewer::build()

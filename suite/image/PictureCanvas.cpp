@@ -22,8 +22,6 @@ PictureCanvas::PictureCanvas(QWidget *parent)
     : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    // Nothing else of its window needs the keys.
-    setFocusPolicy(Qt::StrongFocus);
 }
 
 void PictureCanvas::setImage(const QImage &image, const QString &instead)

@@ -14,28 +14,81 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QStyleOption>
+#include <QStyledItemDelegate>
 
 using namespace Qt::StringLiterals;
 
-PictureThumbs::PictureThumbs(QWidget *parent)
+namespace {
+
+// The picture in the middle of its cell, whose ground says that it is the current one, and its tick in the corner.
+class PictureCell : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        using Role = HostColors::Role;
+        painter->save();
+        if (option.state.testFlag(QStyle::State_Selected) || option.state.testFlag(QStyle::State_MouseOver)) {
+            painter->setRenderHint(QPainter::Antialiasing);
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(HostColors::of(option.state.testFlag(QStyle::State_Selected) ? Role::Select : Role::Hover));
+            painter->drawRoundedRect(option.rect, LookSizes::controlCorner, LookSizes::controlCorner);
+        }
+        const QRect place = option.rect.marginsRemoved({LookSizes::unit / 2, LookSizes::unit / 2, LookSizes::unit / 2, LookSizes::unit / 2});
+        index.data(Qt::DecorationRole).value<QIcon>().paint(painter, place);
+        if (const QVariant tick = index.data(Qt::CheckStateRole); tick.isValid())
+            paintTick(painter, option, place, tick.toInt() == Qt::Checked);
+        painter->restore();
+    }
+
+    bool editorEvent(QEvent *, QAbstractItemModel *, const QStyleOptionViewItem &, const QModelIndex &) override { return false; }
+
+private:
+    static void paintTick(QPainter *painter, const QStyleOptionViewItem &option, const QRect &place, bool isOn)
+    {
+        const QStyle *style = option.widget->style();
+        QStyleOptionButton tick;
+        tick.initFrom(option.widget);
+        tick.state = QStyle::State_Enabled | (isOn ? QStyle::State_On : QStyle::State_Off);
+        const QSize size(style->pixelMetric(QStyle::PM_IndicatorWidth), style->pixelMetric(QStyle::PM_IndicatorHeight));
+        tick.rect = QStyle::alignedRect(option.direction, Qt::AlignTop | Qt::AlignLeft, size, place.adjusted(2, 2, -2, -2));
+        style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &tick, painter, option.widget);
+    }
+};
+
+bool isTickable(const QListWidgetItem *item)
+{
+    return item->data(Qt::CheckStateRole).isValid();
+}
+
+}
+
+PictureThumbs::PictureThumbs(QWidget *parent, QSize size)
     : QListWidget(parent)
 {
     setFlow(QListView::LeftToRight);
     setWrapping(true);
     setResizeMode(QListView::Adjust);
     setUniformItemSizes(true);
-    setIconSize(pictureSize());
-    setGridSize(pictureSize() + QSize(LookSizes::unit, LookSizes::unit));
+    setIconSize({LookSizes::scaled(size.width()), LookSizes::scaled(size.height())});
+    setGridSize(iconSize() + QSize(LookSizes::unit, LookSizes::unit));
+    setItemDelegate(new PictureCell(this));
+    setMouseTracking(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setEditTriggers(NoEditTriggers);
     setProperty(KDialog::actsOnEnter, true);
     setProperty(KDialog::followsSelection, true);
-    connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem *item) { Q_EMIT openAsked(row(item)); });
-}
-
-QSize PictureThumbs::pictureSize()
-{
-    return {LookSizes::scaled(76), LookSizes::scaled(57)};
+    connect(this, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem *item) {
+        if (!isTickable(item))
+            Q_EMIT openAsked(row(item));
+    });
+    connect(this, &QListWidget::itemClicked, this, [](QListWidgetItem *item) {
+        if (isTickable(item))
+            item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+    });
 }
 
 void PictureThumbs::setArranged(bool arranged)
@@ -57,7 +110,7 @@ void PictureThumbs::setHint(const QString &hint)
 QIcon PictureThumbs::iconOf(const QImage &image) const
 {
     const qreal ratio = devicePixelRatioF();
-    QPixmap pixmap = QPixmap::fromImage(image.scaled(pictureSize() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    QPixmap pixmap = QPixmap::fromImage(image.scaled(iconSize() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     pixmap.setDevicePixelRatio(ratio);
     QIcon icon(pixmap);
     // Not tinted where it is selected: the cell's ground says so.

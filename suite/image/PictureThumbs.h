@@ -16,14 +16,14 @@ class TZIMAGE_EXPORT PictureThumbs : public QListWidget
     Q_OBJECT
 
 public:
-    explicit PictureThumbs(QWidget *parent);
+    // size: of a picture, in pixels at 100 %.
+    explicit PictureThumbs(QWidget *parent, QSize size = {76, 57});
 
     // Moved with the mouse, and taking what is dropped; at first neither.
     void setArranged(bool arranged);
     // What stands in its place while it is empty.
     void setHint(const QString &hint);
 
-    static QSize pictureSize();
     // Of that size at most, for a cell; sharp on the screen of the widget.
     QIcon iconOf(const QImage &image) const;
     QIcon noPicture() const;
@@ -35,7 +35,7 @@ Q_SIGNALS:
     // To stand before that one; behind the last for count().
     void moveAsked(int row, int before);
     void offered(const QMimeData *mimeData);
-    // Double click, Enter or Space.
+    // Double click, Enter or Space. A cell that can be ticked is ticked by a click.
     void openAsked(int row);
     // Ctrl+Left, which is towards the end, and Ctrl+Right.
     void shiftAsked(int row, int by);

@@ -71,6 +71,9 @@
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/image/Thumbnails.h"
+#include "suite/accounting/attachments/RecordPictures.h"
+#include "suite/image/CDlgCameraFolder.h"
+#include "suite/image/CDlgPictureViewer.h"
 #include "suite/treasury/cashbox/CDlgCashDay.h"
 #include "suite/treasury/cheques/CDlgDueCheques.h"
 #include "suite/treasury/followups/CDlgFollowUp.h"
@@ -90,7 +93,8 @@
 #include <QDir>
 #include <QImage>
 #include <QLineEdit>
-#include <QMimeData>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cmath>
@@ -391,15 +395,20 @@ void addCars(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"tariff-new", window<CDlgAddAutomobilTariff>(0, false, false)});
     entries.push_back({"tariff-edit", window<CDlgAddAutomobilTariff>(tariff, true, false)});
     entries.push_back({"tariff-show", window<CDlgAddAutomobilTariff>(tariff, false, true)});
-    entries.push_back({"picture", modal([] {
-                           QImage image(900, 600, QImage::Format_RGB32);
-                           image.fill(Qt::darkCyan);
-                           QMimeData copied;
-                           copied.setImageData(image);
-                           KStaticImage box;
-                           box.setAccessibleName(u"تصویر خودرو"_s);
-                           QVERIFY(box.takeMimeData(&copied));
-                           box.showLarge();
+    entries.push_back({"picture", modal([&office] {
+                           CDlgPictureViewer::Show(CTblAutomobilInformations::recordKind, office.number(u"SELECT iRecordID FROM Pictures ORDER BY iID LIMIT 1"_s), nullptr);
+                       })});
+    entries.push_back({"camera-folder", modal([&office] {
+                           const QTemporaryDir camera;
+                           const int car = office.number(u"SELECT iRecordID FROM Pictures ORDER BY iID LIMIT 1"_s);
+                           for (const auto &picture : RecordPictures::all(CTblAutomobilInformations::recordKind, car)) {
+                               QFile file(camera.filePath(u"IMG_20261%1.jpg"_s.arg(picture.id)));
+                               QVERIFY(file.open(QIODevice::WriteOnly));
+                               file.write(RecordPictures::bytes(CTblAutomobilInformations::recordKind, car, picture.id));
+                           }
+                           CDlgCameraFolder dialog;
+                           dialog.setFolder(camera.path());
+                           dialog.exec();
                        })});
 }
 

@@ -21,6 +21,7 @@
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/NationalCode.h"
 #include "suite/crm/persons/CTblPersons.h"
+#include "suite/accounting/attachments/CTblPictures.h"
 #include "suite/image/PictureIntake.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/auto/ModuleTables.h"
@@ -51,6 +52,7 @@ private Q_SLOTS:
     void carsAreOfTheCatalogAndTheRegisterLooksAlive();
     void soldCarsAreWhatTheEditorWouldSave();
     void carsHavePicturesThatCanBeShown();
+    void someCarsHaveSeveralPictures();
     void everyKindOfInputParameterHasValues();
     void demandsAreOfTheCatalogAndSomeHaveFittingCars();
     void invoicesOfTheSeasonAreWhatTheEditorWouldSave();
@@ -278,6 +280,16 @@ void TestDemoData::carsHavePicturesThatCanBeShown()
         QCOMPARE(image.size(), QSize(640, 420));
     }
     QVERIFY(pictures > 50);
+}
+
+void TestDemoData::someCarsHaveSeveralPictures()
+{
+    CTblPictures further;
+    int pictures = 0;
+    for (further.Open(true, true, true); !further.IsEOF(); further.MoveNext(), ++pictures)
+        QVERIFY2(!PictureIntake::decode(further.m_oPicture.data).isNull(), qPrintable(further.m_sName));
+    QVERIFY(pictures > 10);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Pictures p LEFT JOIN AutomobilInformations c ON c.iID=p.iRecordID WHERE c.oPicture IS NULL OR p.iTable<>68"_s), u"0"_s);
 }
 
 void TestDemoData::everyKindOfInputParameterHasValues()
