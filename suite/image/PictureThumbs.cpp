@@ -44,6 +44,11 @@ public:
         painter->restore();
     }
 
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const override
+    {
+        return option.decorationSize + QSize(LookSizes::unit, LookSizes::unit);
+    }
+
     bool editorEvent(QEvent *, QAbstractItemModel *, const QStyleOptionViewItem &, const QModelIndex &) override { return false; }
 
 private:
