@@ -10,6 +10,7 @@ from lib.waiting import wait_for
 from prepare_office import PERSONS
 
 PLATE = "12 ب 345 ایران 67"
+FILTER = "پلاک :"
 AS_TYPED = "67-345ب12"
 
 
@@ -51,6 +52,13 @@ def twin(office):
     wait_for(lambda: table.row_count == 2, "both cars in the list")
     plates = [row["sNumOfPlates"] for row in office.database.rows("SELECT sNumOfPlates FROM AutomobilInformations")]
     check(plates == [PLATE, PLATE], f"both cars are stored with the one spelling: {plates}")
+
+    step("the list is asked for the plate as it was heard")
+    for heard, taken, found in (("12 ب 999", "12 ب 999", 0), ("۳۴۵ ایران ۶۷", "345 ایران 67", 2)):
+        office.driver.enter(FILTER, heard, office.main, taken=taken)
+        office.command(labels.SEARCH)
+        wait_for(lambda: table.row_count == found, f"{found} cars of {heard}")
+    office.pictures.take("asked", "Both cars by a part of their plate, in other digits")
     office.leave()
 
 
