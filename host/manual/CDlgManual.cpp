@@ -6,6 +6,7 @@
 #include "host/manual/ManualContents.h"
 #include "host/manual/ManualDocument.h"
 #include "host/manual/ManualPaper.h"
+#include "host/manual/ManualText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/ReportFile.h"
 #include "suite/utility/entries/KEdit.h"
@@ -27,7 +28,6 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextBlock>
-#include <QTextBrowser>
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -40,7 +40,7 @@ CDlgManual::CDlgManual(QWidget *parent, const ManualPages &pages)
     , m_pages(pages)
     , m_search({})
     , m_contents(new ManualContents(m_pages))
-    , m_text(new QTextBrowser)
+    , m_text(new ManualText)
     , m_note(new QLabel)
     , m_layout(new QTimer(this))
 {
@@ -60,11 +60,7 @@ CDlgManual::CDlgManual(QWidget *parent, const ManualPages &pages)
 
 void CDlgManual::build()
 {
-    m_text->setAccessibleName(u"صفحه راهنما"_s);
-    m_text->setOpenLinks(false);
-    m_text->setTabChangesFocus(true);
-    m_text->document()->setDocumentMargin(LookSizes::cardPadding);
-    connect(m_text, &QTextBrowser::anchorClicked, this, &CDlgManual::follow);
+    connect(m_text, &ManualText::anchorClicked, this, &CDlgManual::follow);
     connect(m_contents, &ManualContents::chosen, this, [this](const QString &page) { showPage(page); });
     LookFonts::applyHint(m_note);
     m_note->hide();

@@ -11,9 +11,9 @@
 
 class KEdit;
 class ManualContents;
+class ManualText;
 class QLabel;
 class QPushButton;
-class QTextBrowser;
 class QTimer;
 class QUrl;
 
@@ -65,7 +65,7 @@ private:
     ManualPages m_pages;
     ManualSearch m_search;
     ManualContents *m_contents;
-    QTextBrowser *m_text;
+    ManualText *m_text;
     KEdit *m_typed = nullptr;
     QLabel *m_found = nullptr;
     QLabel *m_note;

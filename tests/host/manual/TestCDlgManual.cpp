@@ -168,6 +168,13 @@ private Q_SLOTS:
         QVERIFY(!back->isEnabled());
         forward->click();
         QCOMPARE(manual.page(), u"keys"_s);
+        // By the keyboard alone.
+        textOf(manual)->setFocus();
+        QTest::keyClick(textOf(manual), Qt::Key_Left);
+        QTest::keyClick(textOf(manual), Qt::Key_Return);
+        QVERIFY(manual.page() != u"keys");
+        QTest::keyClick(&manual, Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(manual.page(), u"keys"_s);
         // A new way ends the one that was gone back from.
         manual.showPage(u"search"_s);
         QVERIFY(!forward->isEnabled());
