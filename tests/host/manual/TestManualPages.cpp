@@ -147,16 +147,14 @@ private Q_SLOTS:
         const QString path = m_folder.filePath(u"manual.pdf"_s);
         QVERIFY(ManualPaper::writePdf(pages, path));
         const QString text = textOf(path);
-        // Of each page the words of its last line, so that no page may be cut.
+        // Of each page the title and the last lines, so that none may be cut.
         QStringList missing;
         for (const ManualPages::Entry &entry : pages.contents()) {
             QTextDocument page;
             page.setMarkdown(pages.text(entry.page));
             for (const QTextBlock &block : {page.begin(), page.lastBlock()}) {
-                for (const QString &word : block.text().split(u' ', Qt::SkipEmptyParts)) {
-                    if (!text.contains(packed(word)))
-                        missing.append(entry.page + u": "_s + word);
-                }
+                if (!text.contains(packed(block.text())))
+                    missing.append(entry.page + u": "_s + block.text());
             }
         }
         QVERIFY2(missing.isEmpty(), qPrintable(missing.join(u'\n')));
