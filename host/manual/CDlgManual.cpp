@@ -49,7 +49,7 @@ CDlgManual::CDlgManual(QWidget *parent, const ManualPages &pages)
     SetSettingName(u"Manual"_s);
     build();
     buildFooter();
-    constexpr int letters = 150;
+    constexpr int letters = 130;
     constexpr int lines = 36;
     resize(fontMetrics().averageCharWidth() * letters, fontMetrics().lineSpacing() * lines);
     m_layout->setSingleShot(true);

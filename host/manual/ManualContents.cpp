@@ -97,4 +97,6 @@ void ManualContents::setPage(const QString &page)
         if (pageOf(item) == page)
             setCurrentItem(item);
     }
+    // Rows are painted beyond their items.
+    viewport()->update();
 }

@@ -81,6 +81,10 @@ void setPicture(QTextDocument &document, QTextCursor &picture, const ManualDocum
     const int width = qMin(image.width(), page.pictureWidth);
     format.setWidth(width);
     picture.setCharFormat(format);
+    // A share of the picture's height would be room below it.
+    QTextBlockFormat line;
+    line.setLineHeight(0, QTextBlockFormat::SingleHeight);
+    picture.mergeBlockFormat(line);
     if (page.ratio > 0) {
         const int pixels = qMin(image.width(), qRound(width * page.ratio));
         image = image.scaledToWidth(pixels, Qt::SmoothTransformation);

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -42,8 +43,11 @@ QStringList ManualKey::classesOf(const QWidget *window)
 
 void ManualKey::showFor(QWidget *window)
 {
-    if (!m_manual)
+    if (!m_manual) {
         m_manual = std::make_unique<CDlgManual>();
+        // Where the windows that it is read beside, which begin at the right, can still be seen.
+        m_manual->move(m_manual->screen()->availableGeometry().topLeft());
+    }
     const QString page = ManualPages().pageOf(window ? classesOf(window) : QStringList());
     if (page.isEmpty())
         m_manual->showContents(u"این پنجره صفحه‌ای از خود در راهنما ندارد."_s);

@@ -15,6 +15,8 @@ ManualText::ManualText(QWidget *parent)
     setAccessibleName(u"صفحه راهنما"_s);
     setOpenLinks(false);
     setTabChangesFocus(true);
+    // Pictures fill the width: with a bar that comes and goes they would never fit.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     document()->setDocumentMargin(LookSizes::cardPadding);
 }
 
