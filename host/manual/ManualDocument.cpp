@@ -80,6 +80,7 @@ void setPicture(QTextDocument &document, QTextCursor &picture, const ManualDocum
         return;
     const int width = qMin(image.width(), page.pictureWidth);
     format.setWidth(width);
+    format.setHeight(qRound(double(width) * image.height() / image.width()));
     picture.setCharFormat(format);
     // A share of the picture's height would be room below it.
     QTextBlockFormat line;
