@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 """Checks the manual: `manual.py [TREE]`. Each window has a page, each page stands in the contents and each of the contents is a page,
-each link and each picture has its target, each picture is one that the windows' own test takes, and Persian letters are Persian."""
+each link and each picture has its target, each picture is one that the windows' own test takes, what is quoted is a text of the program, and
+Persian letters are Persian."""
 
 import pathlib
 import re
@@ -90,6 +91,26 @@ def check_letters(page):
     return [f"{page.name}:{number}: Arabic letter" for number, line in enumerate(lines, 1) if ARABIC.search(own(line))]
 
 
+def texts_of_program(tree):
+    """The sources in one, texts that are broken over several lines joined, without the marks of menu keys."""
+    texts = []
+    for top in ("auto", "suite", "host"):
+        for source in sorted((tree / top).rglob("*.[ch]*")):
+            joined = re.sub(r'"(?:_s)?\s*\n\s*u?"', "", source.read_text(encoding="utf-8", errors="ignore"))
+            texts.append(joined.replace("&", ""))
+    return "\n".join(texts)
+
+
+def check_quotes(page, program):
+    """What stands in quotation marks is shown by the program; an ellipsis stands for a value, and what begins with a digit is an example."""
+    faults = []
+    for quote in re.findall(r"«((?:[^«»]|«[^«»]*»)*)»", page.read_text(encoding="utf-8")):
+        parts = [part.strip(" «»") for part in quote.split("…")]
+        if not quote[:1].isdigit() and any(part and part not in program and part.rstrip(".") not in program for part in parts):
+            faults.append(f"{page.name}: the program does not say «{quote}»")
+    return faults
+
+
 def check_pictures(tree, manual):
     pictures = sorted((manual / "pictures").glob("*"))
     taken = set()
@@ -118,7 +139,9 @@ def main():
     manual = tree / "docs/manual"
     pages = sorted(manual.glob("*.md"))
     faults = check_windows(tree, manual) + check_contents(manual) + check_pictures(tree, manual)
+    program = texts_of_program(tree)
     for page in pages:
+        faults += check_quotes(page, program)
         faults += check_links(manual, page) + check_letters(page)
     for fault in faults:
         print(fault)

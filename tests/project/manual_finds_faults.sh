@@ -16,6 +16,7 @@ fresh() {
     rm -rf "$tree"
     mkdir -p "$manual/pictures" "$tree"/{auto,suite,host} "$tree/tests/look"
     touch "$tree/auto/CDlgCars.h" "$tree/host/CDlgLogin.h"
+    printf '%s\n' 'setTitle(u"&گالري"' '"خودرو"_s);' >"$tree/auto/CDlgCars.cpp"
     printf '%s\n' 'entries.push_back({"cars", page()});' >"$tree/tests/look/Table.cpp"
     printf 'x' >"$manual/pictures/cars.png"
     printf '%s\n' '# راهنما' '- [خودروها](cars.md)' '- [پنجره‌ها](windows.md)' >"$manual/index.md"
@@ -43,6 +44,7 @@ broken 'cars.md: #سطر-دو is not there' docs/manual/cars.md '[آن](#سطر-
 broken 'windows.md: cars.md#سطر-سه is not there' docs/manual/windows.md '[آن](cars.md#سطر-سه)'
 broken 'cars.md: pictures/gone.png is not there' docs/manual/cars.md '![](pictures/gone.png)'
 broken 'pictures/other.png: no window of that name is looked at' docs/manual/pictures/other.png 'x'
+broken 'the program does not say «گاراژ»' docs/manual/cars.md 'دکمه «گاراژ»'
 broken 'cars.md:5: Arabic letter' docs/manual/cars.md 'گالري'
 
 fresh
