@@ -69,7 +69,6 @@
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
-#include "suite/image/KStaticImage.h"
 #include "suite/image/Thumbnails.h"
 #include "suite/accounting/attachments/RecordPictures.h"
 #include "suite/image/CDlgCameraFolder.h"
