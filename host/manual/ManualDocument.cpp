@@ -78,6 +78,8 @@ void setPicture(QTextDocument &document, QTextCursor &picture, const ManualDocum
     QImage image(page.folder + u'/' + format.name());
     if (image.isNull())
         return;
+    // A palette's few colours would be dotted when the picture is made smaller.
+    image.convertTo(QImage::Format_RGB32);
     const int width = qMin(image.width(), page.pictureWidth);
     format.setWidth(width);
     format.setHeight(qRound(double(width) * image.height() / image.width()));

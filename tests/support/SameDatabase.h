@@ -52,7 +52,9 @@ private:
              column.HasResultRow(); column.MoveNextResult()) {
             const QString name = column.GetTextFieldValue(1);
             const bool isBinary = column.GetTextFieldValue(2).endsWith(QStringLiteral("blob"));
-            if (!left.contains(column.GetTextFieldValue(0)))
+            // A small picture is made anew with its record; nobody knows its key.
+            const bool isMadeAnew = column.GetTextFieldValue(0) == QStringLiteral("Thumbnails") && name == QStringLiteral("iID");
+            if (!isMadeAnew && !left.contains(column.GetTextFieldValue(0)))
                 cells[column.GetTextFieldValue(0)].append(isBinary ? QStringLiteral("'%1=',IFNULL(MD5(%1),'NULL')").arg(name)
                                                                    : QStringLiteral("'%1=',QUOTE(%1)").arg(name));
         }

@@ -29,6 +29,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QShortcut>
 
 using namespace Qt::StringLiterals;
@@ -86,8 +87,9 @@ void CarGallery::buildBar()
     m_page->bar()->addView(m_orderBox);
     m_page->bar()->addView(m_tableButton);
     m_page->bar()->addView(m_cardsButton);
-    connect(m_tableButton, &QPushButton::clicked, this, [this] { choose(false); });
-    connect(m_cardsButton, &QPushButton::clicked, this, [this] { choose(true); });
+    // Not clicked, which a screen reader's switching does not bring.
+    connect(m_tableButton, &QPushButton::toggled, this, [this](bool on) { choose(on ? false : m_isShown); });
+    connect(m_cardsButton, &QPushButton::toggled, this, [this](bool on) { choose(on ? true : m_isShown); });
 }
 
 // What the titles of the table offer: an order by each column in sight, from its lowest or its highest on.
@@ -146,8 +148,12 @@ void CarGallery::open()
     showCards(ReadSetting(usersSection(), shownSetting, 0) != 0);
 }
 
+// The one that is shown stays so when its button is pressed once more.
 void CarGallery::choose(bool cards)
 {
+    if (m_isChoosing)
+        return;
+    const QScopedValueRollback choosing(m_isChoosing, true);
     showCards(cards);
     WriteSetting(usersSection(), shownSetting, cards ? 1 : 0);
     m_page->list()->setFocus(Qt::OtherFocusReason);
@@ -161,6 +167,7 @@ bool CarGallery::isShown() const
 void CarGallery::showCards(bool cards)
 {
     m_isShown = cards;
+    const QScopedValueRollback choosing(m_isChoosing, true);
     // No exclusive group, of which Tab would reach one alone.
     m_cardsButton->setChecked(cards);
     m_tableButton->setChecked(!cards);

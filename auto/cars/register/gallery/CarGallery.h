@@ -53,6 +53,7 @@ private:
     QPushButton *m_direction = nullptr;
     ThumbnailBuilding *m_building = nullptr;
     bool m_isShown = false;
+    bool m_isChoosing = false;
     bool m_isFramed = false;
     bool m_hasFailed = false;
 };

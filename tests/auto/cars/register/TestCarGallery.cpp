@@ -147,10 +147,17 @@ private Q_SLOTS:
         QVERIFY(again.gallery()->isShown());
         QVERIFY(again.gallery()->cards()->isVisible());
         QTest::mouseClick(switchTo(again, u"کارت"_s), Qt::LeftButton);
+        QVERIFY(!switchTo(again, u"جدول"_s)->isChecked());
         QVERIFY(again.gallery()->isShown() && switchTo(again, u"کارت"_s)->isChecked());
         QTest::mouseClick(switchTo(again, u"جدول"_s), Qt::LeftButton);
         QVERIFY(again.list()->isVisible());
         QVERIFY(again.list()->hasFocus());
+        // As a screen reader switches.
+        switchTo(again, u"کارت"_s)->toggle();
+        QVERIFY(again.gallery()->isShown());
+        QVERIFY(!switchTo(again, u"جدول"_s)->isChecked());
+        switchTo(again, u"جدول"_s)->toggle();
+        QVERIFY(!switchTo(again, u"کارت"_s)->isChecked());
         QVERIFY(!shownPage().gallery()->isShown());
     }
 

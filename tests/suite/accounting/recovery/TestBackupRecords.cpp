@@ -175,6 +175,8 @@ private Q_SLOTS:
         const int year = value(u"SELECT iFiscalYear FROM Documents"_s).toInt();
         GetDBSetting()->SetFiscalYear(year + backupYear);
         takeBackup();
+        // Books that are closed keep their contracts.
+        GetDBSetting()->SetFiscalYear(year);
         removeForGood(key);
         if (!isNoted)
             run(u"DELETE FROM Changes"_s);
