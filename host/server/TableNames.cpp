@@ -47,6 +47,11 @@ QString TableNames::shown(const QString &table)
         {u"SearchKeys"_s, u"فهرست جستجو"_s},
         {u"Pictures"_s, u"تصویرها"_s},
         {u"Thumbnails"_s, u"تصویرهای کوچک"_s},
+        {u"Templates"_s, u"قالب‌های چاپ"_s},
+        {u"FiledPapers"_s, u"نسخه‌های بایگانی‌شده چاپ"_s},
+        {u"MessageTexts"_s, u"متن‌های پیام"_s},
+        {u"PublicCars"_s, u"خودروهای خروجی وب"_s},
+        {u"ImportMappings"_s, u"ستون‌های ورود از فایل"_s},
     };
     return names.value(table, table);
 }

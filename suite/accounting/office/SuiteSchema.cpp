@@ -254,6 +254,24 @@ constexpr const char *findings[] = {
     "ALTER TABLE Persons ADD KEY birth (dateBirth)",
 };
 
+// What an office hands out: templates of documents that it chose, each with what was in use before; papers that were filed as they were
+// printed, with what they said then; texts to send; cars that anybody may see; which column of a spreadsheet is which.
+constexpr const char *papers[] = {
+    "CREATE TABLE IF NOT EXISTS Templates (iID INT NOT NULL AUTO_INCREMENT, sKind VARCHAR(50) COLLATE utf8_bin NOT NULL, sName VARCHAR(255) DEFAULT NULL"
+    ", oFile LONGBLOB, sHash CHAR(64) DEFAULT NULL, bInUse SMALLINT NOT NULL DEFAULT 0, sDesc VARCHAR(250) DEFAULT NULL, iUserID INT DEFAULT 0"
+    ", dateCreate DATETIME DEFAULT NULL, KEY kind (sKind,bInUse), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS FiledPapers (iID INT NOT NULL AUTO_INCREMENT, iTable INT NOT NULL DEFAULT 0, iRecordID INT NOT NULL DEFAULT 0"
+    ", iVersion INT NOT NULL DEFAULT 1, iFileDocID INT NOT NULL DEFAULT 0, sValuesHash CHAR(64) DEFAULT NULL, sFileHash CHAR(64) DEFAULT NULL"
+    ", iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, UNIQUE KEY record (iTable,iRecordID,iVersion), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS MessageTexts (iID INT NOT NULL AUTO_INCREMENT, sKind VARCHAR(50) COLLATE utf8_bin NOT NULL, sName VARCHAR(100) DEFAULT NULL"
+    ", sText TEXT CHARACTER SET utf8mb4, iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, KEY kind (sKind), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS PublicCars (iID INT NOT NULL AUTO_INCREMENT, iCarID INT NOT NULL, iUserID INT DEFAULT 0"
+    ", dateCreate DATETIME DEFAULT NULL, UNIQUE KEY car (iCarID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS ImportMappings (iID INT NOT NULL AUTO_INCREMENT, sKind VARCHAR(50) COLLATE utf8_bin NOT NULL, sName VARCHAR(100) NOT NULL"
+    ", sMapping TEXT CHARACTER SET utf8mb4, iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, UNIQUE KEY kindName (sKind,sName)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -270,6 +288,7 @@ constexpr Step steps[] = {
     {13, treasury},
     {14, waysBack},
     {15, findings},
+    {16, papers},
 };
 
 const QString schemaSection = u"Schema"_s;
