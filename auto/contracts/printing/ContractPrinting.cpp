@@ -5,13 +5,10 @@
 
 #include "auto/platform/ModulePlatform.h"
 #include "auto/contracts/instalments/PlanFollowing.h"
-#include "auto/contracts/printing/ContractMergeFields.h"
+#include "auto/contracts/printing/ContractFilling.h"
 #include "auto/contracts/printing/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
-#include "suite/crm/persons/CTblPersons.h"
-#include "suite/crm/persons/CompanyDetails.h"
 #include "suite/utility/documents/KMSWord.h"
-#include "suite/utility/values/Money.h"
 #include "suite/utility/values/TemporaryFolders.h"
 
 #include <QDir>
@@ -25,35 +22,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcPrinting, "tzauto.printing")
-
-RecordValues valuesOf(KMySQL &record)
-{
-    return [&record](QStringView column) { return record.value(column); };
-}
-
-ContractMergeBatches mergeBatches(CTblAutomobilContracts &contract)
-{
-    CTblPersons first(contract.database());
-    CTblPersons second(contract.database());
-    const auto found = [](CTblPersons &person, int key) {
-        return key > 0 && person.IsRecordExist(u"iID"_s, key) ? valuesOf(person) : RecordValues();
-    };
-    return contractMergeFields({valuesOf(contract), found(first, contract.m_iPersonFirstID),
-                                found(second, contract.m_iPersonSecondID), defaultMoneyDecimals()});
-}
-
-void fill(KMSWord &word, const ContractMergeBatches &batches)
-{
-    for (const MergeBatch &batch : batches) {
-        QStringList names;
-        QStringList values;
-        for (const MergeField &field : batch) {
-            names << field.name;
-            values << field.value;
-        }
-        word.SetFieldsValue(names, values, static_cast<int>(names.size()));
-    }
-}
 
 }
 
@@ -119,9 +87,7 @@ bool ContractPrinting::fillAndOpen(CTblAutomobilContracts &contract, const QStri
     if (!kept.commit())
         return false;
 
-    fill(word, mergeBatches(contract));
-    const MergeField letterhead = dealershipField(CompanyDetails::read(contract.database()).name());
-    word.SetFieldsValue({letterhead.name}, {letterhead.value}, 1);
+    ContractFilling::fill(word, contract);
     // It stays when the program ends, as the document may still be open, until the next start.
     const QString folder = TemporaryFolders::make(TemporaryFolders::Purpose::Contract, m_places.temporary);
     // A letter is saved into the folder as such and so gets the name of the file it was made from.
