@@ -4,7 +4,8 @@
 
 # usage: ./test.sh [arguments of ctest]
 #
-# Installs what is missing, builds everything and runs every test but the long ones (labels faults, journey_again). Ends with ctest's closing
+# Installs what is missing, builds everything and runs every test but the long ones (labels faults,
+# journey_again, package). Ends with ctest's closing
 # lines and its exit code.
 
 set -euo pipefail
@@ -15,4 +16,4 @@ root=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 cd "$root"
 cmake --preset dev
 cmake --build --preset dev --parallel "$(nproc)"
-exec ctest --preset dev --parallel "$(nproc)" --label-exclude '^(faults|journey_again)$' "$@" </dev/null
+exec ctest --preset dev --parallel "$(nproc)" --label-exclude '^(faults|journey_again|package)$' "$@" </dev/null

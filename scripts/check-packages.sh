@@ -19,7 +19,7 @@ while IFS= read -r line; do
     entry=$(sed 's/#.*//; s/[[:space:]]*$//; s/^[[:space:]]*//' <<<"$line")
     case $entry in
         '') ;;
-        '[run]' | '[recommended]' | '[build]' | '[font]' | '[java]' | '[test]' | '[unpacked]' | '[bench]' | '[develop]') section=$entry ;;
+        '[run]' | '[recommended]' | '[build]' | '[font]' | '[java]' | '[test]' | '[unpacked]' | '[bench]' | '[package]' | '[develop]') section=$entry ;;
         '['*) complain "unknown section $entry" ;;
         *)
             seen=$((seen + 1))
