@@ -30,6 +30,9 @@ DATABASE = "tzauto"
 DRIVERS = ("at-spi2-core", "dbus", "gir1.2-atspi-2.0", "imagemagick", "mdbtools", "openbox", "poppler-utils", "python3-gi", "xdotool",
            "xvfb")
 JOURNEYS = (("main_job", ("--driver", "tree")), ("seasonal_report", ("--seconds", "280")))
+TEXTS = ("/usr/share/man/man1/tzhost.1.gz", "/usr/share/bash-completion/completions/tzhost",
+         "/usr/share/doc/tzauto/changelog.gz", "/usr/share/doc/tzauto/copyright", "/usr/share/applications/tzhost.desktop",
+         "/usr/share/metainfo/io.tzauto.tzhost.metainfo.xml")
 KEPT_TABLES = ("AutomobilContracts", "AutomobilInformations", "AutomobilDemands", "Persons", "Documents", "Docs", "CarBrands")
 # That a clerk's files are where a clerk may write, and nowhere else.
 OWN_FOLDERS = ("/usr", "/etc", "/var/lib", "/opt")
@@ -127,16 +130,14 @@ def install(root, package):
     return found[1]
 
 
-def check_libraries(root):
+def check_files(root, texts):
     listed = root.inside("dpkg", "-L", "tzauto", capture=True).stdout.split("\n")
     binaries = [name for name in listed if name.startswith(("/usr/bin/", "/usr/lib/")) and (name.endswith(".so") or "/bin/" in name)]
     check(len(binaries) >= 5, f"too few programs and libraries: {binaries}")
     for name in binaries:
         told = root.inside("ldd", name, capture=True, may_fail=True)
         check("not found" not in told.stdout, f"{name}: {told.stdout}")
-    for name in ("/usr/share/man/man1/tzhost.1.gz", "/usr/share/bash-completion/completions/tzhost",
-                 "/usr/share/doc/tzauto/changelog.gz", "/usr/share/doc/tzauto/copyright", "/usr/share/applications/tzhost.desktop",
-                 "/usr/share/metainfo/io.tzauto.tzhost.metainfo.xml"):
+    for name in texts:
         check(name in listed, f"{name} is not in the package")
 
 
@@ -227,11 +228,11 @@ def main():
         root.inside("apt-get", "update", "-q", capture=True)
         say(f"the version before: {install(root, before)}")
         root.inside("useradd", "--create-home", USER)
-        check_libraries(root)
+        check_files(root, ())
         opened_and_left(root)
         rows = counted(root)
         say(f"upgraded to {install(root, options.package)}")
-        check_libraries(root)
+        check_files(root, TEXTS)
         check_upgraded(root, rows)
         say("what the journeys need")
         root.inside("apt-get", "install", "-y", "-q", "--no-install-recommends", *DRIVERS, capture=True)
