@@ -216,7 +216,7 @@ void DocxPackage::readNames()
             throw DocxError("too large by what it declares");
         declared += static_cast<qint64>(entry.size);
         if (!name.endsWith(u'/')) // a folder of its own says nothing
-            m_parts.push_back({name, static_cast<quint64>(i), nullptr, {}, false});
+            m_parts.push_back({name, static_cast<quint64>(i), nullptr, {}, false, {}});
     }
 }
 
@@ -336,6 +336,46 @@ void DocxPackage::removePart(const QString &part)
     std::erase_if(m_parts, [&](const Part &candidate) { return sameName(candidate.name, part); });
 }
 
+QString DocxPackage::addPart(const QString &name, const QByteArray &content, const QString &contentType)
+{
+    const qsizetype dot = name.lastIndexOf(u'.');
+    QString free = name;
+    for (int i = 2; find(free); ++i)
+        free = name.left(dot) + u'-' + QString::number(i) + name.mid(dot);
+    pugi::xml_node types = xml(contentTypesPart)->document_element();
+    pugi::xml_node type = types.append_child((WordXml::prefix(types) + "Override").c_str());
+    type.append_attribute("PartName").set_value((u'/' + free).toUtf8().constData());
+    type.append_attribute("ContentType").set_value(contentType.toUtf8().constData());
+    setChanged(contentTypesPart);
+    m_parts.push_back({free, 0, nullptr, contentType, true, content});
+    return free;
+}
+
+QString DocxPackage::addRelationship(const QString &part, const QString &type, const QString &target)
+{
+    const QString name = relationshipsOf(part);
+    if (!find(name)) {
+        m_parts.push_back({name, 0, std::make_unique<pugi::xml_document>(), u"application/vnd.openxmlformats-package.relationships+xml"_s, true, {}});
+        m_parts.back().xml->append_child("Relationships").append_attribute("xmlns").set_value("http://schemas.openxmlformats.org/package/2006/relationships");
+    }
+    pugi::xml_document *document = xml(name);
+    if (!document)
+        throw DocxError("relationships that are no XML: " + name.toStdString());
+    pugi::xml_node root = document->document_element();
+    QSet<QString> taken;
+    for (const pugi::xml_node node : root.children())
+        taken.insert(WordXml::attribute(node, "Id"));
+    QString key = u"filled1"_s;
+    for (int i = 2; taken.contains(key); ++i)
+        key = u"filled"_s + QString::number(i);
+    pugi::xml_node node = root.append_child((WordXml::prefix(root) + "Relationship").c_str());
+    node.append_attribute("Id").set_value(key.toUtf8().constData());
+    node.append_attribute("Type").set_value(type.toUtf8().constData());
+    node.append_attribute("Target").set_value((u'/' + target).toUtf8().constData());
+    setChanged(name);
+    return key;
+}
+
 QString DocxPackage::relationshipsOf(const QString &part)
 {
     const QString folder = part.left(part.lastIndexOf(u'/') + 1);
@@ -385,7 +425,7 @@ QByteArray DocxPackage::toZip() const
     }
     std::deque<QByteArray> contents; // they must stay where they are until the archive is closed
     for (const Part &part : m_parts)
-        addTo(archive.get(), part, contents.emplace_back(part.changed ? serialised(*part.xml) : QByteArray()));
+        addTo(archive.get(), part, contents.emplace_back(part.changed && part.xml ? serialised(*part.xml) : part.added));
     if (zip_close(archive.get()) != 0)
         throw DocxError(zip_strerror(archive.get()));
     (void)archive.release(); // closed, and so gone

@@ -44,6 +44,11 @@ public:
     void setChanged(const QString &part);                            // its XML is written anew
     void removePart(const QString &part);                            // and its content type
 
+    // Adds a part under that name, or one like it where the name is taken; returns its name.
+    QString addPart(const QString &name, const QByteArray &content, const QString &contentType);
+    // Of an XML part to another one. Returns its key.
+    QString addRelationship(const QString &part, const QString &type, const QString &target);
+
     // The part that holds the relationships of a part, whether it exists or not; and what a relationship points to.
     static QString relationshipsOf(const QString &part);
     static QString targetOf(const QString &part, const QString &target);
@@ -58,6 +63,7 @@ private:
         std::unique_ptr<pugi::xml_document> xml;
         QString contentType;
         bool changed = false;
+        QByteArray added; // the content of one that is not in the file
     };
 
     void open(const QByteArray &file);

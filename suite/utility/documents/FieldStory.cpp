@@ -16,73 +16,32 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <std::size_t n>
-bool isOneOf(const pugi::xml_node &node, const std::array<std::string_view, n> &names)
-{
-    return std::find(names.begin(), names.end(), WordXml::localName(node.name())) != names.end();
-}
-
 // Flows of their own within another one.
 bool isStory(const pugi::xml_node &node)
 {
     static constexpr std::array<std::string_view, 4> names{"tc", "txbxContent", "footnote", "endnote"};
-    return isOneOf(node, names);
+    return WordXml::isOneOf(node, names);
 }
 
 // Shows something, or did, without being a run; nothing in it is a field that still counts.
 bool isClosedPiece(const pugi::xml_node &node)
 {
     static constexpr std::array<std::string_view, 4> names{"del", "moveFrom", "oMath", "oMathPara"};
-    return isOneOf(node, names);
-}
-
-bool isProperties(const pugi::xml_node &node)
-{
-    const std::string_view name(node.name());
-    return name.size() > 2 && name.substr(name.size() - 2) == "Pr";
-}
-
-// Marks of a range: each has its other half elsewhere, so they outlive the text that they stand in.
-bool isRangeMark(const pugi::xml_node &node)
-{
-    static constexpr std::array<std::string_view, 6> names{"bookmarkStart", "bookmarkEnd", "commentRangeStart", "commentRangeEnd",
-                                                           "permStart", "permEnd"};
-    return isOneOf(node, names);
+    return WordXml::isOneOf(node, names);
 }
 
 bool isRunHolder(const pugi::xml_node &node)
 {
     static constexpr std::array<std::string_view, 8> names{"hyperlink", "ins", "smartTag", "customXml", "sdtContent", "sdt", "bdo", "dir"};
-    return isOneOf(node, names);
+    return WordXml::isOneOf(node, names);
 }
 
 bool hasContent(const pugi::xml_node &node)
 {
     for (const pugi::xml_node child : node.children())
-        if (child.type() == pugi::node_element && !isProperties(child))
+        if (child.type() == pugi::node_element && !WordXml::isProperties(child))
             return true;
     return false;
-}
-
-int nodesIn(const pugi::xml_node &node)
-{
-    int count = 1;
-    for (const pugi::xml_node child : node.children())
-        count += nodesIn(child);
-    return count + static_cast<int>(std::distance(node.attributes_begin(), node.attributes_end()));
-}
-
-// Moves the range marks inside a piece to just before the place.
-void saveRangeMarks(const pugi::xml_node &piece, pugi::xml_node place)
-{
-    for (pugi::xml_node child = piece.first_child(); child;) {
-        const pugi::xml_node next = child.next_sibling();
-        if (isRangeMark(child))
-            place.parent().insert_move_before(child, place);
-        else
-            saveRangeMarks(child, place);
-        child = next;
-    }
 }
 
 // Puts what follows a paragraph up to the last one, and that one's text, into the first.
@@ -91,12 +50,12 @@ void joinParagraphs(pugi::xml_node first, pugi::xml_node last)
     pugi::xml_node holder = first.parent();
     while (first.next_sibling() != last) {
         pugi::xml_node between = first.next_sibling();
-        if (isRangeMark(between)) {
+        if (WordXml::isRangeMark(between)) {
             first.append_move(between);
             continue;
         }
-        saveRangeMarks(between, between);
-        while (isRangeMark(first.next_sibling()) && first.next_sibling() != between)
+        WordXml::saveRangeMarks(between, between);
+        while (WordXml::isRangeMark(first.next_sibling()) && first.next_sibling() != between)
             first.append_move(first.next_sibling());
         holder.remove_child(between);
     }
@@ -191,6 +150,44 @@ QStringList FieldStory::names(pugi::xml_node below)
     return names;
 }
 
+std::vector<FieldStory::Place> FieldStory::places(pugi::xml_node below)
+{
+    std::map<int, Place> inOrder;
+    Walk walk{[&](FieldStory &story) {
+        for (const Field &field : story.m_fields)
+            if (std::optional<Place> place = story.placeOf(field))
+                inOrder.emplace(field.place, std::move(*place));
+    }};
+    read(below, walk);
+    std::vector<Place> places;
+    for (auto &[order, place] : inOrder)
+        places.push_back(std::move(place));
+    return places;
+}
+
+pugi::xml_node FieldStory::Place::paragraph() const
+{
+    return WordXml::ancestor(begin, "p");
+}
+
+void FieldStory::Place::remove() const
+{
+    removePieces(pieces.begin(), pieces.end());
+}
+
+std::optional<FieldStory::Place> FieldStory::placeOf(const Field &field) const
+{
+    const QString name = FieldInstruction::parse(field.instruction).name;
+    const bool isWithin = field.outer >= 0 && m_fields[static_cast<std::size_t>(field.outer)].closed;
+    if (!field.closed || name.isEmpty() || isWithin)
+        return std::nullopt;
+    const pugi::xml_node paragraph = WordXml::ancestor(field.begin, "p");
+    if (!paragraph || paragraph != WordXml::ancestor(field.end, "p"))
+        return std::nullopt;
+    const auto at = [&](std::size_t index) { return m_pieces.begin() + static_cast<std::ptrdiff_t>(index); };
+    return Place{name, field.begin, field.end, {at(field.first), at(field.last + 1)}};
+}
+
 int FieldStory::fill(pugi::xml_node below, const ValueOf &valueOf)
 {
     int filled = 0;
@@ -215,7 +212,7 @@ void FieldStory::walk(pugi::xml_node node)
 {
     // A run that is cut gets its parts as next siblings, where this loop meets them.
     for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
-        if (child.type() != pugi::node_element || isProperties(child))
+        if (child.type() != pugi::node_element || WordXml::isProperties(child))
             continue;
         if (WordXml::is(child, "r")) {
             walkRun(cut(child));
@@ -254,7 +251,7 @@ void FieldStory::walkRun(pugi::xml_node run)
 {
     m_pieces.push_back(run);
     for (const pugi::xml_node child : run.children()) {
-        if (child.type() != pugi::node_element || isProperties(child))
+        if (child.type() != pugi::node_element || WordXml::isProperties(child))
             continue;
         if (WordXml::is(child, "fldChar"))
             readMark(run, child);
@@ -363,7 +360,7 @@ pugi::xml_node FieldStory::cut(pugi::xml_node run) const
     if (!hasMark || children.size() < 2)
         return run;
     const pugi::xml_node look = WordXml::child(run, "rPr");
-    if (look && nodesIn(look) > maxLookNodes)
+    if (look && WordXml::nodesIn(look) > maxLookNodes)
         throw DocxError("the look of a run is too large");
     const std::string name = run.name();
     for (std::size_t i = children.size() - 1; i > 0; --i) {
@@ -433,7 +430,8 @@ void FieldStory::replace(const Field &field, const FieldInstruction &instruction
     }
     const pugi::xml_node first = WordXml::ancestor(field.begin, "p");
     const pugi::xml_node last = WordXml::ancestor(field.end, "p");
-    removePieces(field);
+    const auto at = [&](std::size_t index) { return m_pieces.cbegin() + static_cast<std::ptrdiff_t>(index); };
+    removePieces(at(field.first), at(field.last + 1));
     if (first != last)
         joinParagraphs(first, last);
 }
@@ -464,11 +462,11 @@ pugi::xml_node FieldStory::insertRun(const Field &field, pugi::xml_node look)
     return run;
 }
 
-void FieldStory::removePieces(const Field &field)
+void FieldStory::removePieces(std::vector<pugi::xml_node>::const_iterator first, std::vector<pugi::xml_node>::const_iterator last)
 {
-    for (std::size_t i = field.first; i <= field.last; ++i) {
-        const pugi::xml_node piece = m_pieces[i];
-        saveRangeMarks(piece, piece);
+    for (; first != last; ++first) {
+        const pugi::xml_node piece = *first;
+        WordXml::saveRangeMarks(piece, piece);
         pugi::xml_node holder = piece.parent();
         holder.remove_child(piece);
         while (isRunHolder(holder) && !hasContent(holder)) {

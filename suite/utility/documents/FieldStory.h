@@ -11,6 +11,7 @@
 #include <pugixml.hpp>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 // The fields of one flow of text: a body, a table cell, a header, a note, a text box. A field never leaves its flow, so one
@@ -28,6 +29,19 @@ public:
     // may cut runs into smaller ones of the same look. Throw DocxError for fields nested absurdly deep.
     static QStringList names(pugi::xml_node below);
     static int fill(pugi::xml_node below, const ValueOf &valueOf);
+
+    // A merge field where it stands. Only whole ones that lie in no other field, and begin and end in one paragraph.
+    struct Place
+    {
+        QString name;
+        pugi::xml_node begin, end; // its first and last run; the same for an fldSimple
+        std::vector<pugi::xml_node> pieces;
+
+        pugi::xml_node paragraph() const;
+        void remove() const; // but for the marks of ranges in it
+    };
+    // In reading order, under the same conditions as names.
+    static std::vector<Place> places(pugi::xml_node below);
 
 private:
     static constexpr std::size_t maxOpenFields = 30; // word processors stop at twenty
@@ -76,7 +90,8 @@ private:
     void replace(const Field &field, const FieldInstruction &instruction, const QString &value);
     void replaceInInstruction(const Field &field, QString text);
     pugi::xml_node insertRun(const Field &field, pugi::xml_node look);
-    void removePieces(const Field &field);
+    static void removePieces(std::vector<pugi::xml_node>::const_iterator first, std::vector<pugi::xml_node>::const_iterator last);
+    std::optional<Place> placeOf(const Field &field) const;
 
     Walk &m_walk;
     std::vector<Field> m_fields; // in the order of their beginnings

@@ -5,6 +5,9 @@
 #include "suite/utility/documents/DocxPackage.h"
 #include "suite/utility/documents/FieldStory.h"
 #include "suite/utility/documents/MailMergeSource.h"
+#include "suite/utility/documents/OptionalParts.h"
+#include "suite/utility/documents/PictureFields.h"
+#include "suite/utility/documents/RepeatedRows.h"
 
 #include <QDir>
 #include <QFile>
@@ -35,6 +38,14 @@ public:
         for (const char *type : {".header+xml", ".footer+xml", ".footnotes+xml", ".endnotes+xml"})
             parts += package.partsOfType(QLatin1String(type));
         return parts;
+    }
+
+    template <class Work>
+    void forEachPart(const Work &work)
+    {
+        for (const QString &part : storyParts())
+            if (work(package.xml(part)->document_element()) > 0)
+                package.setChanged(part);
     }
 
     QStringList fieldNames()
@@ -92,19 +103,61 @@ bool KMSWord::Init()
     return m_initialised;
 }
 
-bool KMSWord::OpenDocument(const QString &path, int readOnly)
+bool KMSWord::take(const std::function<std::unique_ptr<Document>()> &open)
 {
     Close();
     m_failure = m_initialised ? QString() : u"not initialised"_s;
     if (!m_initialised)
         return false;
     try {
-        const QString clean = QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath();
-        m_document = std::make_unique<Document>(readFile(clean), clean, readOnly != 0);
+        m_document = open();
     } catch (const DocxError &error) {
         m_failure = QString::fromUtf8(error.what());
     }
     return m_document != nullptr;
+}
+
+bool KMSWord::OpenDocument(const QString &path, int readOnly)
+{
+    return take([&] {
+        const QString clean = QFileInfo(QDir::fromNativeSeparators(path)).absoluteFilePath();
+        return std::make_unique<Document>(readFile(clean), clean, readOnly != 0);
+    });
+}
+
+bool KMSWord::OpenContent(const QByteArray &file, const QString &fileName)
+{
+    return take([&] { return std::make_unique<Document>(file, fileName, false); });
+}
+
+bool KMSWord::SetParts(const DocumentParts &parts)
+{
+    m_failure = m_document ? QString() : u"no document is open"_s;
+    if (!m_document)
+        return false;
+    try {
+        m_document->forEachPart([&](pugi::xml_node root) { return OptionalParts::leaveOut(root, parts.says); });
+        for (const DocumentParts::Table &table : parts.tables)
+            m_document->forEachPart([&](pugi::xml_node root) { return RepeatedRows::fill(root, table); });
+        for (const DocumentParts::Picture &picture : parts.pictures)
+            for (const QString &part : m_document->storyParts())
+                PictureFields::fill(m_document->package, part, picture);
+    } catch (const DocxError &error) {
+        m_failure = QString::fromUtf8(error.what());
+        return false;
+    }
+    return true;
+}
+
+QStringList KMSWord::UnpairedMarks() const
+{
+    QStringList names;
+    if (m_document)
+        m_document->forEachPart([&](pugi::xml_node root) {
+            names += OptionalParts::unpairedMarks(root);
+            return 0;
+        });
+    return names;
 }
 
 Fields KMSWord::GetFields() const

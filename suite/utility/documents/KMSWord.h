@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/utility/documents/DocumentParts.h"
 #include "suite/utility/documents/Fields.h"
 #include "suite/utility/documents/TzDocumentsExport.h"
 
@@ -47,6 +48,15 @@ public:
     // unpacked (counted while unpacking), a document type declaration, elements nested absurdly deep, macros.
     [[nodiscard]] bool OpenDocument(const QString &path, int readOnly);
 
+    // The same of a document that is in memory, to be saved under that file name where a folder is given.
+    [[nodiscard]] bool OpenContent(const QByteArray &file, const QString &fileName);
+
+    // Leaves out, repeats and puts in what a template marks (DocumentParts); before values are set, which fill what is left. A template
+    // without marks stays as it is. False when the picture cannot be put in.
+    [[nodiscard]] bool SetParts(const DocumentParts &parts);
+    // Marks that lack their other half, by their names.
+    QStringList UnpairedMarks() const;
+
     // The merge fields that are still to be filled: body, headers, footers, foot- and endnotes and the text boxes in them.
     [[nodiscard]] Fields GetFields() const;
 
@@ -73,6 +83,8 @@ public:
 
 private:
     class Document;
+
+    bool take(const std::function<std::unique_ptr<Document>()> &open);
 
     bool m_initialised = false;
     QString m_failure;
