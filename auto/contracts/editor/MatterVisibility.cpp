@@ -39,6 +39,16 @@ constexpr Rule rules[] = {
     {u"dDelayAmount", Instalments},
 };
 
+// All of the page, in its order.
+constexpr QStringView columns[] = {
+    u"sAutomobilName", u"sColor", u"sAutomobilType", u"sSystem", u"sModel", u"sBrigade", u"sNumOfEngines", u"sFuel", u"sNumOFAxles", u"sVIN",
+    u"sNumOfPlates", u"sChassisNum", u"sNumOfWheels", u"sDengue", u"sDescMatter", u"sDocumentsDelivered", u"sRegistryNum", u"sRightTahrir",
+    u"dateDeal", u"dateOffice", u"dateDocument", u"sSampleDescOne", u"sSampleDescTwo", u"sAddressSample", u"dFixAmount", u"sCheckCount",
+    u"dAgreeAmount", u"sCheckNum", u"sBankName", u"sBranchName", u"sBranchCode", u"dRemainingAmount", u"sDescRemainingAmount", u"dDamageAmount",
+    u"dCompenseAmount", u"sBillNumOne", u"sBillNumTwo", u"dateTradeUnit", u"dEveryHandDealAmount", u"sCity", u"sState", u"sLicense",
+    u"dAmountRent", u"sRentTime", u"dateRent", u"dateRentExpire", u"sNumOfMonths", u"sNumOfInstallment", u"sUsanceNum", u"sDescCheck",
+    u"dDelayAmount"};
+
 bool isIn(int contractType, unsigned types)
 {
     return MatterVisibility::hasPage(contractType) && (types & (1U << contractType)) != 0;
@@ -49,6 +59,11 @@ bool isIn(int contractType, unsigned types)
 bool MatterVisibility::hasPage(int contractType)
 {
     return contractType >= 0 && contractType <= 2;
+}
+
+bool MatterVisibility::isMatter(QStringView column)
+{
+    return std::ranges::find(columns, column) != std::ranges::end(columns);
 }
 
 bool MatterVisibility::isUsed(int contractType, QStringView column)

@@ -12,6 +12,9 @@ namespace MatterVisibility {
 // A contract of that type has a vehicle page.
 bool hasPage(int contractType);
 
+// The column belongs to the matter, whether a type uses it or not.
+bool isMatter(QStringView column);
+
 // The column's field is shown, validated and written. True for a column that the rule does not name, in a type that has a
 // matter.
 bool isUsed(int contractType, QStringView column);

@@ -9,7 +9,8 @@ class KMSWord;
 // Fills the open document's merge fields with what a contract says, and leaves it open: it is neither saved nor shown.
 namespace ContractFilling {
 
-// The three batches in their order, then the letterhead. Reads the parties' persons and the office's details; throws CMySQLException.
+// First what the template marks (DocumentParts): parts that say nothing are left out, the plan's row is repeated, the logo put in. Then the
+// three batches in their order, and the fields beside them. Reads the parties' persons, the plan and the office's details; throws CMySQLException.
 void fill(KMSWord &word, CTblAutomobilContracts &contract);
 
 }

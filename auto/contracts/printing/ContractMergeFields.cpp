@@ -4,144 +4,24 @@
 #include "auto/contracts/printing/ContractMergeFields.h"
 
 #include "auto/contracts/figures/Commission.h"
+#include "auto/contracts/editor/MatterVisibility.h"
+#include "auto/contracts/printing/ContractMergeRows.h"
 #include "suite/utility/values/Money.h"
+#include "suite/utility/values/PlateText.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <vector>
+#include <QHash>
+
+#include <algorithm>
+#include <optional>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-enum class Format {
-    Text,  // the first column that holds one
-    Money, // the sum of the columns, less the deducted one
-    Date,
-    Time,
-    Code,
-    Title // columns: sex, kind of person
-};
-
-struct Row
-{
-    QStringView name;
-    Format format = Format::Text;
-    std::vector<QStringView> columns;       // of the contract; empty: the contract has none
-    std::vector<QStringView> personColumns; // used instead for an ordinary party, from its person's record
-    QStringView deducted = {};
-};
-
-const std::vector<Row> &firstPartyRows()
-{
-    using enum Format;
-    static const std::vector<Row> rows = {
-        {u"Mr", Title, {}, {u"iSex", u"iKind"}},
-        {u"Name", Text, {u"sName1"}, {u"sName"}},
-        {u"Family", Text, {}, {u"sFamily"}},
-        {u"Address", Text, {u"sAddress1"}, {u"sAddress"}},
-        {u"PC", Text, {}, {u"sPostalCode"}},
-        {u"Father", Text, {}, {u"sFatherName"}},
-        {u"IdentityCode", Text, {}, {u"sIdentityNum"}},
-        {u"NC", Text, {u"sNationalId1"}, {u"sNationalCode"}},
-        {u"BirthCity", Text, {}, {u"sBirthCity"}},
-        {u"dateBirth", Date, {}, {u"dateBirth"}},
-        {u"Tel", Text, {u"sTel1", u"sMobile1"}, {u"sTel", u"sMobile"}},
-        {u"EC", Text, {}, {u"sEconomicCode"}},
-        {u"IdentityCodeCity", Text, {}, {u"sIdentityCity"}},
-        {u"dateContract", Date, {u"dateContract"}, {}},
-        {u"NumOfPlates", Text, {u"sNumOfPlates"}, {}},
-        {u"Color", Text, {u"sColor"}, {}},
-        {u"AutomobilName", Text, {u"sAutomobilName"}, {}},
-        {u"Amount", Money, {u"dAmount"}, {}},
-        {u"Commission1", Money, {u"dCommission"}, {}},
-        {u"sumTax1", Money, {u"dTax", u"dImposition"}, {}},
-        {u"Pay1", Money, {u"dCommission", u"dTax", u"dImposition"}, {}, u"dDiscountFirst"},
-        {u"DiscountFirst", Money, {u"dDiscountFirst"}, {}},
-        {u"iCode", Code, {u"iCode"}, {}},
-        {u"sDesc", Text, {u"sDesc"}, {}},
-        {u"Model", Text, {u"sModel"}, {}},
-    };
-    return rows;
-}
-
-// The names do not follow those of the first party; the templates in the offices use them as they are.
-const std::vector<Row> &secondPartyRows()
-{
-    using enum Format;
-    static const std::vector<Row> rows = {
-        {u"MrPerson2", Title, {}, {u"iSex", u"iKind"}},
-        {u"NamePerson2", Text, {u"sName2"}, {u"sName"}},
-        {u"Family2", Text, {}, {u"sFamily"}},
-        {u"Address2", Text, {u"sAddress2"}, {u"sAddress"}},
-        {u"FatherName2", Text, {}, {u"sFatherName"}},
-        {u"IdentityCode2", Text, {}, {u"sIdentityNum"}},
-        {u"N", Text, {u"sNationalId2"}, {u"sNationalCode"}},
-        {u"BirthCity2", Text, {}, {u"sBirthCity"}},
-        {u"dateBirth2", Date, {}, {u"dateBirth"}},
-        {u"Tel2", Text, {u"sTel2", u"sMobile2"}, {u"sTel", u"sMobile"}},
-        {u"IdentityCodeCity2", Text, {}, {u"sIdentityCity"}},
-        {u"E", Text, {}, {u"sEconomicCode"}},
-        {u"p", Text, {}, {u"sPostalCode"}},
-        {u"dateContract", Date, {u"dateContract"}, {}},
-        {u"NumOfPlates", Text, {u"sNumOfPlates"}, {}},
-        {u"Color", Text, {u"sColor"}, {}},
-        {u"AutomobilName", Text, {u"sAutomobilName"}, {}},
-        {u"Amount", Money, {u"dAmount"}, {}},
-        {u"Commission1", Money, {u"dCommission"}, {}},
-        {u"sumTax2", Money, {u"dTax2", u"dImposition2"}, {}},
-        {u"Pay2", Money, {u"dCommission", u"dTax2", u"dImposition2"}, {}, u"dDiscountSecond"},
-        {u"DiscountSecond", Money, {u"dDiscountSecond"}, {}},
-        {u"iCode", Code, {u"iCode"}, {}},
-        {u"sDesc", Text, {u"sDesc"}, {}},
-        {u"Model", Text, {u"sModel"}, {}},
-    };
-    return rows;
-}
-
-const std::vector<Row> &matterRows()
-{
-    using enum Format;
-    static const std::vector<Row> rows = {
-        {u"ByVirtueFirst", Text, {u"sByVirtueFirst"}, {}},
-        {u"NumOfWheels", Text, {u"sNumOfWheels"}, {}},
-        {u"NumOfEngines", Text, {u"sNumOfEngines"}, {}},
-        {u"ChassisNum", Text, {u"sChassisNum"}, {}},
-        {u"DescMatter", Text, {u"sDescMatter"}, {}},
-        {u"FixAmount", Money, {u"dFixAmount"}, {}},
-        {u"AgreeAmount", Money, {u"dAgreeAmount"}, {}},
-        {u"CheckCount", Text, {u"sCheckCount"}, {}},
-        {u"CheckNum", Text, {u"sCheckNum"}, {}},
-        {u"BankName", Text, {u"sBankName"}, {}},
-        {u"BranchName", Text, {u"sBranchName"}, {}},
-        {u"BranchCode", Text, {u"sBranchCode"}, {}},
-        {u"RemainingAmount", Money, {u"dRemainingAmount"}, {}},
-        {u"dateTradeUnit", Date, {u"dateTradeUnit"}, {}},
-        {u"RegistryNum", Text, {u"sRegistryNum"}, {}},
-        {u"RightTahrir", Text, {u"sRightTahrir"}, {}},
-        {u"DamageAmount", Money, {u"dDamageAmount"}, {}},
-        {u"dateDeal", Date, {u"dateDeal"}, {}},
-        {u"timeDeal", Time, {u"dateDeal"}, {}},
-        {u"DelayAmount", Money, {u"dDelayAmount"}, {}},
-        {u"timeTradeUnit", Time, {u"dateTradeUnit"}, {}},
-        {u"AddressSample", Text, {u"sAddressSample"}, {}},
-        {u"Page", Text, {u"sPage"}, {}},
-        {u"Cover", Text, {u"sCover"}, {}},
-        {u"Num", Code, {u"iNum"}, {}},
-        {u"Tracking", Text, {u"sTrackingCode"}, {}},
-        {u"NoAdvice", Text, {u"sNoAdvice"}, {}},
-        {u"DomainRegister", Text, {u"sDomainRegister"}, {}},
-        {u"FromFirst", Text, {u"sFromFirst"}, {}},
-        {u"FromSecond", Text, {u"sFromSecond"}, {}},
-        {u"ByVirtueSecond", Text, {u"sByVirtueSecond"}, {}},
-        {u"Dengue", Text, {u"sDengue"}, {}},
-        {u"System", Text, {u"sSystem"}, {}},
-        {u"Brigade", Text, {u"sBrigade"}, {}},
-        {u"Capacity", Text, {u"sCapacity"}, {}},
-        {u"Fuel", Text, {u"sFuel"}, {}},
-        {u"NumOFAxles", Text, {u"sNumOFAxles"}, {}},
-    };
-    return rows;
-}
+using Row = ContractMergeRow;
+using Rows = std::vector<Row>;
 
 QString firstText(const std::vector<QStringView> &columns, const RecordValues &record)
 {
@@ -166,65 +46,140 @@ QString timeText(const QDateTime &moment)
     return time == QTime(0, 0) ? QString() : time.toString(u"HH:mm");
 }
 
-QString text(const Row &row, const std::vector<QStringView> &columns, const RecordValues &record, int moneyDecimals)
+double amountOf(const Row &row, const RecordValues &record)
+{
+    double amount = row.deducted.isEmpty() ? 0 : -record(row.deducted).toDouble();
+    for (const QStringView column : row.columns)
+        amount += record(column).toDouble();
+    return amount;
+}
+
+QString wordsOf(double amount, const QString &moneyUnit)
+{
+    const QString words = amountInWords(amount);
+    return words.isEmpty() || moneyUnit.isEmpty() ? words : words + u' ' + moneyUnit;
+}
+
+// In the order of a car's plate, which a Persian line would turn around: each part, then a mark that keeps the next one to its right.
+QString plateText(const PlateText &plate)
+{
+    return u"\u202A%1 %2\u200E %3 | ایران\u200E %4\u202C"_s.arg(plate.two, plate.letter, plate.three, plate.region);
+}
+
+QString plateText(Row::Format format, const QString &stored)
+{
+    const std::optional<PlateText> plate = PlateText::of(stored);
+    if (!plate)
+        return format == Row::Plate ? stored : QString();
+    switch (format) {
+    case Row::PlateTwo: return plate->two;
+    case Row::PlateLetter: return plate->letter;
+    case Row::PlateThree: return plate->three;
+    case Row::PlateRegion: return plate->region;
+    default: return plateText(*plate);
+    }
+}
+
+QString text(const Row &row, const std::vector<QStringView> &columns, const RecordValues &record, const ContractForPrinting &source)
 {
     if (columns.empty())
         return {};
     const auto value = [&] { return record(columns.front()); };
     switch (row.format) {
-    case Format::Text:
-        return firstText(columns, record);
-    case Format::Money: {
-        double amount = row.deducted.isEmpty() ? 0 : -record(row.deducted).toDouble();
-        for (const QStringView column : columns)
-            amount += record(column).toDouble();
-        return DToMoney(amount, moneyDecimals);
-    }
-    case Format::Date:
-        return shamsiText(value().toDateTime().date());
-    case Format::Time:
-        return timeText(value().toDateTime());
-    case Format::Code:
-        return value().toInt() == 0 ? QString() : LToStr(value().toInt());
-    case Format::Title:
-        return titleText(columns, record);
+    case Row::Text: return firstText(columns, record);
+    case Row::Money: return DToMoney(amountOf(row, record), source.moneyDecimals);
+    case Row::Words: return wordsOf(amountOf(row, record), source.moneyUnit);
+    case Row::Date: return shamsiText(value().toDateTime().date());
+    case Row::Time: return timeText(value().toDateTime());
+    case Row::Code: return value().toInt() == 0 ? QString() : LToStr(value().toInt());
+    case Row::Title: return titleText(columns, record);
+    case Row::Plate:
+    case Row::PlateTwo:
+    case Row::PlateLetter:
+    case Row::PlateThree:
+    case Row::PlateRegion: return plateText(row.format, value().toString());
     }
     return {};
 }
 
-MergeBatch filled(const std::vector<Row> &rows, const RecordValues &contract, const RecordValues &person, int moneyDecimals)
+// What an amount says: 0 is nothing to speak of.
+bool isZero(const Row &row, const RecordValues &record, int decimals)
+{
+    return row.isAmount() && roundToDecimals(amountOf(row, record), decimals) == 0;
+}
+
+bool isHidden(const Row &row, int contractType)
+{
+    return !row.columns.empty()
+        && std::ranges::all_of(row.columns, [&](QStringView column) { return MatterVisibility::isMatter(column) && !MatterVisibility::isUsed(contractType, column); });
+}
+
+MergeBatch filled(const Rows &rows, const RecordValues &record, const RecordValues &person, const ContractForPrinting &source)
 {
     MergeBatch batch;
     batch.reserve(static_cast<qsizetype>(rows.size()));
     for (const Row &row : rows) {
         const bool askPerson = person && !row.personColumns.empty();
-        const QString value = askPerson ? text(row, row.personColumns, person, moneyDecimals)
-                                        : text(row, row.columns, contract, moneyDecimals);
-        batch.append({row.name.toString(), value.isEmpty() ? u" "_s : value});
+        const RecordValues &asked = askPerson ? person : record;
+        const QString value = text(row, askPerson ? row.personColumns : row.columns, asked, source);
+        const bool says = !value.trimmed().isEmpty() && !isZero(row, record, source.moneyDecimals) && !isHidden(row, source.contract(u"iContractType").toInt());
+        batch.append({row.name.toString(), value.isEmpty() ? u" "_s : value, says});
     }
     return batch;
 }
 
-MergeBatch partyBatch(const std::vector<Row> &rows, QStringView kindColumn, const RecordValues &person,
+MergeBatch partyBatch(const Rows &rows, QStringView kindColumn, const RecordValues &person,
                       const ContractForPrinting &source)
 {
     const bool ordinary = source.contract(kindColumn).toInt() == static_cast<int>(PartyKind::Ordinary);
     if (ordinary && !person)
         return {};
-    return filled(rows, source.contract, ordinary ? person : RecordValues(), source.moneyDecimals);
+    return filled(rows, source.contract, ordinary ? person : RecordValues(), source);
 }
 
 }
 
 ContractMergeBatches contractMergeFields(const ContractForPrinting &source)
 {
-    return {partyBatch(firstPartyRows(), u"iPersonContract1", source.firstPerson, source),
-            partyBatch(secondPartyRows(), u"iPersonContract2", source.secondPerson, source),
-            filled(matterRows(), source.contract, {}, source.moneyDecimals)};
+    return {partyBatch(Row::ofFirstParty(), u"iPersonContract1", source.firstPerson, source),
+            partyBatch(Row::ofSecondParty(), u"iPersonContract2", source.secondPerson, source),
+            filled(Row::ofMatter(), source.contract, {}, source)};
+}
+
+MergeBatch furtherMergeFields(const ContractForPrinting &source)
+{
+    const RecordValues office = source.office ? source.office : [](QStringView) { return QVariant(); };
+    MergeBatch batch = {dealershipField(source.companyName), {u"MoneyUnit"_s, source.moneyUnit.isEmpty() ? u" "_s : source.moneyUnit, !source.moneyUnit.isEmpty()}};
+    return batch + filled(Row::ofOffice(), office, {}, source) + filled(Row::further(), source.contract, {}, source);
 }
 
 MergeField dealershipField(const QString &companyName)
 {
     const QString blankLine = u"نمایشگاه اتومبیل ........................"_s;
     return {u"Dealership"_s, companyName.isEmpty() ? blankLine : companyName};
+}
+
+QString logoField()
+{
+    return u"Logo"_s;
+}
+
+QStringList statedMergeFields()
+{
+    QStringList names;
+    for (const Rows *rows : {&Row::ofFirstParty(), &Row::ofSecondParty(), &Row::ofMatter()})
+        for (const Row &row : *rows)
+            if (!names.contains(row.name))
+                names.append(row.name.toString());
+    return names;
+}
+
+QStringList hiddenMergeFields(int contractType)
+{
+    QStringList names;
+    for (const Rows *rows : {&Row::ofFirstParty(), &Row::ofSecondParty(), &Row::ofMatter(), &Row::further()})
+        for (const Row &row : *rows)
+            if (isHidden(row, contractType) && !names.contains(row.name))
+                names.append(row.name.toString());
+    return names;
 }

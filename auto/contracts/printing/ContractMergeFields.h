@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 
@@ -20,6 +21,8 @@ struct MergeField
 {
     QString name;
     QString value; // never empty: a single blank when there is nothing to say
+    // Worth its words in a template that can leave them out: not blank, no amount of 0, and a field that the contract's type shows.
+    bool says = true;
 
     friend bool operator==(const MergeField &, const MergeField &) = default;
 };
@@ -32,6 +35,9 @@ struct ContractForPrinting
     RecordValues firstPerson; // columns of Persons; an empty function: there is no such person
     RecordValues secondPerson;
     int moneyDecimals = 0; // of the office's money unit, 0 to 4
+    QString moneyUnit = {};
+    QString companyName = {};
+    RecordValues office = {}; // the keys of CompanyDetails
 };
 
 // Which part of the contract a batch is about, in the order in which they are filled.
@@ -71,6 +77,15 @@ using ContractMergeBatches = std::array<MergeBatch, static_cast<std::size_t>(Mer
 // same for both.
 ContractMergeBatches contractMergeFields(const ContractForPrinting &source);
 
-// The letterhead, a field of our own templates beside the batches: the dealership's name, or a line to write it on while the
-// office has not entered one.
+// The fields beside the batches, for templates that want them: the letterhead, the money unit, the office's address and numbers, the
+// vehicle's further facts, amounts in words, the terms of a rent or of instalments, and what a contract says in words of its own.
+MergeBatch furtherMergeFields(const ContractForPrinting &source);
+
+// The letterhead: the dealership's name, or a line to write it on while the office has not entered one.
 MergeField dealershipField(const QString &companyName);
+// The name of the field that is the office's logo.
+QString logoField();
+
+// The names of the batches, each once; and of all fields, those whose entry a type of contract does not show.
+QStringList statedMergeFields();
+QStringList hiddenMergeFields(int contractType);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/contracts/printing/ContractMergeFields.h"
+#include "auto/contracts/printing/PlanMergeFields.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QDateTime>
@@ -335,6 +336,111 @@ private Q_SLOTS:
         const auto batches = batchesOf(contract);
         QCOMPARE(valueOf(batches[2], u"dateDeal"_s), u"1405/09/10"_s);
         QCOMPARE(valueOf(batches[2], u"timeDeal"_s), blank);
+    }
+
+    // The fields beside the stated ones.
+    void furtherFields_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("value");
+        QTest::newRow("letterhead") << u"Dealership"_s << u"نمایشگاه آریا"_s;
+        QTest::newRow("address of the office") << u"DealershipAddress"_s << u"office address"_s;
+        QTest::newRow("telephone of the office") << u"DealershipTel"_s << u"office telephone"_s;
+        QTest::newRow("money unit") << u"MoneyUnit"_s << u"ریال"_s;
+        QTest::newRow("VIN") << u"VIN"_s << u"IRFC04"_s;
+        QTest::newRow("plate in its form") << u"Plate"_s << u"\u202A12 ب\u200E 345 | ایران\u200E 67\u202C"_s;
+        QTest::newRow("a part of the plate") << u"PlateThree"_s << u"345"_s;
+        QTest::newRow("letter of the plate") << u"PlateLetter"_s << u"ب"_s;
+        QTest::newRow("amount in words") << u"AmountWords"_s << u"دوازده میلیارد و هشتصد و پنجاه میلیون ریال"_s;
+        QTest::newRow("commission in words") << u"CommissionWords"_s << u"شصت و چهار میلیون و دویست و پنجاه هزار ریال"_s;
+        QTest::newRow("what the first party pays, in words") << u"Pay1Words"_s << u"شصت و هفت میلیون و ششصد و هفتاد و پنج هزار ریال"_s;
+        QTest::newRow("what the second party pays, in words") << u"Pay2Words"_s << u"شصت و هفت میلیون و هفتصد و پنجاه هزار ریال"_s;
+        QTest::newRow("amount of the rent") << u"AmountRent"_s << u"910,000"_s;
+        QTest::newRow("period of the rent") << u"RentTime"_s << u"شش ماه"_s;
+        QTest::newRow("end of the rent") << u"dateRentExpire"_s << u"1405/09/10"_s;
+        QTest::newRow("note") << u"Note10"_s << u"ten"_s;
+        QTest::newRow("not stated") << u"License"_s << blank;
+    }
+
+    void furtherFields()
+    {
+        Values contract = fullContract();
+        contract.insert({{u"iContractType"_s, 1}, {u"sVIN"_s, u"IRFC04"_s}, {u"sNumOfPlates"_s, u"12 ب 345 ایران 67"_s}, {u"dAmountRent"_s, 910000.0}, {u"sRentTime"_s, u"شش ماه"_s}, {u"dateRentExpire"_s, moment(2026, 12, 1)}, {u"sNote10"_s, u"ten"_s}});
+        const RecordValues office = [](QStringView key) { return QVariant(u"office "_s + key.toString()); };
+        const MergeBatch batch = furtherMergeFields({record(contract), {}, {}, 0, u"ریال"_s, u"نمایشگاه آریا"_s, office});
+        QFETCH(QString, name);
+        QTEST(valueOf(batch, name), "value");
+    }
+
+    void plateOfAnotherFormStaysAsItIs()
+    {
+        Values contract = fullContract();
+        contract[u"sNumOfPlates"_s] = u"گذر موقت 123"_s;
+        const MergeBatch batch = furtherMergeFields({record(contract), {}, {}});
+        QCOMPARE(valueOf(batch, u"Plate"_s), u"گذر موقت 123"_s);
+        QCOMPARE(valueOf(batch, u"PlateLetter"_s), blank);
+    }
+
+    // What a template with marks leaves out.
+    void fieldSaysSomethingUnlessItIsEmptyZeroOrHidden_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("column");
+        QTest::addColumn<QVariant>("stored");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("says");
+        QTest::newRow("amount") << 0 << u"dAmount"_s << QVariant(5.0) << u"Amount"_s << true;
+        QTest::newRow("amount of nothing") << 0 << u"dAmount"_s << QVariant(0.0) << u"Amount"_s << false;
+        QTest::newRow("amount that rounds to nothing") << 0 << u"dAmount"_s << QVariant(0.4) << u"Amount"_s << false;
+        QTest::newRow("amount of nothing in words") << 0 << u"dAmount"_s << QVariant(0.0) << u"AmountWords"_s << false;
+        QTest::newRow("text") << 0 << u"sColor"_s << QVariant(u"آبی"_s) << u"Color"_s << true;
+        QTest::newRow("blank text") << 0 << u"sColor"_s << QVariant(u"  "_s) << u"Color"_s << false;
+        QTest::newRow("delay of an instalment sale") << 2 << u"dDelayAmount"_s << QVariant(5.0) << u"DelayAmount"_s << true;
+        QTest::newRow("delay of a sale") << 0 << u"dDelayAmount"_s << QVariant(5.0) << u"DelayAmount"_s << false;
+        QTest::newRow("delay of a sale in words") << 0 << u"dDelayAmount"_s << QVariant(5.0) << u"DelayAmountWords"_s << false;
+        QTest::newRow("cash payment, which no type shows") << 2 << u"dFixAmount"_s << QVariant(5.0) << u"FixAmount"_s << false;
+        QTest::newRow("rest of an instalment sale") << 2 << u"dRemainingAmount"_s << QVariant(5.0) << u"RemainingAmount"_s << false;
+        QTest::newRow("vehicle of a letter") << 3 << u"sAutomobilName"_s << QVariant(u"پژو"_s) << u"AutomobilName"_s << false;
+        QTest::newRow("description of a letter") << 3 << u"sDesc"_s << QVariant(u"متن"_s) << u"sDesc"_s << true;
+        QTest::newRow("what is deducted counts") << 0 << u"dDiscountFirst"_s << QVariant(70675000.0) << u"Pay1"_s << false;
+    }
+
+    void fieldSaysSomethingUnlessItIsEmptyZeroOrHidden()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, column);
+        QFETCH(QVariant, stored);
+        QFETCH(QString, name);
+        Values contract = fullContract(2, 2);
+        contract[u"iContractType"_s] = type;
+        contract[column] = stored;
+        const ContractForPrinting source{record(contract), {}, {}};
+        QList<bool> found;
+        for (const MergeBatch &batch : contractMergeFields(source))
+            for (const MergeField &field : batch)
+                if (field.name == name)
+                    found.append(field.says);
+        for (const MergeField &field : furtherMergeFields(source))
+            if (field.name == name)
+                found.append(field.says);
+        QVERIFY(!found.isEmpty());
+        QFETCH(bool, says);
+        QCOMPARE(found, QList<bool>(found.size(), says));
+    }
+
+    void planIsARowForEachInstalmentAndASum()
+    {
+        const QList<InstalmentForPrinting> plan = {{1, QDate(2026, 12, 1), 1000, u"first"_s}, {2, QDate(2027, 1, 1), 1500, QString()}};
+        const DocumentParts::Table table = planTable(plan, 0, u"ریال"_s);
+        QCOMPARE(table.columns, split("PlanNum, PlanDate, PlanAmount, PlanWords, PlanDesc"));
+        QCOMPARE(table.rows, (QList<QStringList>{{u"1"_s, u"1405/09/10"_s, u"1,000"_s, u"یک هزار ریال"_s, u"first"_s}, {u"2"_s, u"1405/10/11"_s, u"1,500"_s, u"یک هزار و پانصد ریال"_s, QString()}}));
+        const MergeBatch sums = planMergeFields(plan, 0, u"ریال"_s);
+        QCOMPARE(valueOf(sums, u"PlanCount"_s), u"2"_s);
+        QCOMPARE(valueOf(sums, u"PlanTotal"_s), u"2,500"_s);
+        QCOMPARE(valueOf(sums, u"PlanTotalWords"_s), u"دو هزار و پانصد ریال"_s);
+        QCOMPARE(valueOf(sums, u"PlanLastDate"_s), u"1405/10/11"_s);
+        for (const MergeField &field : planMergeFields({}, 0, u"ریال"_s))
+            QVERIFY2(!field.says && field.value == blank, qPrintable(field.name));
     }
 };
 
