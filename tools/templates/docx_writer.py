@@ -3,7 +3,8 @@
 
 """Writes right-to-left forms as word-processor documents, with the standard library alone.
 
-A form is a title, a few lines of its page header, and blocks. In every text {Name} stands for the merge field of that name.
+A form is a title, a few lines of its page header, and blocks. In every text {Name} stands for the merge field of that name, and
+so do the marks around a part that the program leaves out when its fields say nothing: {If_Name}, {IfNot_Name} and {EndIf}.
 The same form always gives the same bytes.
 """
 
@@ -39,26 +40,32 @@ FAINT = "595959"
 
 @dataclass(frozen=True)
 class Article:
-    """The heading of a numbered article."""
+    """The heading of an article, left out where none of these fields says anything."""
 
     text: str
+    when: str = ""
 
 
 @dataclass(frozen=True)
 class Text:
-    """A paragraph; a clause hangs under its own sign."""
+    """A paragraph; a clause hangs under its own sign. Left out where none of the fields in when, or any in unless, says anything."""
 
     text: str
     sign: str = ""
+    when: str = ""
+    unless: str = ""
+    stays_with_next: bool = False
 
 
 @dataclass(frozen=True)
 class Cell:
-    """Label and value of one box of a grid, over so many of its columns."""
+    """Label and value of one box of a grid, over so many of its columns. It goes with its fields, or with those in when."""
 
     label: str
     value: str
     span: int = 1
+    when: str = ""
+    always: bool = False
 
 
 @dataclass(frozen=True)
@@ -77,6 +84,7 @@ class Table:
     widths: list
     header: list
     rows: list
+    when: str = ""
 
 
 @dataclass(frozen=True)
@@ -131,6 +139,19 @@ def field_runs(instruction, shown, properties):
     )
 
 
+def optional(text, when="", unless=""):
+    """The text between the marks that the program looks for; fields are parted by blanks."""
+    if when:
+        text = f"{{If_{'_'.join(when.split())}}}{text}{{EndIf}}"
+    if unless:
+        text = f"{{IfNot_{'_'.join(unless.split())}}}{text}{{EndIf}}"
+    return text
+
+
+def fields_in(text):
+    return re.findall(r"\{(?!If_|IfNot_|EndIf)([^}]+)\}", text)
+
+
 class Writer:
     def __init__(self, form):
         self.form = form
@@ -151,6 +172,10 @@ class Writer:
             elif piece:
                 result.append(text_run(piece, run_properties(**look)))
         return "".join(result)
+
+    def between_marks(self, content, when="", unless=""):
+        begin, end = optional("\0", when, unless).split("\0")
+        return self.runs(begin) + content + self.runs(end)
 
     def paragraph(self, content, style="", align="", keep_next=False):
         parts = []
@@ -213,7 +238,10 @@ class Writer:
                 raise ValueError(f"a row of {spans} columns in a grid of {block.columns}: {cells[0].label}")
             drawn = []
             for cell in cells:
-                content = self.runs(cell.label + ": ", size=17, color=FAINT) + self.runs(cell.value, bold=True)
+                label = cell.label + ": " if cell.label else ""
+                content = self.runs(label, size=17, color=FAINT) + self.runs(cell.value, bold=True)
+                if not cell.always:
+                    content = self.between_marks(content, cell.when or " ".join(fields_in(cell.value)))
                 drawn.append(self.cell(width * cell.span, self.paragraph(content, "Cell"), cell.span))
             rows.append(self.row(drawn))
         return self.table([width] * block.columns, rows) + self.gap()
@@ -230,7 +258,11 @@ class Writer:
             ]
             return self.row(cells, header=header)
 
-        return self.table(widths, [line(block.header, True)] + [line(row, False) for row in block.rows]) + self.gap()
+        table = self.table(widths, [line(block.header, True)] + [line(row, False) for row in block.rows]) + self.gap()
+        if not block.when:
+            return table
+        begin, end = optional("\0", block.when).split("\0")
+        return self.paragraph(self.runs(begin), "Gap") + table + self.paragraph(self.runs(end), "Gap")
 
     def signatures(self, block):
         width = TEXT_WIDTH // len(block.signers)
@@ -249,12 +281,13 @@ class Writer:
 
     def block(self, block):
         if isinstance(block, Article):
-            return self.paragraph(self.runs(block.text), "Article", keep_next=True)
+            return self.paragraph(self.between_marks(self.runs(block.text), block.when), "Article", keep_next=True)
         if isinstance(block, Text):
             if block.sign:
                 sign = self.runs(block.sign, bold=True) + "<w:r><w:tab/></w:r>"
-                return self.paragraph(sign + self.runs(block.text), "Clause")
-            return self.paragraph(self.runs(block.text), "Body")
+                return self.paragraph(self.between_marks(sign + self.runs(block.text), block.when, block.unless), "Clause")
+            content = self.between_marks(self.runs(block.text), block.when, block.unless)
+            return self.paragraph(content, "Body", keep_next=block.stays_with_next)
         if isinstance(block, Grid):
             return self.grid(block)
         if isinstance(block, Table):
@@ -278,13 +311,14 @@ class Writer:
 
     def header(self):
         form = self.form
-        widths = [TEXT_WIDTH * part // 100 for part in (40, 34, 26)]
+        widths = [TEXT_WIDTH * part // 100 for part in (11, 37, 29, 23)]
+        logo = self.paragraph(self.runs("{If_Logo}{Logo_16}{EndIf}"), "Cell")
         heading = self.paragraph(self.runs(form.heading[0], bold=True, size=24, color=ACCENT), "Cell")
         heading += "".join(self.paragraph(self.runs(line, size=16), "Cell") for line in form.heading[1:])
         title = self.paragraph(self.runs("به نام خدا", size=16), "Cell", "center")
-        title += self.paragraph(self.runs(form.title, bold=True, size=28, color=ACCENT), "Cell", "center")
+        title += self.paragraph(self.runs(form.title, bold=True, size=26, color=ACCENT), "Cell", "center")
         reference = "".join(self.paragraph(self.runs(line, size=18), "Cell", "right") for line in form.reference)
-        row = self.row([self.cell(width, text) for width, text in zip(widths, (heading, title, reference))])
+        row = self.row([self.cell(width, text) for width, text in zip(widths, (logo, heading, title, reference), strict=True)])
         table = self.table(widths, [row], borders=False)
         line = self.paragraph("", "Line")
         return f"{PROLOG}<w:hdr {NAMESPACES}>{table}{line}{self.gap()}</w:hdr>"

@@ -1,11 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "auto/contracts/editor/MatterFields.h"
+#include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/contracts/printing/ContractMergeFields.h"
 #include "auto/contracts/printing/ContractPrinting.h"
+#include "auto/contracts/printing/TemplateCheck.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/crm/persons/CompanyDetails.h"
+#include "suite/crm/persons/CompanyLogo.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "suite/utility/values/TemporaryFolders.h"
 #include "tests/auto/contracts/printing/DocxParts.h"
@@ -166,33 +170,116 @@ private Q_SLOTS:
         for (const QByteArray &part : parts)
             QVERIFY(!part.contains("MERGEFIELD"));
         const QStringList lines = shownText(parts).split(u'\n');
-        for (const QString &value : PrintedContracts::values())
+        for (const QString &value : PrintedContracts::values(type))
             QVERIFY2(lines.contains(value), qPrintable(value));
+        for (const QString &value : PrintedContracts::hiddenValues(type))
+            QVERIFY2(!lines.join(u'\n').contains(value), qPrintable(value));
         QVERIFY(!lines.join(u'\n').contains(u'«'));
     }
 
-    // Each template says everything that is filled; a name that nothing fills would stay in every printed contract.
-    void everyTemplateHasEveryFieldAndNoOther_data()
+    // Each form says everything that its type shows, and nothing else; a name that nothing fills would stay in every printed contract.
+    void everyFormSuitsItsType_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char *name : {"AutoMbayh.docx", "AutoRent.docx", "AutoInstallment.docx"})
-            QTest::newRow(name) << QString::fromLatin1(name);
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("missing");
+        // The number of the plate stands in its form, as Plate.
+        QTest::newRow("sale agreement") << u"AutoMbayh.docx"_s << 0 << u"NumOfPlates"_s;
+        QTest::newRow("rent") << u"AutoRent.docx"_s << 1 << u"NumOfPlates"_s;
+        QTest::newRow("instalment sale") << u"AutoInstallment.docx"_s << 2 << u"NumOfPlates"_s;
+        QTest::newRow("letter") << u"AutoLetter.docx"_s << 3 << u"Capacity"_s;
     }
 
-    void everyTemplateHasEveryFieldAndNoOther()
+    void everyFormSuitsItsType()
     {
         QFETCH(QString, name);
-        const RecordValues nothing = [](QStringView) { return QVariant(); };
-        QSet<QString> filled = {dealershipField(QString()).name};
-        for (const MergeBatch &batch : contractMergeFields({nothing, nothing, nothing}))
-            for (const MergeField &field : batch)
-                filled.insert(field.name);
-        QCOMPARE(filled.size(), 79);
-        KMSWord word;
-        QVERIFY(word.Init());
-        QVERIFY(word.OpenDocument(builtTemplates + u'/' + name, 1));
-        const QStringList standing = word.GetFields().GetNames();
-        QCOMPARE(QSet<QString>(standing.cbegin(), standing.cend()), filled);
+        QFETCH(int, type);
+        QFETCH(QString, missing);
+        const TemplateCheck check = TemplateCheck::of(contentOf(builtTemplates + u'/' + name), type);
+        QVERIFY2(check.isUsable(), qUtf8Printable(check.refusal));
+        QCOMPARE(check.unknown, QStringList());
+        QCOMPARE(check.hidden, QStringList());
+        QCOMPARE(check.unpaired, QStringList());
+        QCOMPARE(check.missing.join(u' '), missing);
+    }
+
+    // The rule that says what a type hides knows each field of the page.
+    void everyFieldOfTheMatterIsKnownAsOne()
+    {
+        for (const KFormField &field : matterFields())
+            QVERIFY2(MatterVisibility::isMatter(field.column), qPrintable(field.column));
+        for (const char16_t *column : {u"dAmount", u"sDesc", u"sFromFirst", u"sNoAdvice", u"sPage", u"sDeal", u"sNote1"})
+            QVERIFY(!MatterVisibility::isMatter(column));
+    }
+
+    // What is empty goes with its words; what somebody writes by hand has a line.
+    void contractThatSaysLittlePrintsNoWordsAboutTheRest_data() { contractIsPrintedFromTheTemplateOfItsType_data(); }
+
+    void contractThatSaysLittlePrintsNoWordsAboutTheRest()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, name);
+        const int contract = m_office->addContract([&](Contract &c) {
+            c.m_iContractType = type;
+            c.m_iCode = 9;
+            c.m_iPersonContract1 = c.m_iPersonContract2 = 2;
+            c.m_sName1 = u"علی مرادی"_s;
+            c.m_sName2 = u"رضا کاوه"_s;
+            c.m_dAmount = 2000;
+            c.m_sAutomobilName = u"پراید"_s;
+        });
+        QVERIFY(print(contract));
+        QCOMPARE(fieldsLeft(), QStringList());
+        const QString text = printedText();
+        for (const char *words : {"علی مرادی", "رضا کاوه", "2,000", "دو هزار ریال", "پراید", "کد رهگیری", "حق کمیسیونی دریافت نمی‌کند"})
+            QVERIFY2(text.contains(QString::fromUtf8(words)), words);
+        for (const char *words : {"نام پدر", "کد اقتصادی", "تلفن", "نشانی:", "از طرف:", "چک‌ها", "بانک", "باقی‌مانده", "خسارت تخلف", "دیرکرد", "تخفیف", "VIN", "شماره شاسی:",
+                                  "ساعت:", "پرداخت نقدی", "تبصره", "تعهدات فروشنده", "مشاور خودرو", "صفر"})
+            QVERIFY2(!text.contains(QString::fromUtf8(words)), words);
+        QVERIFY(!text.split(u'\n').contains(u"0"_s));
+    }
+
+    void planStandsInTheInstalmentForm()
+    {
+        const int contract = PrintedContracts::add(*m_office, 2);
+        PrintedContracts::addPlan(*m_office, contract);
+        QVERIFY(print(contract));
+        const QStringList lines = printedText().split(u'\n');
+        for (const QString &value : {u"610,000,001"_s, u"610,000,002"_s, u"610,000,003"_s, u"1405/11/01"_s, u"1405/12/02"_s, u"1406/01/01"_s, u"1,830,000,006"_s,
+                                     u"ششصد و ده میلیون و سه ریال"_s})
+            QVERIFY2(lines.contains(value), qPrintable(value));
+        QVERIFY(!lines.join(u' ').contains(u"پیوست"_s));
+        QVERIFY(readDocx(m_opened.last()).value(u"word/document.xml"_s).contains("w:tblHeader"));
+    }
+
+    void contractWithoutAPlanNamesTheTableThatIsToBeMade()
+    {
+        QVERIFY(print(PrintedContracts::add(*m_office, 2)));
+        QVERIFY(printedText().contains(u"جدول اقساط پیوست"_s));
+        QVERIFY(!readDocx(m_opened.last()).value(u"word/document.xml"_s).contains("w:tblHeader"));
+    }
+
+    void letterheadHasTheOfficesAddressTelephoneAndLogo()
+    {
+        CompanyDetails company;
+        company.name1 = u"نمایشگاه آریا"_s;
+        company.address = u"تبریز، خیابان امام"_s;
+        company.telephone = u"041-33330000"_s;
+        company.write();
+        const QByteArray png = QByteArray::fromBase64("iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==");
+        CompanyLogo::save(png, 0);
+        const int contract = PrintedContracts::add(*m_office, 0);
+        QVERIFY(print(contract));
+        QStringList lines = printedText().split(u'\n');
+        QVERIFY(lines.contains(company.address) && lines.contains(company.telephone));
+        // The office's own address stands there, not the sample's.
+        QVERIFY(!lines.contains(u"تهران، بزرگراه رسالت"_s));
+        QCOMPARE(readDocx(m_opened.last()).value(u"word/media/filled-logo.png"_s), png);
+        QVERIFY(readDocx(m_opened.last()).value(u"word/header1.xml"_s).contains("r:embed"));
+
+        CompanyLogo::save({}, CompanyLogo::read().id);
+        QVERIFY(print(contract));
+        QVERIFY(!readDocx(m_opened.last()).contains(u"word/media/filled-logo.png"_s));
     }
 
     void letterheadIsTheNameOfTheOfficeOrALineToWriteItOn()
