@@ -3,6 +3,7 @@
 
 #include "host/administration/CDlgSettings.h"
 
+#include "host/administration/CDlgOfficeLogo.h"
 #include "host/keeping/BackupFields.h"
 #include "suite/accounting/changes/HistoryButton.h"
 #include "host/frame/HostLook.h"
@@ -29,6 +30,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -125,12 +127,16 @@ void CDlgSettings::build()
 
 void CDlgSettings::placeCompany(FormGrid *grid)
 {
-    auto *button = new QPushButton(u"مشخصات نمایشگاه"_s, this);
-    button->setAccessibleName(button->text());
-    button->setAutoDefault(false);
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(button, &QPushButton::clicked, this, [this] { CDlgAddCompanyProps(this).exec(); });
-    grid->addCell(button, 2);
+    const auto add = [&](const QString &caption, const std::function<void()> &open) {
+        auto *button = new QPushButton(caption, this);
+        button->setAccessibleName(button->text());
+        button->setAutoDefault(false);
+        button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        connect(button, &QPushButton::clicked, this, open);
+        grid->addCell(button, 2);
+    };
+    add(u"مشخصات نمایشگاه"_s, [this] { CDlgAddCompanyProps(this).exec(); });
+    add(u"نشان نمایشگاه"_s, [this] { CDlgOfficeLogo(this).exec(); });
 }
 
 void CDlgSettings::placeMoney(FormGrid *grid)

@@ -31,6 +31,7 @@
 #include "host/recovery/CDlgBackups.h"
 #include "host/recovery/CDlgBackupUnlock.h"
 #include "host/keeping/CDlgClosingBackup.h"
+#include "host/administration/CDlgOfficeLogo.h"
 #include "host/administration/CDlgUserRights.h"
 #include "host/backup/BackupFiles.h"
 #include "host/books/CDlgAddAccount.h"
@@ -426,6 +427,7 @@ void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"person-show", command(office, persons, u"show"_s)});
     entries.push_back({"person-picker", modal([] { static_cast<void>(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, 0)); })});
     entries.push_back({"company", window<CDlgAddCompanyProps>()});
+    entries.push_back({"office-logo", window<CDlgOfficeLogo>()});
     entries.push_back({"document-new", command(office, documents, u"new"_s)});
     entries.push_back({"document-edit", modal([=] { CDlgAddDocument(ManualDocument::load(document, year)).exec(); })});
     entries.push_back({"document-show", window<CDlgShowDocument>(document, year)});
