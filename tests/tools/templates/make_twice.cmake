@@ -13,8 +13,8 @@ endforeach()
 
 file(GLOB made RELATIVE "${FOLDER}/first" "${FOLDER}/first/*.docx")
 list(LENGTH made count)
-if(NOT count EQUAL 3)
-    message(FATAL_ERROR "three templates are made, not ${count}")
+if(NOT count EQUAL 4)
+    message(FATAL_ERROR "four templates are made, not ${count}")
 endif()
 foreach(name IN LISTS made)
     execute_process(COMMAND "${CMAKE_COMMAND}" -E compare_files "${FOLDER}/first/${name}" "${FOLDER}/second/${name}"
