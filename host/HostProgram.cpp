@@ -26,6 +26,7 @@
 #include "host/manual/ManualPages.h"
 #include "host/manual/ManualPaper.h"
 #include "host/start/OfficeServer.h"
+#include "host/tour/Tour.h"
 #include "host/server/ServerDamage.h"
 #include "host/server/ServerLog.h"
 #include "host/server/TableNames.h"
@@ -440,6 +441,9 @@ void HostProgram::work()
         QEventLoop loop;
         connect(&window, &MainWindow::closed, &loop, &QEventLoop::quit);
         connect(&window, &MainWindow::manualWanted, &m_manual, [&] { m_manual.showFor(&window); });
+        Tour tour(window);
+        connect(&window, &MainWindow::tourWanted, &tour, &Tour::start);
+        connect(&tour, &Tour::manualWanted, &m_manual, &ManualKey::showPage);
         m_window = &window;
         // The window appears first.
         QTimer shown;
@@ -451,6 +455,12 @@ void HostProgram::work()
         } else {
             connect(&shown, &QTimer::timeout, &window, &MainWindow::emptyBin);
             connect(&shown, &QTimer::timeout, &window, &MainWindow::makeSearchable);
+            connect(&shown, &QTimer::timeout, &tour, [&] {
+                KErrorBoundary::guarded(&window, [&] {
+                    if (DemoOffice::isFilled())
+                        tour.offerOnce();
+                });
+            });
             window.showBackups(keeper);
             keeper.start();
         }

@@ -279,6 +279,7 @@ void MainWindow::buildProgramMenu()
                 {u"&ورود با کاربر دیگر"_s, u"logout"_s, [this] { switchUser(); }, {}, Command::OfUser},
                 {u"&کلیدها"_s, u"keys"_s, [this] { showKeys(); }, control(Qt::Key_Slash), Command::StartsGroup},
                 {u"&گام‌های نخست"_s, u"check"_s, [this] { showFirstSteps(); }},
+                {u"گ&شت در برنامه"_s, u"show"_s, [this] { Q_EMIT tourWanted(); }},
                 {u"&راهنما"_s, u"help"_s, [this] { Q_EMIT manualWanted(); }, QKeySequence(Qt::Key_F1)},
                 {u"&درباره برنامه"_s, u"info"_s, about},
                 {u"&خروج"_s, u"close"_s, [this] { close(); }, control(Qt::Key_Q), Command::StartsGroup | Command::OfUser},

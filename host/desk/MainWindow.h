@@ -67,6 +67,8 @@ Q_SIGNALS:
     void closed();
     // The user asks for the manual by the menu.
     void manualWanted();
+    // The user asks for the tour by the menu.
+    void tourWanted();
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -43,12 +43,16 @@ QStringList ManualKey::classesOf(const QWidget *window)
 
 void ManualKey::showFor(QWidget *window)
 {
+    showPage(ManualPages().pageOf(window ? classesOf(window) : QStringList()));
+}
+
+void ManualKey::showPage(const QString &page)
+{
     if (!m_manual) {
         m_manual = std::make_unique<CDlgManual>();
         // Where the windows that it is read beside, which begin at the right, can still be seen.
         m_manual->move(m_manual->screen()->availableGeometry().topLeft());
     }
-    const QString page = ManualPages().pageOf(window ? classesOf(window) : QStringList());
     if (page.isEmpty())
         m_manual->showContents(u"این پنجره صفحه‌ای از خود در راهنما ندارد."_s);
     else

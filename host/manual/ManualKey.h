@@ -21,6 +21,8 @@ public:
 
     // The page of that window, or of the part of it that has the focus.
     void showFor(QWidget *window);
+    // A page by its name; empty: the contents.
+    void showPage(const QString &page);
     void close();
     // The one window, made when it was first asked for; null before.
     CDlgManual *manual() const { return m_manual.get(); }

@@ -38,6 +38,7 @@
 #include "host/books/CDlgAddDocument.h"
 #include "host/frame/HostOptions.h"
 #include "host/manual/CDlgManual.h"
+#include "host/tour/Tour.h"
 #include "host/recovery/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
 #include "host/start/CDlgLogin.h"
@@ -142,6 +143,27 @@ Show rowConflict()
                                            {u"sName"_s, QString(), sentence.repeated(3), sentence}};
         CDlgRowConflict::ask(RowChanged(RowChanged::Kind::Conflict, record, conflicts), record, {}, {}, nullptr);
     });
+}
+
+// Each step's card, and the window with the ring around what the first and the sixth speak of.
+Show tour(LookOffice &office)
+{
+    return [&office](const Look &look) {
+        office.clear();
+        Tour tour(office.window());
+        tour.start();
+        for (int step = 1; step <= tour.count(); ++step) {
+            if (step == 1)
+                QTRY_VERIFY(tour.place().isControl());
+            settle(*tour.card());
+            look(*tour.card(), u"step%1"_s.arg(step));
+            if (step == 1 || step == 6)
+                look(office.window(), u"place%1"_s.arg(step));
+            QVERIFY(QMetaObject::invokeMethod(tour.card(), "next"));
+        }
+        tour.end();
+        office.clear();
+    };
 }
 
 // Received by a cheque, of the person with the long name, and made void again; the key.
@@ -465,6 +487,7 @@ void addAdministration(LookOffice &office, std::vector<Entry> &entries)
                            manual.showPage(u"main-window"_s);
                            manual.exec();
                        })});
+    entries.push_back({"tour", tour(office)});
     entries.push_back({"about", menuEntry(office, u"درباره برنامه"_s)});
     entries.push_back({"reminder-new", command(office, reminders, u"new"_s)});
     entries.push_back({"reminder-edit", command(office, reminders, u"edit"_s)});
