@@ -56,11 +56,12 @@ void enterStories()
 const QList<StorySource> &moduleSources()
 {
     static const QList<StorySource> list{
-        {u"contracts"_s, storedContracts, &ContractStory::contracts, &addPersonsContracts},
-        {u"instalments"_s, storedContracts, &ContractStory::instalments},
-        {u"matches"_s, storedDemands, &CarStory::matches},
-        {u"cars"_s, storedCars, &CarStory::cars},
-        {u"demands"_s, storedDemands, &CarStory::demands},
+        {.id = u"contracts"_s, .form = storedContracts, .columns = &ContractStory::contracts, .tell = &ContractStory::tellContract, .widen = &addPersonsContracts},
+        {.id = u"returns"_s, .form = storedContracts, .columns = &ContractStory::returns, .tell = &ContractStory::tellReturn},
+        {.id = u"instalments"_s, .form = storedContracts, .columns = &ContractStory::instalments, .tell = &ContractStory::tellInstalment},
+        {.id = u"matches"_s, .form = storedDemands, .read = &CarStory::matches},
+        {.id = u"cars"_s, .form = storedCars, .columns = &CarStory::cars, .tell = &CarStory::tellCar},
+        {.id = u"demands"_s, .form = storedDemands, .columns = &CarStory::demands, .tell = &CarStory::tellDemand},
     };
     return list;
 }

@@ -104,53 +104,6 @@ QList<StoryEvent> carsFor(qint32 demand, int database)
     return events;
 }
 
-// The rows of one statement, each an event of its key and its day, the first two columns; those without a day happened nobody knows when.
-QList<StoryEvent> eventsOf(const KSql &statement, StoryEvent (*tell)(const CTblTemp &row), int database)
-{
-    QList<StoryEvent> events;
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    for (rows.ExecuteQuery(statement); rows.HasResultRow(); rows.MoveNextResult()) {
-        if (!rows.GetDateFieldValue(1).isValid())
-            continue;
-        events.append(tell(rows));
-        events.last().key = rows.GetLongFieldValue(0);
-        events.last().when = rows.GetDateFieldValue(1);
-    }
-    return events;
-}
-
-// A row of cars(): one that a person brought, or bought.
-StoryEvent carOf(const CTblTemp &row)
-{
-    const QString name = u"%1 %2"_s.arg(row.GetTextFieldValue(2), row.GetTextFieldValue(3)).simplified();
-    const bool bought = row.GetLongFieldValue(8) != 0;
-    return {.kind = StoryEvent::Kind::Record,
-            .when = {},
-            .tone = Tone::Good,
-            .title = bought ? u"خودروی %1 را خرید"_s.arg(name) : u"خودروی %1 را معرفی کرد"_s.arg(name),
-            .line = joinedParts({row.GetLongFieldValue(4) > 0 ? u"مدل %1"_s.arg(row.GetLongFieldValue(4)) : QString(), row.GetTextFieldValue(5).simplified(), DToMoney(row.GetDoubleFieldValue(6))}),
-            .user = {},
-            .table = carTable,
-            .amount = row.GetDoubleFieldValue(6)};
-}
-
-// A row of demands().
-StoryEvent demandOf(const CTblTemp &row)
-{
-    const int from = row.GetLongFieldValue(4);
-    const int upTo = row.GetLongFieldValue(5);
-    const double most = row.GetDoubleFieldValue(6);
-    return {.kind = StoryEvent::Kind::Demand,
-            .when = {},
-            .tone = Tone::Info,
-            .title = u"تقاضای %1"_s.arg(row.GetTextFieldValue(3).isEmpty() ? u"خودرو"_s : row.GetTextFieldValue(3)),
-            .line = joinedParts({u"کد %1"_s.arg(row.GetLongFieldValue(2)), from > 0 && upTo > 0 ? u"مدل %1 تا %2"_s.arg(from).arg(upTo) : QString(), IsEquals(most, 0) ? QString() : u"تا %1"_s.arg(DToMoney(most))}),
-            .user = row.GetTextFieldValue(7),
-            .table = demandTable,
-            .amount = most};
-}
-
 }
 
 StoryEvent CarStory::priceEvent(double before, double after)
@@ -191,27 +144,62 @@ QList<StoryEvent> CarStory::matches(const StoryScope &scope, int limit, int data
     return events.first(std::min<qsizetype>(limit, events.size()));
 }
 
-QList<StoryEvent> CarStory::cars(const StoryScope &scope, int limit, int database)
+QList<StoryColumns> CarStory::cars(const StoryScope &scope)
 {
     const QList<int> persons = scope.of(RecordKind::Person);
     if (persons.isEmpty())
         return {};
-    return eventsOf(KSql::formatted("SELECT a.iID,COALESCE(a.dateIntroduction,a.dateCreate),b.sName,m.sName,a.iYear,a.sNumOfPlates,a.dAmount,a.bSold,0 FROM AutomobilInformations a"
-                                    " LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE a.iPersonID IN (%1) AND %2"
-                                    " UNION ALL SELECT a.iID,COALESCE(a.dateBuy,a.dateCreate),b.sName,m.sName,a.iYear,a.sNumOfPlates,a.dAmount,a.bSold,1 FROM AutomobilInformations a"
-                                    " LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE a.iPersonBuyerID IN (%1) AND a.bSold<>0 AND %2"
-                                    " ORDER BY 2 DESC LIMIT %3",
-                                    KSql::list(persons), Placeholders::none(carTable, u"a.iID"_s), limit),
-                    &carOf, database);
+    const KSql named = KSql::formatted(" AND %1 ORDER BY COALESCE(a.dateIntroduction,a.dateCreate) DESC", Placeholders::none(carTable, u"a.iID"_s));
+    const KSql table = "AutomobilInformations a LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel WHERE ";
+    StoryColumns brought{.key = "a.iID", .when = "COALESCE(a.dateIntroduction,a.dateCreate)", .numbers = {"a.iYear", "0"}, .amount = "a.dAmount", .texts = {"b.sName", "m.sName", "a.sNumOfPlates"}, .from = table + KSql::formatted("a.iPersonID IN (%1)", KSql::list(persons)) + named};
+    StoryColumns bought = brought;
+    bought.when = "COALESCE(a.dateBuy,a.dateCreate)";
+    bought.numbers = {"a.iYear", "1"};
+    bought.from = table + KSql::formatted("a.iPersonBuyerID IN (%1) AND a.bSold<>0", KSql::list(persons)) + named;
+    return {brought, bought};
 }
 
-QList<StoryEvent> CarStory::demands(const StoryScope &scope, int limit, int database)
+std::optional<StoryEvent> CarStory::tellCar(const StoryRow &row)
+{
+    // What has no day happened nobody knows when.
+    if (!row.when.isValid())
+        return {};
+    const QString name = u"%1 %2"_s.arg(row.texts[0], row.texts[1]).simplified();
+    const auto year = row.numbers[0];
+    return StoryEvent{.kind = StoryEvent::Kind::Record,
+                      .tone = Tone::Good,
+                      .title = row.numbers[1] != 0 ? u"خودروی %1 را خرید"_s.arg(name) : u"خودروی %1 را معرفی کرد"_s.arg(name),
+                      .line = joinedParts({year > 0 ? u"مدل %1"_s.arg(year) : QString(), row.texts[2].simplified(), DToMoney(row.amount)}),
+                      .table = carTable,
+                      .key = row.key,
+                      .amount = row.amount};
+}
+
+QList<StoryColumns> CarStory::demands(const StoryScope &scope)
 {
     const QList<int> persons = scope.of(RecordKind::Person);
     if (persons.isEmpty())
         return {};
-    return eventsOf(KSql::formatted("SELECT d.iID,COALESCE(d.dateReference,d.dateCreate),d.iCode,b.sName,d.iModelFrom,d.iModelUpTo,d.dAmountUpTo,COALESCE(NULLIF(u.sName,''),u.sUser) FROM AutomobilDemands d"
-                                    " LEFT JOIN CarBrands b ON b.iID=d.iAutomobilType LEFT JOIN Users u ON u.iID=d.iUserID WHERE d.iPersonID IN (%1) AND %2 ORDER BY d.iID DESC LIMIT %3",
-                                    KSql::list(persons), Placeholders::none(demandTable, u"d.iID"_s), limit),
-                    &demandOf, database);
+    return {{.key = "d.iID",
+             .when = "COALESCE(d.dateReference,d.dateCreate)",
+             .numbers = {"d.iCode", "d.iModelFrom", "d.iModelUpTo"},
+             .amount = "d.dAmountUpTo",
+             .texts = {"b.sName"},
+             .user = "d.iUserID",
+             .from = KSql::formatted("AutomobilDemands d LEFT JOIN CarBrands b ON b.iID=d.iAutomobilType WHERE d.iPersonID IN (%1) AND %2 ORDER BY d.iID DESC", KSql::list(persons), Placeholders::none(demandTable, u"d.iID"_s))}};
+}
+
+std::optional<StoryEvent> CarStory::tellDemand(const StoryRow &row)
+{
+    if (!row.when.isValid())
+        return {};
+    const auto [code, from, upTo] = row.numbers;
+    const QString years = from > 0 && upTo > 0 ? u"مدل %1 تا %2"_s.arg(from).arg(upTo) : QString();
+    return StoryEvent{.kind = StoryEvent::Kind::Demand,
+                      .tone = Tone::Info,
+                      .title = u"تقاضای %1"_s.arg(row.texts[0].isEmpty() ? u"خودرو"_s : row.texts[0]),
+                      .line = joinedParts({u"کد %1"_s.arg(code), years, IsEquals(row.amount, 0) ? QString() : u"تا %1"_s.arg(DToMoney(row.amount))}),
+                      .table = demandTable,
+                      .key = row.key,
+                      .amount = row.amount};
 }

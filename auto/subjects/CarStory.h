@@ -15,8 +15,10 @@ StoryEvent priceEvent(double before, double after);
 
 // In a car's story the demands that it fits, in a demand's the cars, the best so many.
 QList<StoryEvent> matches(const StoryScope &scope, int limit, int database);
-// In a person's story what they offered, bought and asked for. One statement each.
-QList<StoryEvent> cars(const StoryScope &scope, int limit, int database);
-QList<StoryEvent> demands(const StoryScope &scope, int limit, int database);
+// In a person's story what they offered, bought and asked for.
+QList<StoryColumns> cars(const StoryScope &scope);
+std::optional<StoryEvent> tellCar(const StoryRow &row);
+QList<StoryColumns> demands(const StoryScope &scope);
+std::optional<StoryEvent> tellDemand(const StoryRow &row);
 
 }

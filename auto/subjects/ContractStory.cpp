@@ -29,11 +29,6 @@ void addContracts(StoryScope &scope, const KSql &statement, int database)
         scope.records[contractKind].append(rows.GetLongFieldValue(0));
 }
 
-bool isOwnStory(const StoryScope &scope)
-{
-    return scope.table == contractTable;
-}
-
 // Whether the note says that it was given back (true), or that this was taken back (false); nothing where it says neither.
 std::optional<bool> returnedBy(const QList<KChangedValue> &values)
 {
@@ -53,33 +48,15 @@ StoryEvent returnEvent(const QString &contract, bool isReturned)
             .line = {}};
 }
 
-QList<StoryEvent> writtenContracts(const StoryScope &scope, int limit, int database, QHash<int, QString> &names)
+// None in a contract's own story, which tells of it by its changes.
+QList<int> othersOf(const StoryScope &scope)
 {
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT c.iID,c.iCode,IF(DATE(c.dateCreate)=DATE(c.dateContract) OR c.dateContract IS NULL,c.dateCreate,c.dateContract),c.dAmount,c.iContractType,COALESCE(f.sName2,c.sName1)"
-                                      ",COALESCE(s.sName2,c.sName2),COALESCE(NULLIF(u.sName,''),u.sUser),c.sAutomobilName FROM AutomobilContracts c"
-                                      " LEFT JOIN Persons f ON f.iID=c.iPersonFirstID LEFT JOIN Persons s ON s.iID=c.iPersonSecondID LEFT JOIN Users u ON u.iID=c.iUserID"
-                                      " WHERE c.iID IN (%1) ORDER BY c.iID DESC LIMIT %2",
-                                      KSql::list(scope.of(contractKind)), limit));
-    QList<StoryEvent> events;
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        const QString name = u"قرارداد %1"_s.arg(rows.GetLongFieldValue(1));
-        names.insert(rows.GetLongFieldValue(0), name);
-        QStringList words{WordLists::textAt(WordLists::contractTypes(), rows.GetLongFieldValue(4)), scope.of(RecordKind::Person).isEmpty() ? QString() : rows.GetTextFieldValue(8).simplified(), DToMoney(rows.GetDoubleFieldValue(3)),
-                          u"%1 و %2"_s.arg(rows.GetTextFieldValue(5), rows.GetTextFieldValue(6))};
-        words.removeAll(QString());
-        events.append({.kind = StoryEvent::Kind::Contract,
-                       .when = rows.GetDateFieldValue(2),
-                       .tone = Tone::Good,
-                       .title = u"%1 نوشته شد"_s.arg(name),
-                       .line = words.join(u"، "_s),
-                       .user = rows.GetTextFieldValue(7),
-                       .table = contractTable,
-                       .key = rows.GetLongFieldValue(0),
-                       .amount = rows.GetDoubleFieldValue(3)});
-    }
-    return events;
+    return scope.table == contractTable ? QList<int>() : scope.of(contractKind);
+}
+
+QString nameOf(int code)
+{
+    return u"قرارداد %1"_s.arg(code);
 }
 
 }
@@ -95,55 +72,73 @@ void ContractStory::addOfPerson(StoryScope &scope, int limit, int database)
     addContracts(scope, KSql::formatted("SELECT iID FROM AutomobilContracts WHERE iPersonFirstID=%1 AND %2 UNION SELECT iID FROM AutomobilContracts WHERE iPersonSecondID=%1 AND %2 ORDER BY iID DESC LIMIT %3", scope.key, saved, limit), database);
 }
 
-QList<StoryEvent> ContractStory::contracts(const StoryScope &scope, int limit, int database)
+QList<StoryColumns> ContractStory::contracts(const StoryScope &scope)
 {
-    if (isOwnStory(scope) || scope.of(contractKind).isEmpty())
+    const QList<int> contracts = othersOf(scope);
+    if (contracts.isEmpty())
         return {};
-    QHash<int, QString> names;
-    QList<StoryEvent> events = writtenContracts(scope, limit, database, names);
-    CTblTemp notes(database);
-    notes.Open(true, false, true);
-    notes.ExecuteQuery(KSql::formatted("SELECT n.iRecordID,n.date,n.sValues,COALESCE(NULLIF(u.sName,''),u.sUser) FROM Changes n LEFT JOIN Users u ON u.iID=n.iUserID"
-                                       " WHERE n.sTable='AutomobilContracts' AND n.iRecordID IN (%1) AND n.iKind=1 AND n.sValues LIKE '%\"bReturn\"%' ORDER BY n.iID DESC LIMIT %2",
-                                       KSql::list(scope.of(contractKind)), limit));
-    for (; notes.HasResultRow(); notes.MoveNextResult()) {
-        const std::optional<bool> isReturned = returnedBy(KChangedValues::fromJson(notes.GetTextFieldValue(2).toUtf8()));
-        const int key = notes.GetLongFieldValue(0);
-        if (!isReturned || !names.contains(key))
-            continue;
-        StoryEvent event = returnEvent(names.value(key), *isReturned);
-        event.when = notes.GetDateFieldValue(1);
-        event.user = notes.GetTextFieldValue(3);
-        event.table = contractTable;
-        event.key = key;
-        events.append(event);
-    }
-    return events;
+    const KSql car = scope.of(RecordKind::Person).isEmpty() ? KSql("''") : KSql("c.sAutomobilName");
+    return {{.key = "c.iID",
+             .when = "IF(DATE(c.dateCreate)=DATE(c.dateContract) OR c.dateContract IS NULL,c.dateCreate,c.dateContract)",
+             .numbers = {"c.iCode", "c.iContractType"},
+             .amount = "c.dAmount",
+             .texts = {car, "COALESCE(f.sName2,c.sName1)", "COALESCE(s.sName2,c.sName2)"},
+             .user = "c.iUserID",
+             .from = KSql::formatted("AutomobilContracts c LEFT JOIN Persons f ON f.iID=c.iPersonFirstID LEFT JOIN Persons s ON s.iID=c.iPersonSecondID WHERE c.iID IN (%1) ORDER BY c.iID DESC", KSql::list(contracts))}};
 }
 
-QList<StoryEvent> ContractStory::instalments(const StoryScope &scope, int limit, int database)
+std::optional<StoryEvent> ContractStory::tellContract(const StoryRow &row)
+{
+    QStringList words{WordLists::textAt(WordLists::contractTypes(), row.numbers[1]), row.texts[0].simplified(), DToMoney(row.amount), u"%1 و %2"_s.arg(row.texts[1], row.texts[2])};
+    words.removeAll(QString());
+    return StoryEvent{.kind = StoryEvent::Kind::Contract, .tone = Tone::Good, .title = u"%1 نوشته شد"_s.arg(nameOf(row.numbers[0])), .line = words.join(u"، "_s), .table = contractTable, .key = row.key, .amount = row.amount};
+}
+
+QList<StoryColumns> ContractStory::returns(const StoryScope &scope)
+{
+    const QList<int> contracts = othersOf(scope);
+    if (contracts.isEmpty())
+        return {};
+    return {{.key = "c.iID",
+             .when = "n.date",
+             .numbers = {"c.iCode"},
+             .texts = {"n.sValues"},
+             .user = "n.iUserID",
+             .from = KSql::formatted("Changes n JOIN AutomobilContracts c ON c.iID=n.iRecordID WHERE n.sTable='AutomobilContracts' AND n.iRecordID IN (%1) AND n.iKind=1 AND n.sValues LIKE '%\"bReturn\"%' ORDER BY n.iID DESC", KSql::list(contracts))}};
+}
+
+std::optional<StoryEvent> ContractStory::tellReturn(const StoryRow &row)
+{
+    const std::optional<bool> isReturned = returnedBy(KChangedValues::fromJson(row.texts[0].toUtf8()));
+    if (!isReturned)
+        return {};
+    StoryEvent event = returnEvent(nameOf(row.numbers[0]), *isReturned);
+    event.table = contractTable;
+    event.key = row.key;
+    return event;
+}
+
+QList<StoryColumns> ContractStory::instalments(const StoryScope &scope)
 {
     if (scope.of(contractKind).isEmpty())
         return {};
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT i.iAutomobilContractID,i.iNum,i.date,i.dAmount,i.iStatus,c.iCode FROM AutomobilPayments i JOIN AutomobilContracts c ON c.iID=i.iAutomobilContractID"
-                                      " WHERE i.iAutomobilContractID IN (%1) AND i.date<=NOW() ORDER BY i.date DESC LIMIT %2",
-                                      KSql::list(scope.of(contractKind)), limit));
-    QList<StoryEvent> events;
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        const bool isPaid = rows.GetLongFieldValue(4) != 0;
-        events.append({.kind = StoryEvent::Kind::Money,
-                       .when = rows.GetDateFieldValue(2),
-                       .tone = isPaid ? Tone::Neutral : Tone::Danger,
-                       .title = u"سررسید قسط %1 قرارداد %2"_s.arg(rows.GetLongFieldValue(1)).arg(rows.GetLongFieldValue(5)),
-                       .line = u"%1، %2"_s.arg(DToMoney(rows.GetDoubleFieldValue(3)), isPaid ? u"پرداخت شده"_s : u"پرداخت نشده"_s),
-                       .user = {},
-                       .table = contractTable,
-                       .key = rows.GetLongFieldValue(0),
-                       .amount = rows.GetDoubleFieldValue(3)});
-    }
-    return events;
+    return {{.key = "i.iAutomobilContractID",
+             .when = "i.date",
+             .numbers = {"i.iNum", "c.iCode", "i.iStatus"},
+             .amount = "i.dAmount",
+             .from = KSql::formatted("AutomobilPayments i JOIN AutomobilContracts c ON c.iID=i.iAutomobilContractID WHERE i.iAutomobilContractID IN (%1) AND i.date<=NOW() ORDER BY i.date DESC", KSql::list(scope.of(contractKind)))}};
+}
+
+std::optional<StoryEvent> ContractStory::tellInstalment(const StoryRow &row)
+{
+    const auto [number, contract, paid] = row.numbers;
+    return StoryEvent{.kind = StoryEvent::Kind::Money,
+                      .tone = paid != 0 ? Tone::Neutral : Tone::Danger,
+                      .title = u"سررسید قسط %1 %2"_s.arg(number).arg(nameOf(contract)),
+                      .line = u"%1، %2"_s.arg(DToMoney(row.amount), paid != 0 ? u"پرداخت شده"_s : u"پرداخت نشده"_s),
+                      .table = contractTable,
+                      .key = row.key,
+                      .amount = row.amount};
 }
 
 QList<StoryEvent> ContractStory::tell(HistoryEntry &entry)

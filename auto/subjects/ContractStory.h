@@ -12,10 +12,14 @@ namespace ContractStory {
 void addOfCar(StoryScope &scope, int limit, int database);
 void addOfPerson(StoryScope &scope, int limit, int database);
 
-// How each was written and given back; nothing in a contract's own story, which tells it itself. Two statements.
-QList<StoryEvent> contracts(const StoryScope &scope, int limit, int database);
-// Those that were due until now. One statement.
-QList<StoryEvent> instalments(const StoryScope &scope, int limit, int database);
+// How each was written, and given back; nothing in a contract's own story, which tells it itself.
+QList<StoryColumns> contracts(const StoryScope &scope);
+std::optional<StoryEvent> tellContract(const StoryRow &row);
+QList<StoryColumns> returns(const StoryScope &scope);
+std::optional<StoryEvent> tellReturn(const StoryRow &row);
+// Those that were due until now.
+QList<StoryColumns> instalments(const StoryScope &scope);
+std::optional<StoryEvent> tellInstalment(const StoryRow &row);
 
 // Takes what is told of a contract's own changes out of the entry.
 QList<StoryEvent> tell(HistoryEntry &entry);

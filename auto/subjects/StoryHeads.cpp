@@ -3,6 +3,7 @@
 
 #include "auto/subjects/StoryHeads.h"
 
+#include "auto/db/CTblAutomobilInformations.h"
 #include "auto/words/WordLists.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/db/records/CTblTemp.h"
@@ -54,17 +55,20 @@ QString withComma(QStringList words)
 
 }
 
-StoryHead StoryHeads::ofCar(qint32 key, int database)
+std::optional<StoryHead> StoryHeads::ofCar(qint32 key, int database)
 {
     CTblTemp row(database);
     row.Open(true, false, true);
     row.ExecuteQuery(KSql::formatted("SELECT b.sName,m.sName,a.iYear,c.sName,a.iFunction,a.sNumOfPlates,a.dAmount,a.bSold,a.iArchiveUserID,COALESCE(a.dateIntroduction,a.dateCreate)"
                                      ",o.sName2,buyer.sName2,a.sVIN,a.sChassisNum,a.dateCreate,COALESCE(NULLIF(u.sName,''),u.sUser),a.dSoldAmount,DATEDIFF(NOW(),COALESCE(a.dateIntroduction,a.dateCreate))"
                                      ",(SELECT n.sValues FROM Changes n WHERE n.sTable='AutomobilInformations' AND n.iRecordID=a.iID AND n.sValues LIKE '%\"dAmount\"%' ORDER BY n.iID LIMIT 1)"
+                                     ",(SELECT t.oPicture FROM Thumbnails t WHERE t.iTable=%2 AND t.iRecordID=a.iID AND t.iPictureID=0)"
                                      " FROM AutomobilInformations a LEFT JOIN CarBrands b ON b.iID=a.iAutomobilType LEFT JOIN CarModels m ON m.iID=a.iModel"
                                      " LEFT JOIN Items c ON c.iID=a.iColor LEFT JOIN Persons o ON o.iID=a.iPersonID LEFT JOIN Persons buyer ON buyer.iID=a.iPersonBuyerID"
                                      " LEFT JOIN Users u ON u.iID=a.iUserID WHERE a.iID=%1",
-                                     key));
+                                     key, int(CTblAutomobilInformations::recordKind)));
+    if (!row.HasResultRow())
+        return {};
     const bool isSold = row.GetLongFieldValue(7) != 0;
     const bool isArchived = row.GetLongFieldValue(8) != 0;
     const int driven = row.GetLongFieldValue(4);
@@ -80,10 +84,11 @@ StoryHead StoryHeads::ofCar(qint32 key, int database)
     head.facts = {{u"مالک"_s, row.GetTextFieldValue(10)}, {u"خریدار"_s, row.GetTextFieldValue(11)}, {u"مبلغ"_s, amountWord(row.GetDoubleFieldValue(6))}, {u"قیمت نخست"_s, firstPrice(row.GetTextFieldValue(18), row.GetDoubleFieldValue(6))}, {u"مبلغ فروش"_s, isSold ? amountWord(row.GetDoubleFieldValue(16)) : QString()}, {u"در نمایشگاه"_s, isSold || !row.GetDateFieldValue(9).isValid() ? QString() : u"%1 روز"_s.arg(row.GetLongFieldValue(17))}, {u"شماره شاسی"_s, row.GetTextFieldValue(13)}, {u"VIN"_s, row.GetTextFieldValue(12)}};
     head.entered = row.GetDateFieldValue(14);
     head.enteredBy = row.GetTextFieldValue(15);
+    head.picture = row.GetBinaryFieldValue(19);
     return head;
 }
 
-StoryHead StoryHeads::ofContract(qint32 key, int database)
+std::optional<StoryHead> StoryHeads::ofContract(qint32 key, int database)
 {
     CTblTemp row(database);
     row.Open(true, false, true);
@@ -92,6 +97,8 @@ StoryHead StoryHeads::ofContract(qint32 key, int database)
                                      " FROM AutomobilContracts c LEFT JOIN Persons f ON f.iID=c.iPersonFirstID LEFT JOIN Persons s ON s.iID=c.iPersonSecondID"
                                      " LEFT JOIN Users u ON u.iID=c.iUserID WHERE c.iID=%1",
                                      key));
+    if (!row.HasResultRow())
+        return {};
     const bool isReturned = row.GetLongFieldValue(7) != 0;
     const bool isVoid = row.GetLongFieldValue(8) == 1;
     StoryHead head;
@@ -107,7 +114,7 @@ StoryHead StoryHeads::ofContract(qint32 key, int database)
     return head;
 }
 
-StoryHead StoryHeads::ofDemand(qint32 key, int database)
+std::optional<StoryHead> StoryHeads::ofDemand(qint32 key, int database)
 {
     CTblTemp row(database);
     row.Open(true, false, true);
@@ -115,6 +122,8 @@ StoryHead StoryHeads::ofDemand(qint32 key, int database)
                                      ",COALESCE(NULLIF(u.sName,''),u.sUser) FROM AutomobilDemands d LEFT JOIN Persons p ON p.iID=d.iPersonID LEFT JOIN CarBrands b ON b.iID=d.iAutomobilType"
                                      " LEFT JOIN Items c ON c.iID=d.iColor LEFT JOIN Users u ON u.iID=d.iUserID WHERE d.iID=%1",
                                      key));
+    if (!row.HasResultRow())
+        return {};
     const bool isArchived = row.GetLongFieldValue(10) != 0;
     StoryHead head;
     head.title = u"تقاضای %1"_s.arg(row.GetTextFieldValue(1)).simplified();

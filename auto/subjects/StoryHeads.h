@@ -5,11 +5,11 @@
 
 #include "suite/accounting/timeline/StorySources.h"
 
-// Who or what the stories of the module's records are about. One statement each.
+// Who or what the stories of the module's records are about. One statement each; nothing of a record that is gone.
 namespace StoryHeads {
 
-StoryHead ofCar(qint32 key, int database);
-StoryHead ofContract(qint32 key, int database);
-StoryHead ofDemand(qint32 key, int database);
+std::optional<StoryHead> ofCar(qint32 key, int database);
+std::optional<StoryHead> ofContract(qint32 key, int database);
+std::optional<StoryHead> ofDemand(qint32 key, int database);
 
 }

@@ -7,6 +7,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
+#include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KLookup.h"
 
 #include <QHash>
@@ -52,6 +53,25 @@ std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
     return found;
 }
 
+struct Asker
+{
+    QString name;
+    QString mobile;
+};
+
+QHash<int, Asker> askersOf(const QList<int> &persons, int database)
+{
+    QHash<int, Asker> askers;
+    if (persons.isEmpty())
+        return askers;
+    CTblTemp rows(database);
+    rows.Open(true, false, true);
+    rows.ExecuteQuery(KSql::formatted("SELECT iID,sName2,sMobile FROM Persons WHERE iID IN (%1)", KSql::list(persons)));
+    for (; rows.HasResultRow(); rows.MoveNextResult())
+        askers.insert(rows.GetLongFieldValue(0), {rows.GetTextFieldValue(1), rows.GetTextFieldValue(2)});
+    return askers;
+}
+
 std::vector<MatchingDemands::Demand> namedDemands(std::vector<FittingDemand> found, int database)
 {
     QList<int> persons;
@@ -63,20 +83,18 @@ std::vector<MatchingDemands::Demand> namedDemands(std::vector<FittingDemand> fou
         colors.append(entry.demand.wishes.color);
     }
     CTblAutomobilDemands record(database);
-    const auto personNames = KLookup::names(record, u"iPersonID", persons);
-    KLookup::Source mobile = record.nameSource(u"iPersonID");
-    mobile.display = u"sMobile"_s;
-    const auto mobiles = KLookup::names(mobile, persons, database);
+    const QHash<int, Asker> askers = askersOf(persons, database);
     const auto typeNames = KLookup::names(record, u"iAutomobilType", types);
     const auto colorNames = KLookup::names(record, u"iColor", colors);
     std::vector<MatchingDemands::Demand> demands;
     demands.reserve(found.size());
     for (FittingDemand &entry : found) {
-        if (!personNames.contains(entry.person))
+        const auto asker = askers.constFind(entry.person);
+        if (asker == askers.cend())
             continue;
         MatchingDemands::Demand &demand = entry.demand;
-        demand.person = personNames.value(entry.person);
-        demand.mobile = mobiles.value(entry.person);
+        demand.person = asker->name;
+        demand.mobile = asker->mobile;
         demand.type = typeNames.value(demand.wishes.automobilType);
         demand.color = colorNames.value(demand.wishes.color);
         demands.push_back(std::move(demand));

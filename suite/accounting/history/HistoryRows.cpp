@@ -141,18 +141,24 @@ void HistoryRows::complete(QList<HistoryEntry> &entries, int database)
     for (auto of = keys.cbegin(); of != keys.cend(); ++of)
         titles.insert(of.key(), titlesOf(of.key(), *of, database));
     const QHash<int, QString> userNames = KLookup::names<CTblChanges>(u"iUserID", users, database);
-    HistoryWords words(database);
-    words.lookUp(entries);
+    writeLines(entries, database);
     const bool showsComputer = isAdministrator();
     for (HistoryEntry &entry : entries) {
         entry.user = userNames.value(entry.change.userID);
         entry.kind = HistoryWords::kindOf(entry.table);
         entry.title = titleOf(entry, titles);
         entry.action = HistoryWords::action(entry.change.kind);
-        entry.lines = words.lines(entry.table, entry.values);
         if (!showsComputer)
             entry.change.computer.clear();
     }
+}
+
+void HistoryRows::writeLines(QList<HistoryEntry> &entries, int database)
+{
+    HistoryWords words(database);
+    words.lookUp(entries);
+    for (HistoryEntry &entry : entries)
+        entry.lines = words.lines(entry.table, entry.values);
 }
 
 void HistoryRows::addBefore(QList<HistoryEntry> &entries, int database)

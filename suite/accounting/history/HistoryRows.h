@@ -23,6 +23,8 @@ TZACCOUNTINGDATA_EXPORT HistoryEntry entryOf(const CTblChanges &note);
 // Adds them, in a handful of statements for any number of entries. A record that is gone is named by what was noted when it was deleted.
 // Computers are for administrators alone. Throws CMySQLException.
 TZACCOUNTINGDATA_EXPORT void complete(QList<HistoryEntry> &entries, int database = 0);
+// What changed in each, alone: for who knows the record and names the users by itself.
+TZACCOUNTINGDATA_EXPORT void writeLines(QList<HistoryEntry> &entries, int database = 0);
 
 // Adds the notes just before the oldest one, for a limit may have cut what one save noted: HistoryMerge makes one entry of it again. What
 // else is among them is nobody's. Throws CMySQLException.

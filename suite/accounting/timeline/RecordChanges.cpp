@@ -7,7 +7,6 @@
 #include "suite/accounting/history/HistoryMerge.h"
 #include "suite/accounting/history/HistoryRows.h"
 #include "suite/accounting/history/HistoryWords.h"
-#include "suite/db/records/KLookup.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,19 +32,6 @@ void keepFirst(HistoryEntry &entry, const QStringList &columns)
     entry.values.removeIf([&](const KChangedValue &value) { return !columns.contains(value.column); });
 }
 
-// As every other event names them: by their name, and by what they sign in with where they have none.
-void nameUsers(QList<HistoryEntry> &entries, int database)
-{
-    QList<int> users;
-    for (const HistoryEntry &entry : std::as_const(entries))
-        users.append(entry.change.userID);
-    const QHash<int, QString> names = KLookup::names({u"Users"_s, u"iID"_s, u"sName"_s}, users, database);
-    for (HistoryEntry &entry : entries) {
-        if (const QString name = names.value(entry.change.userID); !name.isEmpty())
-            entry.user = name;
-    }
-}
-
 QString titleOf(const StorySubject &subject, const HistoryEntry &entry)
 {
     switch (entry.change.kind) {
@@ -66,9 +52,10 @@ StoryEvent eventOf(const StorySubject &subject, const HistoryEntry &entry)
             .tone = isBeginning ? StoryEvent::Tone::Good : StoryEvent::Tone::Neutral,
             .title = titleOf(subject, entry),
             .line = entry.hasValues ? HistoryWords::sentence(entry) : QString(),
-            .user = entry.user,
+            .user = {},
             .table = subject.table,
-            .key = entry.key};
+            .key = entry.key,
+            .userID = entry.change.userID};
 }
 
 }
@@ -86,13 +73,12 @@ RecordChanges::Told RecordChanges::read(const StorySubject &subject, qint32 key,
         if (entry.change.kind == Change::Added)
             keepFirst(entry, subject.first);
     }
-    HistoryRows::complete(entries, database);
-    nameUsers(entries, database);
+    HistoryRows::writeLines(entries, database);
     for (qsizetype i = 0; i < entries.size(); ++i) {
         const HistoryEntry &entry = entries.at(i);
         for (StoryEvent event : std::as_const(ownEvents[i])) {
             event.when = entry.change.when;
-            event.user = entry.user;
+            event.userID = entry.change.userID;
             event.table = subject.table;
             event.key = key;
             told.events.append(event);

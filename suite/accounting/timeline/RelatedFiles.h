@@ -5,10 +5,9 @@
 
 #include "suite/accounting/timeline/StorySources.h"
 
-// The files and further pictures of the records of a story. Two statements.
+// Files and further pictures in a story, which any record may have.
 namespace RelatedFiles {
 
-// Personal files are for who attached them. Throws CMySQLException.
-QList<StoryEvent> read(const StoryScope &scope, int limit, int database);
+const QList<StorySource> &sources();
 
 }

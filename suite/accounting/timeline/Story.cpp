@@ -8,7 +8,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/timeline/RecordChanges.h"
 #include "suite/accounting/timeline/RelatedFiles.h"
-#include "suite/db/records/CTblTemp.h"
+#include "suite/accounting/timeline/StoryReading.h"
 
 #include <algorithm>
 
@@ -19,24 +19,6 @@ namespace {
 bool mayRead(const QString &form)
 {
     return form.isEmpty() || KSecurity::IsGranted(form, KSecurity::Read);
-}
-
-void requireRecord(const StorySubject &subject, qint32 key, int database)
-{
-    CTblTemp row(database);
-    row.Open(true, false, true);
-    row.ExecuteQuery(KSql::formatted("SELECT 1 FROM %1 WHERE iID=%2", KSql::name(subject.table), key));
-    if (!row.HasResultRow())
-        throw KAccountingError(u"%1 را کاربر دیگری حذف کرده است."_s.arg(RecordSubjects::nameOf(subject.table, key, database)));
-}
-
-// The record's first picture, made small when it was saved.
-QByteArray smallPicture(int recordKind, qint32 key, int database)
-{
-    CTblTemp row(database);
-    row.Open(true, false, true);
-    row.ExecuteQuery(KSql::formatted("SELECT oPicture FROM Thumbnails WHERE iTable=%1 AND iRecordID=%2 AND iPictureID=0", recordKind, key));
-    return row.HasResultRow() ? row.GetBinaryFieldValue(0) : QByteArray();
 }
 
 // Of a record that is older than the log of changes.
@@ -61,11 +43,11 @@ Story Story::read(const QString &table, qint32 key, int limit, int database)
     const StorySubject *subject = StorySources::of(table);
     if (!isOffered(table))
         throw KAccountingError(u"شما اجازه دیدن این رکورد را ندارید."_s);
-    requireRecord(*subject, key, database);
+    const std::optional<StoryHead> head = subject->head(key, database);
+    if (!head)
+        throw KAccountingError(u"%1 را کاربر دیگری حذف کرده است."_s.arg(RecordSubjects::nameOf(subject->table, key, database)));
     Story story;
-    story.head = subject->head(key, database);
-    if (subject->hasPicture)
-        story.picture = smallPicture(subject->recordKind, key, database);
+    story.head = *head;
     StoryScope scope{table, key, {{subject->recordKind, {key}}}};
     if (subject->widen)
         subject->widen(scope, limit, database);
@@ -73,20 +55,21 @@ Story Story::read(const QString &table, qint32 key, int limit, int database)
         if (source->widen && mayRead(source->form))
             source->widen(scope, limit, database);
     }
-    const auto add = [&](const QList<StoryEvent> &events) {
-        story.hasMore = story.hasMore || events.size() >= limit;
-        story.events.append(events);
-    };
     const RecordChanges::Told told = RecordChanges::read(*subject, key, limit, database);
-    add(told.events);
-    story.hasMore = story.hasMore || told.isCut;
+    story.events = told.events;
     if (!told.hasBeginning && !told.isCut)
         addBeginning(story, *subject, key);
-    add(RelatedFiles::read(scope, limit, database));
+    QList<const StorySource *> sources;
+    for (const StorySource &source : RelatedFiles::sources())
+        sources.append(&source);
     for (const StorySource *source : StorySources::all()) {
         if (mayRead(source->form))
-            add(source->read(scope, limit, database));
+            sources.append(source);
     }
+    const StoryReading::Told others = StoryReading::read(sources, scope, limit, database);
+    story.events.append(others.events);
+    StoryReading::nameUsers(story.events, database);
+    story.hasMore = told.isCut || others.isCut;
     std::ranges::stable_sort(story.events, [](const StoryEvent &one, const StoryEvent &other) { return one.when > other.when; });
     story.hasMore = story.hasMore || story.events.size() > limit;
     story.events = story.events.first(std::min<qsizetype>(limit, story.events.size()));

@@ -6,7 +6,7 @@
 #include "suite/accounting/timeline/StorySources.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
-#include <QByteArray>
+#include <QList>
 
 // What happened around one record, the newest first.
 struct TZACCOUNTINGDATA_EXPORT Story
@@ -15,7 +15,6 @@ struct TZACCOUNTINGDATA_EXPORT Story
     static constexpr int step = 200;
 
     StoryHead head;
-    QByteArray picture; // small, as it is stored; empty: there is none
     QList<StoryEvent> events;
     bool hasMore = false; // older ones were left out
 

@@ -103,7 +103,7 @@ StoryCard::StoryCard(QWidget *parent)
 void StoryCard::show(const Story &story, bool hasPicture)
 {
     m_picture->setVisible(hasPicture);
-    m_picture->load(story.picture);
+    m_picture->load(story.head.picture);
     m_title->setText(story.head.title);
     m_state->setKind(StoryKinds::chip(story.head.tone));
     m_state->setText(story.head.state);

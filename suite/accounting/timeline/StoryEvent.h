@@ -41,4 +41,5 @@ struct StoryEvent
     QString table; // of the record that it tells of (RecordWindows); empty: none that opens
     qint32 key = 0;
     double amount = 0; // in the money unit; 0: it is about none
+    qint32 userID = 0; // whose name Story::read shows; 0: nobody's, or the name stands already
 };

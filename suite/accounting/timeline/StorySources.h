@@ -7,12 +7,14 @@
 #include "suite/accounting/TzAccountingDataExport.h"
 #include "suite/sql/KSql.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QList>
 #include <QPair>
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 struct HistoryEntry;
 
@@ -40,6 +42,35 @@ struct StoryHead
     QList<QPair<QString, QString>> facts;
     QDateTime entered; // invalid: not kept
     QString enteredBy;
+    QByteArray picture; // small, as it is stored; empty: there is none
+};
+
+// What is read of one event. A statement reads those of all sources, so each of them names the same columns; what it has not stays empty.
+struct StoryColumns
+{
+    KSql key = "0"; // of the record that the event opens
+    KSql when = "NULL";
+    KSql until = "NULL"; // a second date
+    QList<KSql> numbers = {};
+    KSql amount = "0"; // in the money unit
+    QList<KSql> texts = {};
+    KSql user = "0"; // key
+    KSql from;       // what follows FROM, to the order by which the newest come first; without a limit
+
+    static constexpr qsizetype mostNumbers = 3;
+    static constexpr qsizetype mostTexts = 4;
+};
+
+// A row of them; the numbers and texts in the source's own order.
+struct StoryRow
+{
+    qint32 key = 0;
+    QDateTime when;
+    QDateTime until;
+    int numbers[StoryColumns::mostNumbers] = {};
+    double amount = 0;
+    QString texts[StoryColumns::mostTexts];
+    qint32 user = 0;
 };
 
 // A kind of record that has a story.
@@ -49,11 +80,11 @@ struct StorySubject
     QString caption; // "داستان خودرو"
     QString entered; // what is said of its beginning: "خودرو معرفی شد"
     int recordKind = 0;
-    bool hasPicture = false; // Thumbnails and oPicture
+    bool hasPicture = false; // in its head
     // The columns that are told of a record that was entered.
     QStringList first;
-    // Of a record that is there. Throws CMySQLException, as all of these do.
-    std::function<StoryHead(qint32 key, int database)> head;
+    // Nothing for a record that is gone. Throws CMySQLException, as all of these do.
+    std::function<std::optional<StoryHead>(qint32 key, int database)> head;
     // Adds the records that belong to it. At most so many of each kind. Empty: there are none.
     std::function<void(StoryScope &scope, int limit, int database)> widen = {};
     // The changes of columns that are events of their own, such as of a price; takes out of the entry what it tells. Empty: there are none.
@@ -65,10 +96,14 @@ struct StorySource
 {
     QString id;
     QString form; // of KSecurity: who may read there is told; empty: whoever may read the record
-    // The newest so many, in whatever order. A handful of statements, each by an index.
-    std::function<QList<StoryEvent>(const StoryScope &scope, int limit, int database)> read;
+    // Where its events stand, each part by an index; empty where there are none.
+    std::function<QList<StoryColumns>(const StoryScope &scope)> columns = {};
+    // What a row of them tells; nothing where it tells nothing. Its day and user are filled in.
+    std::function<std::optional<StoryEvent>(const StoryRow &row)> tell = {};
     // Adds records whose stories are part of that of a record that a lower floor knows. Empty: there are none.
     std::function<void(StoryScope &scope, int limit, int database)> widen = {};
+    // In place of columns, where a rule finds them: the newest so many, in whatever order. A handful of statements.
+    std::function<QList<StoryEvent>(const StoryScope &scope, int limit, int database)> read = {};
 };
 
 // Whose stories are told, and what they are made of. The suite's are entered at the start, the module's while it is loaded.

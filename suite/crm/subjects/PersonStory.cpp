@@ -8,14 +8,13 @@
 #include "suite/accounting/timeline/StorySources.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/reminders/CTblAlarm.h"
-#include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/ShamsiDate.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-StoryHead headOfPerson(qint32 key, int database)
+std::optional<StoryHead> headOfPerson(qint32 key, int database)
 {
     CTblPersons person(database);
     if (!person.IsRecordExist(u"iID"_s, key))
@@ -28,28 +27,22 @@ StoryHead headOfPerson(qint32 key, int database)
 }
 
 // One's own; an administrator sees everybody's.
-QList<StoryEvent> readReminders(const StoryScope &scope, int limit, int database)
+QList<StoryColumns> reminders(const StoryScope &scope)
 {
     const KSql whose = GetDBSetting()->IsAdmin() ? KSql("TRUE") : KSql::formatted("a.iUserID=%1", GetDBSetting()->GetUserID());
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT a.date,a.sDesc,a.iStatus,COALESCE(NULLIF(u.sName,''),u.sUser),a.iID,a.iUserID FROM Alarms a LEFT JOIN Users u ON u.iID=a.iUserID"
-                                      " WHERE %1 AND %2 AND a.date IS NOT NULL ORDER BY a.date DESC LIMIT %3",
-                                      scope.named("a."), whose, limit));
-    QList<StoryEvent> events;
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        const bool isOwn = rows.GetLongFieldValue(5) == GetDBSetting()->GetUserID();
-        const bool isDone = rows.GetLongFieldValue(2) != CTblAlarm::statusOpen;
-        events.append({.kind = StoryEvent::Kind::Reminder,
-                       .when = rows.GetDateFieldValue(0),
-                       .tone = isDone ? StoryEvent::Tone::Neutral : StoryEvent::Tone::Info,
-                       .title = u"یادآوری: %1"_s.arg(rows.GetTextFieldValue(1).simplified()),
-                       .line = isDone ? u"انجام شد"_s : u"باز"_s,
-                       .user = rows.GetTextFieldValue(3),
-                       .table = isOwn ? u"Alarms"_s : QString(),
-                       .key = isOwn ? rows.GetLongFieldValue(4) : 0});
-    }
-    return events;
+    return {{.key = "a.iID", .when = "a.date", .numbers = {"a.iStatus"}, .texts = {"a.sDesc"}, .user = "a.iUserID", .from = KSql::formatted("Alarms a WHERE %1 AND %2 AND a.date IS NOT NULL ORDER BY a.date DESC", scope.named("a."), whose)}};
+}
+
+std::optional<StoryEvent> tellReminder(const StoryRow &row)
+{
+    const bool isOwn = row.user == GetDBSetting()->GetUserID();
+    const bool isDone = row.numbers[0] != CTblAlarm::statusOpen;
+    return StoryEvent{.kind = StoryEvent::Kind::Reminder,
+                      .tone = isDone ? StoryEvent::Tone::Neutral : StoryEvent::Tone::Info,
+                      .title = u"یادآوری: %1"_s.arg(row.texts[0].simplified()),
+                      .line = isDone ? u"انجام شد"_s : u"باز"_s,
+                      .table = isOwn ? u"Alarms"_s : QString(),
+                      .key = isOwn ? row.key : 0};
 }
 
 }
@@ -62,5 +55,5 @@ void PersonStory::enter()
                                      .recordKind = RecordKind::Person,
                                      .first = {u"sMobile"_s, u"sTel"_s, u"sNationalCode"_s},
                                      .head = &headOfPerson});
-    StorySources::enter(StorySource{u"reminders"_s, {}, &readReminders});
+    StorySources::enter(StorySource{.id = u"reminders"_s, .form = {}, .columns = &reminders, .tell = &tellReminder});
 }

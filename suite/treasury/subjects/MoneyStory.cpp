@@ -5,7 +5,6 @@
 
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/timeline/StorySources.h"
-#include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/treasury/records/CTblReceipts.h"
 #include "suite/treasury/records/ChequeStates.h"
@@ -38,34 +37,28 @@ QString joinedWords(const QStringList &words)
     return said.join(u"، "_s);
 }
 
-StoryEvent receiptEvent(const CTblTemp &row)
+QList<StoryColumns> receipts(const StoryScope &scope)
 {
-    const int status = row.GetLongFieldValue(4);
-    const int kind = row.GetLongFieldValue(2);
-    const bool stands = status == CTblReceipts::valid;
-    return {.kind = StoryEvent::Kind::Money,
-            .when = row.GetDateFieldValue(1),
-            .tone = stands ? Tone::Good : Tone::Danger,
-            .title = withAmount(CTblReceipts::kindName(kind), row.GetDoubleFieldValue(3)),
-            .line = joinedWords({stands ? QString() : CTblReceipts::statusName(status), row.GetTextFieldValue(6), CTblReceipts::methodName(row.GetLongFieldValue(5)), row.GetTextFieldValue(7)}),
-            .user = row.GetTextFieldValue(8),
-            .table = u"Receipts"_s,
-            .key = row.GetLongFieldValue(0),
-            .amount = row.GetDoubleFieldValue(3)};
+    return {{.key = "r.iID",
+             .when = "IF(DATE(r.dateCreate)=DATE(r.date),r.dateCreate,r.date)",
+             .numbers = {"r.iKind", "r.iStatus", "r.iMethod"},
+             .amount = "r.dAmount",
+             .texts = {"r.sFor", "p.sName2"},
+             .user = "r.iUserID",
+             .from = "Receipts r LEFT JOIN Persons p ON p.iID=r.iPersonID WHERE " + whoseMoney(scope, "r.") + " ORDER BY r.date DESC,r.iID DESC"}};
 }
 
-QList<StoryEvent> readReceipts(const StoryScope &scope, int limit, int database)
+std::optional<StoryEvent> tellReceipt(const StoryRow &row)
 {
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT r.iID,IF(DATE(r.dateCreate)=DATE(r.date),r.dateCreate,r.date),r.iKind,r.dAmount,r.iStatus,r.iMethod,r.sFor,p.sName2"
-                                      ",COALESCE(NULLIF(u.sName,''),u.sUser) FROM Receipts r LEFT JOIN Persons p ON p.iID=r.iPersonID LEFT JOIN Users u ON u.iID=r.iUserID"
-                                      " WHERE %1 ORDER BY r.date DESC,r.iID DESC LIMIT %2",
-                                      whoseMoney(scope, "r."), limit));
-    QList<StoryEvent> events;
-    for (; rows.HasResultRow(); rows.MoveNextResult())
-        events.append(receiptEvent(rows));
-    return events;
+    const auto [kind, status, method] = row.numbers;
+    const bool stands = status == CTblReceipts::valid;
+    return StoryEvent{.kind = StoryEvent::Kind::Money,
+                      .tone = stands ? Tone::Good : Tone::Danger,
+                      .title = withAmount(CTblReceipts::kindName(kind), row.amount),
+                      .line = joinedWords({stands ? QString() : CTblReceipts::statusName(status), row.texts[0], CTblReceipts::methodName(method), row.texts[1]}),
+                      .table = u"Receipts"_s,
+                      .key = row.key,
+                      .amount = row.amount};
 }
 
 Tone toneOf(ChequeState state)
@@ -84,65 +77,64 @@ Tone toneOf(ChequeState state)
 }
 
 // A cheque as it came, and each step of its way.
-QList<StoryEvent> readCheques(const StoryScope &scope, int limit, int database)
+QList<StoryColumns> cheques(const StoryScope &scope)
 {
     const KSql whose = whoseMoney(scope, "c.");
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT c.iID,c.dateCreate,c.iKind,-1,c.dAmount,c.sNumber,c.sBank,c.dateDue,'',COALESCE(NULLIF(u.sName,''),u.sUser)"
-                                      " FROM Cheques c LEFT JOIN Users u ON u.iID=c.iUserID WHERE %1 AND c.dateCreate IS NOT NULL"
-                                      " UNION ALL SELECT c.iID,s.date,c.iKind,s.iToState,c.dAmount,c.sNumber,c.sBank,c.dateDue,s.sDesc,COALESCE(NULLIF(v.sName,''),v.sUser)"
-                                      " FROM Cheques c JOIN ChequeChanges s ON s.iChequeID=c.iID AND s.iStatus=0 LEFT JOIN Users v ON v.iID=s.iUserID WHERE %1"
-                                      " ORDER BY 2 DESC LIMIT %2",
-                                      whose, limit));
-    QList<StoryEvent> events;
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        const int to = rows.GetLongFieldValue(3);
-        const bool given = rows.GetLongFieldValue(2) == CTblReceipts::paid;
-        const QString number = rows.GetTextFieldValue(5);
-        const QString came = given ? u"چک %1 داده شد"_s.arg(number) : u"چک %1 گرفته شد"_s.arg(number);
-        events.append({.kind = StoryEvent::Kind::Money,
-                       .when = rows.GetDateFieldValue(1),
-                       .tone = to < 0 ? Tone::Info : toneOf(ChequeState(to)),
-                       .title = to < 0 ? came : u"چک %1: %2"_s.arg(number, ChequeStates::name(ChequeState(to), given)),
-                       .line = joinedWords({DToMoney(rows.GetDoubleFieldValue(4)), rows.GetTextFieldValue(6), u"سررسید %1"_s.arg(shamsiText(rows.GetDateFieldValue(7).date())), rows.GetTextFieldValue(8)}),
-                       .user = rows.GetTextFieldValue(9),
-                       .table = u"Cheques"_s,
-                       .key = rows.GetLongFieldValue(0),
-                       .amount = rows.GetDoubleFieldValue(4)});
-    }
-    return events;
+    StoryColumns came{.key = "c.iID",
+                      .when = "c.dateCreate",
+                      .until = "c.dateDue",
+                      .numbers = {"c.iKind", "-1"},
+                      .amount = "c.dAmount",
+                      .texts = {"c.sNumber", "c.sBank"},
+                      .user = "c.iUserID",
+                      .from = "Cheques c WHERE " + whose + " AND c.dateCreate IS NOT NULL ORDER BY c.dateCreate DESC"};
+    StoryColumns step = came;
+    step.when = "s.date";
+    step.numbers = {"c.iKind", "s.iToState"};
+    step.texts.append("s.sDesc");
+    step.user = "s.iUserID";
+    step.from = "Cheques c JOIN ChequeChanges s ON s.iChequeID=c.iID AND s.iStatus=0 WHERE " + whose + " ORDER BY s.date DESC";
+    return {came, step};
 }
 
-QList<StoryEvent> readNotes(const StoryScope &scope, int limit, int database)
+std::optional<StoryEvent> tellCheque(const StoryRow &row)
 {
-    CTblTemp rows(database);
-    rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT f.iID,f.date,f.iKind,f.sNote,f.datePromised,COALESCE(NULLIF(u.sName,''),u.sUser) FROM FollowUps f LEFT JOIN Users u ON u.iID=f.iUserID"
-                                      " WHERE %1 ORDER BY f.iID DESC LIMIT %2",
-                                      scope.named("f."), limit));
-    QList<StoryEvent> events;
-    for (; rows.HasResultRow(); rows.MoveNextResult()) {
-        const int kind = rows.GetLongFieldValue(2);
-        const QDate next = rows.GetDateFieldValue(4).date();
-        const QString nextWords = kind == CTblFollowUps::due ? u"وعده پرداخت %1"_s : u"پیگیری بعدی %1"_s;
-        events.append({.kind = StoryEvent::Kind::Note,
-                       .when = rows.GetDateFieldValue(1),
-                       .tone = next.isValid() ? Tone::Warn : Tone::Info,
-                       .title = u"%1: %2"_s.arg(CTblFollowUps::kindName(kind), rows.GetTextFieldValue(3).simplified()),
-                       .line = next.isValid() ? nextWords.arg(shamsiText(next)) : QString(),
-                       .user = rows.GetTextFieldValue(5),
-                       .table = kind == CTblFollowUps::due ? QString() : u"FollowUps"_s,
-                       .key = rows.GetLongFieldValue(0)});
-    }
-    return events;
+    const int to = row.numbers[1];
+    const bool given = row.numbers[0] == CTblReceipts::paid;
+    const QString &number = row.texts[0];
+    const QString came = given ? u"چک %1 داده شد"_s.arg(number) : u"چک %1 گرفته شد"_s.arg(number);
+    return StoryEvent{.kind = StoryEvent::Kind::Money,
+                      .tone = to < 0 ? Tone::Info : toneOf(ChequeState(to)),
+                      .title = to < 0 ? came : u"چک %1: %2"_s.arg(number, ChequeStates::name(ChequeState(to), given)),
+                      .line = joinedWords({DToMoney(row.amount), row.texts[1], u"سررسید %1"_s.arg(shamsiText(row.until.date())), row.texts[2]}),
+                      .table = u"Cheques"_s,
+                      .key = row.key,
+                      .amount = row.amount};
+}
+
+QList<StoryColumns> notes(const StoryScope &scope)
+{
+    return {{.key = "f.iID", .when = "f.date", .until = "f.datePromised", .numbers = {"f.iKind"}, .texts = {"f.sNote"}, .user = "f.iUserID", .from = "FollowUps f WHERE " + scope.named("f.") + " ORDER BY f.iID DESC"}};
+}
+
+std::optional<StoryEvent> tellNote(const StoryRow &row)
+{
+    const int kind = row.numbers[0];
+    const QDate next = row.until.date();
+    const QString nextWords = kind == CTblFollowUps::due ? u"وعده پرداخت %1"_s : u"پیگیری بعدی %1"_s;
+    return StoryEvent{.kind = StoryEvent::Kind::Note,
+                      .tone = next.isValid() ? Tone::Warn : Tone::Info,
+                      .title = u"%1: %2"_s.arg(CTblFollowUps::kindName(kind), row.texts[0].simplified()),
+                      .line = next.isValid() ? nextWords.arg(shamsiText(next)) : QString(),
+                      .table = kind == CTblFollowUps::due ? QString() : u"FollowUps"_s,
+                      .key = row.key};
 }
 
 }
 
 void MoneyStory::enter()
 {
-    StorySources::enter(StorySource{u"receipts"_s, u"Receipts"_s, &readReceipts});
-    StorySources::enter(StorySource{u"cheques"_s, u"Cheques"_s, &readCheques});
-    StorySources::enter(StorySource{u"notes"_s, {}, &readNotes});
+    StorySources::enter(StorySource{.id = u"receipts"_s, .form = u"Receipts"_s, .columns = &receipts, .tell = &tellReceipt});
+    StorySources::enter(StorySource{.id = u"cheques"_s, .form = u"Cheques"_s, .columns = &cheques, .tell = &tellCheque});
+    StorySources::enter(StorySource{.id = u"notes"_s, .form = {}, .columns = &notes, .tell = &tellNote});
 }
