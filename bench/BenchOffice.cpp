@@ -8,6 +8,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/SuiteSchema.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/utility/values/KSettings.h"
 
 #include <QDir>
@@ -18,6 +19,18 @@
 #endif
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isFilled()
+{
+    CTblPersons persons;
+    persons.SetLimit(1);
+    persons.Open(true, true, true);
+    return !persons.IsEOF();
+}
+
+}
 
 BenchOffice::BenchOffice(int contracts)
     : m_database(std::make_unique<TestDatabase>())
@@ -39,7 +52,9 @@ void BenchOffice::fill(int contracts)
     if (GetAutoDBSetting()->UpdateDB(0, 0, reached, false) != 1)
         qFatal("the module's tables could not be created");
     SuiteSchema::afterModuleUpgrade();
-    DemoData::fill(contracts);
+    // A server of its own may keep the office of an earlier run.
+    if (!isFilled())
+        DemoData::fill(contracts);
     CTblUsers user;
     user.SetLimit(1);
     user.Open(true, true, true);

@@ -4,7 +4,9 @@
 // The search over everything, from a key to the painted hits, in an office of a million contracts, 300,000 cars and half a million persons: each
 // way of typing, the worst ones too, against one bare lookup of a key through the client library in the same run.
 //
-//     Search [--contracts=N] [options of the benchmark]      cars and persons follow from N
+//     Search [--contracts=N] [--office=FOLDER] [options of the benchmark]      cars and persons follow from N
+//
+// With a folder the office stands there on a server as the program starts it, and is filled once: the next run finds it again.
 
 #include "bench/BenchOffice.h"
 #include "bench/RatioReporter.h"
@@ -15,6 +17,7 @@
 #include "host/books/BookWindows.h"
 #include "host/finding/SearchBox.h"
 #include "host/finding/SearchPopup.h"
+#include "host/server/EmbeddedServer.h"
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/accounting/search/OfficeSearch.h"
 #include "suite/accounting/search/SearchIndex.h"
@@ -28,6 +31,7 @@
 
 #include <QAbstractItemModel>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QListView>
@@ -36,6 +40,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -274,18 +279,28 @@ BENCHMARK(search)->Arg(8)->Unit(benchmark::kMillisecond)->Repetitions(Trial::rep
 int main(int argc, char **argv)
 {
     constexpr char sizeOption[] = "--contracts=";
+    constexpr char officeOption[] = "--office=";
+    QString folder;
     for (int argument = 1; argument < argc; ++argument) {
-        if (const QByteArray text(argv[argument]); text.startsWith(sizeOption))
+        const QByteArray text(argv[argument]);
+        if (text.startsWith(sizeOption))
             contractCount = std::max(100, text.mid(sizeof(sizeOption) - 1).toInt());
+        if (text.startsWith(officeOption))
+            folder = QFile::decodeName(text.mid(sizeof(officeOption) - 1));
     }
     KApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
-    const BenchOffice office(contractsOfTheDemo);
+    std::optional<EmbeddedServer> server;
+    if (!folder.isEmpty()) {
+        server.emplace(DataFolder(folder));
+        server->start();
+    }
+    const BenchOffice office = server ? BenchOffice(contractsOfTheDemo, server->connectionSettings()) : BenchOffice(contractsOfTheDemo);
     enterKinds();
-    SearchIndex::build(true);
     QElapsedTimer filling;
     filling.start();
-    {
+    if (count("AutomobilContracts") < contractCount) {
+        SearchIndex::build(true);
         // Statements over all rows take longer than an office's may.
         const KLongWork work;
         fill();

@@ -85,6 +85,8 @@ void ServerConfig::writeServerOptions(const QString &socketPath, const QByteArra
         add("innodb_doublewrite=OFF");
         add("innodb_flush_method=nosync");
     } else {
+        // What the server's own room does not hold, the system's may: past it, each page that is not at hand is a wait for the disk.
+        add("innodb_flush_method=fsync");
         // Saved data survives a power failure.
         add("innodb_flush_log_at_trx_commit=1");
     }

@@ -18,7 +18,7 @@ struct Group
     // All that were found, best first: a whole key, the beginning of a name or number, its end, a word of an explanation; of equal ones the
     // newest first.
     QList<qint32> records;
-    bool more = false;     // there are others, which were not looked at
+    bool more = false;     // there may be others, which were not looked at
     QList<SearchHit> hits; // the first ones
 };
 

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void onlyReadableKindsAreSearched();
     void commonWordIsBounded();
     void wordsOfDifferentFields();
+    void wordsThatManyHaveAreJoined();
     void buildGoesOnWhereItWasCutOff();
     void buildRemovesWhatIsLeftOver();
     void randomHistoryLeavesWhatABuildWouldMake();
@@ -268,6 +269,25 @@ void TestSearchIndex::wordsOfDifferentFields()
     QCOMPARE(found(u"کشاورز پارس"_s, SearchKinds::Contracts), QList<qint32>{one});
     QCOMPARE(found(u"پژو مجید"_s, SearchKinds::Contracts), QList<qint32>{one});
     QCOMPARE(found(u"پراید مجید"_s, SearchKinds::Contracts), QList<qint32>());
+}
+
+// One record among thousands that have either word, behind all of them; and how many are looked at where thousands have both.
+void TestSearchIndex::wordsThatManyHaveAreJoined()
+{
+    TestDatabase &database = m_office->database();
+    database.run(u"INSERT INTO AutomobilContracts(iID,sName1,iArchiveUserID) SELECT 1000000+seq,CONCAT('کشاورز ',seq),0 FROM seq_1_to_2000"_s);
+    database.run(u"INSERT INTO AutomobilContracts(iID,sAutomobilName,iArchiveUserID) SELECT 1010000+seq,CONCAT('سمند ',seq),0 FROM seq_1_to_2000"_s);
+    database.run(u"INSERT INTO AutomobilContracts(iID,sName1,sAutomobilName,iArchiveUserID) VALUES(1020000,'کشاورز ی','سمند ی',0)"_s);
+    QVERIFY(SearchIndex::build(true));
+    QCOMPARE(found(u"کشاورز سمند"_s, SearchKinds::Contracts), QList<qint32>{1020000});
+    QCOMPARE(found(u"سمند کشاورز 1999"_s, SearchKinds::Contracts), QList<qint32>());
+    database.run(u"UPDATE AutomobilContracts SET sAutomobilName='سمند' WHERE iID BETWEEN 1000001 AND 1002000"_s);
+    QVERIFY(SearchIndex::build(true));
+    const QList<SearchFinding::Group> groups = SearchFinding::find(u"کشاورز سمند"_s, {SearchKinds::Contracts}, 3);
+    QCOMPARE(groups.size(), 1);
+    QVERIFY(groups.constFirst().more);
+    QVERIFY(groups.constFirst().records.size() < 100);
+    QCOMPARE(groups.constFirst().hits.size(), 3);
 }
 
 void TestSearchIndex::buildGoesOnWhereItWasCutOff()

@@ -162,6 +162,7 @@ void TestEmbeddedServer::theServerRunsAsItsRulesSay()
         {"@@innodb_flush_log_at_trx_commit", u"1"_s},
         {"@@character_set_server", u"utf8mb4"_s},
         {"@@innodb_buffer_pool_size", QString::number(64 * 1024 * 1024)},
+        {"@@innodb_flush_method", u"fsync"_s},
         {"@@local_infile", u"0"_s},
         {"@@global.sql_mode LIKE '%STRICT_TRANS_TABLES%'", u"1"_s},
         {"(SELECT GROUP_CONCAT(User,'@',Host) FROM mysql.global_priv WHERE User NOT IN ('mariadb.sys','PUBLIC'))",
