@@ -66,6 +66,15 @@ CarFace::CarFace(const KExtListCtrl *list)
 
 CarFace::~CarFace() = default;
 
+QString CarFace::daysText(const CarCard &card, const QDate &today)
+{
+    if (const std::optional<int> days = card.daysToSale())
+        return *days == 0 ? u"فروش در همان روز"_s : u"فروش در %1 روز"_s.arg(*days);
+    if (const std::optional<int> days = card.days(today))
+        return *days == 0 ? u"امروز"_s : u"%1 روز"_s.arg(*days);
+    return {};
+}
+
 void CarFace::setCards(const QHash<qint32, CarCard> &cards)
 {
     for (auto card = cards.cbegin(); card != cards.cend(); ++card) {
@@ -145,7 +154,7 @@ std::pair<KChip::Kind, QString> CarFace::state(const CarCard &card) const
     case State::StandingLong:
         return {KChip::Kind::Danger, u"مانده"_s};
     case State::Wanted:
-        return {KChip::Kind::Info, u"%1 متقاضی"_s.arg(card.demands)};
+        return {KChip::Kind::Info, (card.moreDemands ? u"بیش از %1 متقاضی"_s : u"%1 متقاضی"_s).arg(card.demands)};
     case State::Sold:
         return {KChip::Kind::Neutral, u"فروخته شده"_s};
     case State::Archived:
@@ -208,8 +217,8 @@ void CarFace::paint(QPainter &painter, const QRect &inside, int row) const
     write(painter, takeLine(room, lineHeight(Use::Label)), Use::Label, Role::Quiet, particulars(row));
 
     line = takeLine(room, lineHeight(Use::Strong));
-    if (const std::optional<int> days = isKnown ? known->card.days(m_frame.today) : std::nullopt)
-        line.setLeft(line.left() + write(painter, line, Use::Label, Role::Quiet, *days == 0 ? u"امروز"_s : u"%1 روز"_s.arg(*days), trailing) + gap);
+    if (const QString days = isKnown ? daysText(known->card, m_frame.today) : QString(); !days.isEmpty())
+        line.setLeft(line.left() + write(painter, line, Use::Label, Role::Quiet, days, trailing) + gap);
     if (const QString amount = cell(row, u"amount"); !amount.isEmpty() && amount != "0"_L1) {
         line.setRight(line.right() - write(painter, line, Use::Strong, Role::Text, amount) - gap / 2);
         write(painter, line, Use::Label, Role::Hint, m_frame.moneyUnit);
@@ -233,5 +242,7 @@ QString CarFace::tip(int row) const
     const auto known = m_cards.constFind(m_list->listModel()->keyAt(row));
     if (known != m_cards.cend())
         lines.append(state(known->card).second);
+    if (const QString days = known == m_cards.cend() ? QString() : daysText(known->card, m_frame.today); !days.isEmpty())
+        lines.append(days);
     return lines.join(u'\n');
 }

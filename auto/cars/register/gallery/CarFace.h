@@ -44,6 +44,9 @@ public:
     QString text(int row) const override;
     QString tip(int row) const override;
 
+    // How long the car stands, or stood until it was sold, as its card says it; empty where nobody knows.
+    static QString daysText(const CarCard &card, const QDate &today);
+
     static constexpr int mostCards = 400;
 
 private:

@@ -3,6 +3,7 @@
 
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/register/gallery/CarCards.h"
+#include "auto/cars/register/gallery/CarFace.h"
 #include "auto/cars/register/gallery/CarGallery.h"
 #include "auto/cars/register/gallery/CarThumbnails.h"
 #include "auto/db/CTblAutomobilDemands.h"
@@ -376,7 +377,7 @@ private Q_SLOTS:
     {
         addSome(40);
         Page &page = shownGallery();
-        const ObservedStatements read({u"SELECT"_s});
+        const ObservedStatements read({u"SELECT"_s, u"(SELECT"_s});
         page.refill();
         const qsizetype filled = read.taken().size();
         QCoreApplication::processEvents();
@@ -467,6 +468,49 @@ private Q_SLOTS:
         QCOMPARE(cards.value(car).demands, 2);
         QCOMPARE(cards.value(sold).demands, 0);
         QCOMPARE(CarCards::read({car}, false, today).value(car).demands, 0);
+    }
+
+    void carThatManyAskForTakesNoRoomOfAnother()
+    {
+        const int wanted = m_office->addBrand(u"پژو"_s);
+        const int other = m_office->addBrand(u"سمند"_s);
+        m_office->database().run(u"INSERT INTO AutomobilDemands(iAutomobilType,iStatus,iArchiveUserID) SELECT %1,0,0 FROM seq_1_to_3100"_s.arg(wanted));
+        m_office->database().run(u"INSERT INTO AutomobilDemands(iAutomobilType,iStatus,iArchiveUserID) SELECT %1,0,0 FROM seq_1_to_2"_s.arg(other));
+        const int many = add(u"a"_s, [&](Car &c) { c.m_iAutomobilType = wanted; });
+        const int few = add(u"b"_s, [&](Car &c) { c.m_iAutomobilType = other; });
+        const ObservedStatements read({u"SELECT"_s, u"(SELECT"_s});
+        const QHash<qint32, CarCard> cards = CarCards::read({many, few}, true, QDate::currentDate());
+        QCOMPARE(read.taken().size(), 2);
+        QVERIFY(cards.value(many).moreDemands);
+        QCOMPARE(cards.value(many).demands, 1500);
+        QVERIFY(!cards.value(few).moreDemands);
+        QCOMPARE(cards.value(few).demands, 2);
+        m_office->database().run(u"DELETE FROM AutomobilDemands"_s);
+    }
+
+    void soldCarSaysHowLongItStood_data()
+    {
+        QTest::addColumn<bool>("sold");
+        QTest::addColumn<QString>("soldOn");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("sold later") << true << u"2026-04-11"_s << u"فروش در 10 روز"_s;
+        QTest::newRow("sold at once") << true << u"2026-04-01"_s << u"فروش در همان روز"_s;
+        QTest::newRow("sold before it came") << true << u"2026-03-01"_s << QString();
+        QTest::newRow("nobody knows when") << true << QString() << QString();
+        QTest::newRow("not sold after all") << false << u"2026-04-11"_s << u"30 روز"_s;
+    }
+
+    void soldCarSaysHowLongItStood()
+    {
+        QFETCH(bool, sold);
+        QFETCH(QString, soldOn);
+        const int car = add(u"a"_s, [&](Car &c) {
+            c.m_bSold = sold;
+            c.m_dateIntroduction = QDateTime(QDate(2026, 4, 1), QTime(), Qt::UTC);
+            c.m_dateBuy = QDateTime(QDate::fromString(soldOn, Qt::ISODate), QTime(), Qt::UTC);
+        });
+        const QDate today(2026, 5, 1);
+        QTEST(CarFace::daysText(CarCards::read({car}, false, today).value(car), today), "text");
     }
 
     void whatCannotBeReadIsToldOnce()
