@@ -155,6 +155,12 @@ def appointment(date, further=()):
     )
 
 
+def plan_table(*columns, when="PlanCount", unless=""):
+    """One row that comes once for each instalment; a column is its title, its field and its part of the width."""
+    titles, names, widths = zip(*columns, strict=True)
+    return Table(list(widths), list(titles), [[f"{{{name}}}" for name in names]], when, unless)
+
+
 DEED_DATES = [Cell("تنظیم سند طبق قرارداد", "{dateDocument}", 2), Cell("تنظیم سند در دفتر اسناد رسمی", "{dateOffice}", 2)]
 
 
@@ -420,7 +426,15 @@ INSTALMENT = form(
             "الف)",
             unless="PlanCount",
         ),
-        Table([1, 3, 4, 8], ["قسط", "سررسید", "مبلغ", "به حروف"], [["{PlanNum}", "{PlanDate}", "{PlanAmount}", "{PlanWords}"]], "PlanCount"),
+        plan_table(("قسط", "PlanNum", 1), ("سررسید", "PlanDate", 3), ("مبلغ", "PlanAmount", 4), ("به حروف", "PlanWords", 8), unless="PlanCheque"),
+        plan_table(
+            ("قسط", "PlanNum", 1),
+            ("سررسید", "PlanDate", 2),
+            ("مبلغ", "PlanAmount", 3),
+            ("به حروف", "PlanWords", 6),
+            ("چک", "PlanCheque", 4),
+            when="PlanCheque",
+        ),
         Text(
             "پرداخت زودتر از سررسید مجاز است. دریافت قسط معوق یا مهلت دادن به خریدار، فروشنده را از حقوق این قرارداد "
             "محروم نمی‌کند.",

@@ -85,6 +85,7 @@ class Table:
     header: list
     rows: list
     when: str = ""
+    unless: str = ""
 
 
 @dataclass(frozen=True)
@@ -261,7 +262,7 @@ class Writer:
         table = self.table(widths, [line(block.header, True)] + [line(row, False) for row in block.rows]) + self.gap()
         if not block.when:
             return table
-        begin, end = optional("\0", block.when).split("\0")
+        begin, end = optional("\0", block.when, block.unless).split("\0")
         return self.paragraph(self.runs(begin), "Gap") + table + self.paragraph(self.runs(end), "Gap")
 
     def signatures(self, block):

@@ -78,6 +78,21 @@ QList<MatterCheques::Part> ContractCheques::ofPrice(const QList<Row> &rows)
     return parts;
 }
 
+QHash<int, QStringList> ContractCheques::ofInstalments(int contractID, int database)
+{
+    CTblTemp query(database);
+    query.Open(true, false, true);
+    query.ExecuteQuery(KSql::formatted(
+        "SELECT DISTINCT r.iPaymentID,c.iID,c.sNumber,c.sBank FROM Receipts r JOIN Cheques c ON c.iID=r.iChequeID "
+        "WHERE r.iTable=%1 AND r.iRecordID=%2 AND r.iKind=%3 AND r.iFor=%4 AND c.iState NOT IN(%5,%6) ORDER BY c.iID",
+        int(CTblAutomobilContracts::recordKind), contractID, int(CTblReceipts::received), int(ReceiptPurpose::Instalment),
+        int(ChequeState::Void), int(ChequeState::Returned)));
+    QHash<int, QStringList> cheques;
+    for (; query.HasResultRow(); query.MoveNextResult())
+        cheques[query.GetLongFieldValue(0)].append(QString(query.GetTextFieldValue(2) + u' ' + query.GetTextFieldValue(3)).trimmed());
+    return cheques;
+}
+
 QList<OpenItem> ContractCheques::purposes(const CTblAutomobilContracts &contract)
 {
     QList<OpenItem> items;

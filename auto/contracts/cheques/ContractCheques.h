@@ -9,6 +9,9 @@
 #include "suite/treasury/records/ChequeStates.h"
 #include "suite/treasury/records/ReceiptOwners.h"
 
+#include <QHash>
+#include <QStringList>
+
 class CTblAutomobilContracts;
 
 // The cheques of the register that were received for a contract.
@@ -28,6 +31,9 @@ struct Row
 QList<Row> list(int contractID, int database = 0);
 // What the matter page says of them: those that pay the price and are neither void nor given back.
 QList<MatterCheques::Part> ofPrice(const QList<Row> &rows);
+
+// Those received for instalments of the plan, by the key of the payment, with number and bank; neither void nor given back.
+QHash<int, QStringList> ofInstalments(int contractID, int database = 0);
 
 // What the buyer can pay by cheque: the price, then the open instalments of the plan, in their order. A rest of 0 is not known.
 QList<OpenItem> purposes(const CTblAutomobilContracts &contract);

@@ -3,6 +3,7 @@
 
 #include "auto/contracts/printing/ContractFilling.h"
 
+#include "auto/contracts/cheques/ContractCheques.h"
 #include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/contracts/printing/ContractMergeFields.h"
@@ -41,10 +42,12 @@ RecordValues valuesOf(const CompanyDetails &office)
 
 QList<InstalmentForPrinting> planOf(const CTblAutomobilContracts &contract)
 {
+    if (!MatterVisibility::hasInstalments(contract.m_iContractType))
+        return {};
     QList<InstalmentForPrinting> plan;
-    if (MatterVisibility::hasInstalments(contract.m_iContractType))
-        for (const StoredInstalments::Row &row : StoredInstalments::load(contract.m_iID, StoredInstalments::Scope::AllDepartments))
-            plan.append({row.number, row.date.date(), row.due, row.description});
+    const QHash<int, QStringList> cheques = ContractCheques::ofInstalments(contract.m_iID, contract.database());
+    for (const StoredInstalments::Row &row : StoredInstalments::load(contract.m_iID, StoredInstalments::Scope::AllDepartments))
+        plan.append({row.number, row.date.date(), row.due, row.description, cheques.value(row.id).join(u"، "_s)});
     return plan;
 }
 
@@ -135,7 +138,8 @@ void ContractFilling::fill(KMSWord &word, CTblAutomobilContracts &contract)
     for (const MergeBatch &batch : batches)
         said.add(batch);
     said.add(further);
-    said.add(table.columns, !plan.isEmpty());
+    for (qsizetype column = 0; column < table.columns.size(); ++column)
+        said.add({table.columns.at(column)}, std::ranges::any_of(table.rows, [column](const QStringList &row) { return !row.at(column).isEmpty(); }));
     said.add({logo.name}, !logo.bytes.isEmpty());
     setParts(word, said, table, logo);
     for (const MergeBatch &batch : batches)

@@ -12,10 +12,10 @@ using namespace Qt::StringLiterals;
 
 DocumentParts::Table planTable(const QList<InstalmentForPrinting> &plan, int moneyDecimals, const QString &moneyUnit)
 {
-    DocumentParts::Table table{{u"PlanNum"_s, u"PlanDate"_s, u"PlanAmount"_s, u"PlanWords"_s, u"PlanDesc"_s}, {}};
+    DocumentParts::Table table{{u"PlanNum"_s, u"PlanDate"_s, u"PlanAmount"_s, u"PlanWords"_s, u"PlanDesc"_s, u"PlanCheque"_s}, {}};
     for (const InstalmentForPrinting &instalment : plan)
         table.rows.append({LToStr(instalment.number), shamsiText(instalment.due), DToMoney(instalment.amount, moneyDecimals),
-                           QString(amountInWords(instalment.amount) + u' ' + moneyUnit).trimmed(), instalment.description});
+                           QString(amountInWords(instalment.amount) + u' ' + moneyUnit).trimmed(), instalment.description, instalment.cheque});
     return table;
 }
 

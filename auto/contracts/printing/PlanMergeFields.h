@@ -16,9 +16,10 @@ struct InstalmentForPrinting
     QDate due;
     double amount = 0;
     QString description;
+    QString cheque = {}; // number and bank of what was received for it; empty: none
 };
 
-// Its rows, each with number, day, amount, amount in words and description. moneyDecimals, moneyUnit: as of the contract.
+// Its rows, each with number, day, amount, amount in words, description and cheque. moneyDecimals, moneyUnit: as of the contract.
 DocumentParts::Table planTable(const QList<InstalmentForPrinting> &plan, int moneyDecimals, const QString &moneyUnit);
 // What is said of the plan as a whole: how many instalments, their sum, the same in words, the first day and the last.
 MergeBatch planMergeFields(const QList<InstalmentForPrinting> &plan, int moneyDecimals, const QString &moneyUnit);

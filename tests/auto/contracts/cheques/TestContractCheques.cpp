@@ -58,6 +58,22 @@ private Q_SLOTS:
         QCOMPARE(isPaid(), u"1"_s);
     }
 
+    void chequesOfInstalmentsAreThoseThatStand()
+    {
+        const int first = m_contract->addInstalment(500);
+        const int second = m_contract->addInstalment(300);
+        QVERIFY(ContractCheques::ofInstalments(m_contract->key).isEmpty());
+        m_contract->receive(u"77"_s, 200, m_contract->instalment(first));
+        m_contract->receive(u"79"_s, 300, m_contract->instalment(first));
+        m_contract->receive(u"81"_s, 100, m_contract->price());
+        const int back = m_contract->receive(u"88"_s, 300, m_contract->instalment(second));
+        using Cheques = QHash<int, QStringList>;
+        QCOMPARE(ContractCheques::ofInstalments(m_contract->key), (Cheques{{first, {u"77 ملت"_s, u"79 ملت"_s}}, {second, {u"88 ملت"_s}}}));
+        ContractOfCheques::bring(back, ChequeState::Returned);
+        QCOMPARE(ContractCheques::ofInstalments(m_contract->key), (Cheques{{first, {u"77 ملت"_s, u"79 ملت"_s}}}));
+        QVERIFY(ContractCheques::ofInstalments(m_contract->key + 1).isEmpty());
+    }
+
     void onlyWhatPaysThePriceIsOnTheMatterPage()
     {
         QCOMPARE(texts(), u"/////"_s);

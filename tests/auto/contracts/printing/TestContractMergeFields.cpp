@@ -430,10 +430,10 @@ private Q_SLOTS:
 
     void planIsARowForEachInstalmentAndASum()
     {
-        const QList<InstalmentForPrinting> plan = {{1, QDate(2026, 12, 1), 1000, u"first"_s}, {2, QDate(2027, 1, 1), 1500, QString()}};
+        const QList<InstalmentForPrinting> plan = {{1, QDate(2026, 12, 1), 1000, u"first"_s, u"456 ملت"_s}, {2, QDate(2027, 1, 1), 1500, QString()}};
         const DocumentParts::Table table = planTable(plan, 0, u"ریال"_s);
-        QCOMPARE(table.columns, split("PlanNum, PlanDate, PlanAmount, PlanWords, PlanDesc"));
-        QCOMPARE(table.rows, (QList<QStringList>{{u"1"_s, u"1405/09/10"_s, u"1,000"_s, u"یک هزار ریال"_s, u"first"_s}, {u"2"_s, u"1405/10/11"_s, u"1,500"_s, u"یک هزار و پانصد ریال"_s, QString()}}));
+        QCOMPARE(table.columns, split("PlanNum, PlanDate, PlanAmount, PlanWords, PlanDesc, PlanCheque"));
+        QCOMPARE(table.rows, (QList<QStringList>{{u"1"_s, u"1405/09/10"_s, u"1,000"_s, u"یک هزار ریال"_s, u"first"_s, u"456 ملت"_s}, {u"2"_s, u"1405/10/11"_s, u"1,500"_s, u"یک هزار و پانصد ریال"_s, QString(), QString()}}));
         const MergeBatch sums = planMergeFields(plan, 0, u"ریال"_s);
         QCOMPARE(valueOf(sums, u"PlanCount"_s), u"2"_s);
         QCOMPARE(valueOf(sums, u"PlanTotal"_s), u"2,500"_s);

@@ -10,6 +10,7 @@
 #include "suite/accounting/frame/KApplication.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/CompanyLogo.h"
+#include "suite/treasury/records/CTblReceipts.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "suite/utility/values/TemporaryFolders.h"
 #include "tests/auto/contracts/printing/DocxParts.h"
@@ -250,6 +251,25 @@ private Q_SLOTS:
             QVERIFY2(lines.contains(value), qPrintable(value));
         QVERIFY(!lines.join(u' ').contains(u"پیوست"_s));
         QVERIFY(readDocx(m_opened.last()).value(u"word/document.xml"_s).contains("w:tblHeader"));
+    }
+
+    void chequeOfAnInstalmentStandsInItsRow()
+    {
+        const int contract = PrintedContracts::add(*m_office, 2);
+        PrintedContracts::addPlan(*m_office, contract);
+        m_office->database().run(u"INSERT INTO Cheques(sNumber,sBank,iState) VALUES('778812','ملت',0)"_s);
+        m_office->database().run(u"INSERT INTO Receipts(iTable,iRecordID,iPaymentID,iFor,iKind,iChequeID) SELECT 69,%1,iID,2,%2,(SELECT MAX(iID) FROM Cheques) "
+                                 "FROM AutomobilPayments WHERE iNum=2"_s
+                                     .arg(contract)
+                                     .arg(int(CTblReceipts::received)));
+        QVERIFY(print(contract));
+        const QStringList lines = printedText().split(u'\n');
+        QCOMPARE(lines.count(u"چک"_s), 1); // the column's title, of one table
+        QVERIFY(lines.indexOf(u"778812 ملت"_s) > lines.indexOf(u"610,000,002"_s));
+        QVERIFY(lines.indexOf(u"778812 ملت"_s) < lines.indexOf(u"610,000,003"_s));
+        m_office->database().run(u"DELETE FROM Receipts"_s);
+        QVERIFY(print(contract));
+        QCOMPARE(printedText().split(u'\n').count(u"چک"_s), 0);
     }
 
     void contractWithoutAPlanNamesTheTableThatIsToBeMade()
