@@ -31,14 +31,14 @@ MONTHS_OF_1405 = (31, 31, 31, 31, 31, 31, 30, 30, 30, 30, 30)
 VEHICLE_AND_TERMS = (
     ("نام اتومبيل :", "sAutomobilName", "پژو پارس", True),
     ("رنگ :", "sColor", "سفید صدفی", True),
-    ("نوع اتومبيل :", "sAutomobilType", "سواری", False),
+    ("نوع اتومبيل :", "sAutomobilType", "سواری", True),
     ("سيستم :", "sSystem", "ایران خودرو", True),
     ("سال توليد :", "sModel", "1402", True),
     ("تيپ :", "sBrigade", "ELX", True),
     ("نوع سوخت :", "sFuel", "بنزین", True),
     ("شماره موتور :", "sNumOfEngines", "124K9081726", True),
     ("شماره شاسي :", "sChassisNum", "NAAN01CE8NK551122", True),
-    ("شماره پلاک :", "sNumOfPlates", "12 ب 345 ایران 67", True),
+    ("شماره پلاک :", "sNumOfPlates", "12 ب 345 ایران 67", False),
     ("دانگ :", "sDengue", "شش", True),
     ("توضيحات :", "sDescMatter", "بدون رنگ با کارکرد 21000 کیلومتر", True),
     ("پرداخت به صورت چکي : تعداد :", "sCheckCount", "3", True),
@@ -260,7 +260,8 @@ def print_contract(office, opener, papers):
     values = [value for _, _, value, printed in VEHICLE_AND_TERMS if printed]
     values += [f"{amount:,}" for amount in (AMOUNT, *(amount for _, _, amount in MONEY_TERMS))]
     values += [word for name in PERSONS for word in name.split(" ")]
-    values += [sale(office)["iCode"], "فروش اقساطی"]
+    # The plate stands there in the order of the car, which marks of direction keep.
+    values += [sale(office)["iCode"], "فروش اقساطی", "12 ب\u200e 345 | ایران\u200e 67"]
     for value in values:
         check(value in text, f"{value!r} stands in the contract:\n{text}")
     pages = documents.as_pdf(office.desktop, path, papers)
