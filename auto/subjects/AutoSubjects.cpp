@@ -14,6 +14,7 @@
 #include "auto/db/CTblCarBrands.h"
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
+#include "auto/db/CTblTemplates.h"
 #include "auto/words/WordLists.h"
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
@@ -121,6 +122,15 @@ void enterContracts()
                            .form = form,
                            .make = RecordSubject::maker<CTblCarContracts>(),
                            .title = [](KMySQL &record) { return KLookup::name(record, u"iCarID"); }});
+    RecordSubjects::enter({.table = u"Templates"_s,
+                           .kind = u"قالب قرارداد"_s,
+                           .form = form,
+                           .make = RecordSubject::maker<CTblTemplates>(),
+                           .title = [](KMySQL &record) { return static_cast<const CTblTemplates &>(record).m_sName; },
+                           .word = [](const QString &column, const QVariant &value) {
+                               const QString kind = value.toString();
+                               return column == "sKind"_L1 && kind.startsWith("contract."_L1) ? WordLists::texts(WordLists::contractTypes()).value(kind.mid(9).toInt()) : QString(); },
+                           .derived = {u"sHash"_s}});
 }
 
 void enterCars()
@@ -203,7 +213,7 @@ void enterCatalog()
 
 const QStringList &tables()
 {
-    static const QStringList list{u"AutomobilContracts"_s, u"InstalmentPlan"_s, u"CarContracts"_s, u"AutomobilInformations"_s, u"AutomobilDemands"_s, u"CarBrands"_s, u"CarModels"_s, u"CarClasses"_s, u"AutomobilTariffs"_s, u"Items"_s};
+    static const QStringList list{u"AutomobilContracts"_s, u"InstalmentPlan"_s, u"CarContracts"_s, u"Templates"_s, u"AutomobilInformations"_s, u"AutomobilDemands"_s, u"CarBrands"_s, u"CarModels"_s, u"CarClasses"_s, u"AutomobilTariffs"_s, u"Items"_s};
     return list;
 }
 

@@ -9,8 +9,9 @@
 
 class CTblAutomobilContracts;
 
-// Turns a contract into a filled document and has it opened. Prints from the template of the contract's type, in the folder
-// AutomobileDocx beside the module; a letter has no template of its own, its file is always asked for.
+// Turns a contract into a filled document and has it opened. Prints from the template of the contract's type: the one that the office
+// put into use (ContractTemplates), else the file that came along, in the folder AutomobileDocx beside the module. The file of a letter is
+// always asked for, with the office's own, or the one that came along, as the proposal.
 class ContractPrinting
 {
 public:
@@ -30,6 +31,8 @@ public:
         std::function<bool(const QString &path)> open; // shows the finished document; false: nothing to show it with
         // Whether to print all the same a contract that its instalment plan does not agree with, as the text says. Empty: yes.
         std::function<bool(const QString &disagreement)> goOn = {};
+        // The file of a letter, where there is one to propose: the office's own, else the one that came along. Empty: chooseTemplate.
+        std::function<QString(const QString &proposed)> chooseLetter = {};
     };
 
     // Folders of the templates and of the documents. Empty: beside the module; the user's temporary folder.
@@ -46,9 +49,10 @@ public:
     // look into: it names persons, and an older print that is still open stays what it is. Folders of prints older than a
     // week are removed. Throws CMySQLException.
     //
-    // A template that had to be chosen is kept in the templates' folder under its own file name and, when the type has a
-    // template, also under that one's, so that it is not asked for again; not before it has proved readable. When that
-    // folder cannot be written, printing stops silently.
+    // A template that had to be chosen becomes the office's, for every desk, where the user may change contracts; and it is
+    // copied into the templates' folder under its own file name and, when the type has a template, also under that one's.
+    // Neither happens before it has proved readable, and the print goes on where they cannot be done, as for an ordinary user
+    // of an installed program.
     //
     // True when a document was opened.
     bool print(int contractID);
@@ -56,9 +60,13 @@ public:
     // File name of the template of a contract type; empty for a letter and for an unknown type.
     static QString templateName(int contractType);
     static QString defaultTemplateFolder();
+    // File name of the letter's template that comes along, which is proposed and never taken unasked.
+    static QString letterName();
 
 private:
+    bool printChosen(CTblAutomobilContracts &contract);
     bool fillAndOpen(CTblAutomobilContracts &contract, const QString &path, bool chosen);
+    static void keep(const CTblAutomobilContracts &contract, const QString &path);
 
     Dialogs m_dialogs;
     Places m_places;

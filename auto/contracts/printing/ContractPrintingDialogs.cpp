@@ -6,8 +6,11 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/frame/KProcess.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QStandardPaths>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -30,13 +33,20 @@ QString warningText(ContractPrinting::Trouble trouble)
     return {};
 }
 
-QString askForTemplate(QWidget *parent)
+// proposed: a file that Enter alone takes; empty: none.
+QString askForTemplate(QWidget *parent, const QString &proposed = {})
 {
     QFileDialog dialog(parent, u"فایل نامه را انتخاب کنید"_s);
     dialog.setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     dialog.setFileMode(QFileDialog::ExistingFile);
     // The pattern is the part of the text in brackets.
     dialog.setNameFilter(u"فایل میاکروسافت وورد(*.docx)"_s);
+    if (!proposed.isEmpty()) {
+        const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        dialog.setSidebarUrls({QUrl::fromLocalFile(QFileInfo(proposed).path()), QUrl::fromLocalFile(documents), QUrl::fromLocalFile(QDir::homePath())});
+        dialog.setDirectory(QFileInfo(proposed).path());
+        dialog.selectFile(QFileInfo(proposed).fileName());
+    }
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -50,5 +60,6 @@ ContractPrinting::Dialogs contractPrintingDialogs(QWidget *parent)
             [parent](const QString &disagreement) {
                 const QString question = disagreement + u"\nبا این حال چاپ شود؟"_s;
                 return g_pDlgYesNo->Ask(question, parent) != KMessageDialog::No;
-            }};
+            },
+            [parent](const QString &proposed) { return askForTemplate(parent, proposed); }};
 }

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void init()
     {
         m_office->clear();
+        m_office->database().run(u"DELETE FROM Templates"_s);
         m_folder = std::make_unique<QTemporaryDir>();
         m_opened.clear();
         QDesktopServices::setUrlHandler(u"file"_s, this, "open");
