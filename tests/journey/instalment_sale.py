@@ -261,7 +261,7 @@ def print_contract(office, opener, papers):
     values += [f"{amount:,}" for amount in (AMOUNT, *(amount for _, _, amount in MONEY_TERMS))]
     values += [word for name in PERSONS for word in name.split(" ")]
     # The plate stands there in the order of the car, which marks of direction keep.
-    values += [sale(office)["iCode"], "فروش اقساطی", "12 ب\u200e 345 | ایران\u200e 67"]
+    values += [sale(office)["iCode"], "فروش اقساطی", documents.plain("12 ب\u200e 345 | ایران\u200e 67")]
     for value in values:
         check(value in text, f"{value!r} stands in the contract:\n{text}")
     pages = documents.as_pdf(office.desktop, path, papers)
