@@ -9,6 +9,7 @@
 #include <array>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -159,9 +160,20 @@ std::vector<FieldStory::Place> FieldStory::places(pugi::xml_node below)
                 inOrder.emplace(field.place, std::move(*place));
     }};
     read(below, walk);
+    // A text box within a field is a flow of its own, but goes with it.
+    std::set<pugi::xml_node> pieces;
+    for (const auto &[order, place] : inOrder)
+        pieces.insert(place.pieces.begin(), place.pieces.end());
+    const auto goesWithAnother = [&](const Place &place) {
+        for (pugi::xml_node above = place.begin.parent(); above; above = above.parent())
+            if (pieces.contains(above))
+                return true;
+        return false;
+    };
     std::vector<Place> places;
     for (auto &[order, place] : inOrder)
-        places.push_back(std::move(place));
+        if (!goesWithAnother(place))
+            places.push_back(std::move(place));
     return places;
 }
 

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void whatIsLeftEmptyGoes();
     void neighbourTakesTheRoomOfACell();
     void headersAndTextBoxesHaveMarksToo();
+    void markInATextBoxOfAnotherGoesWithIt();
     void paragraphThatEndsASectionStays();
     void markWithoutItsOtherHalfCostsNoWords_data();
     void markWithoutItsOtherHalfCostsNoWords();
@@ -238,6 +239,19 @@ void TestDocumentParts::headersAndTextBoxesHaveMarksToo()
     // A header needs a paragraph.
     const QByteArray header = saved("word/header1.xml");
     QVERIFY2(!header.contains("gone") && header.contains("<w:p"), header.constData());
+}
+
+void TestDocumentParts::markInATextBoxOfAnotherGoesWithIt()
+{
+    const QByteArray box = "<w:r><w:drawing><w:txbxContent>" + D::paragraph(part("If_No", D::runs("b")) + field("Logo") + field("Num")) + "</w:txbxContent></w:drawing></w:r>";
+    const auto around = [&](const QByteArray &name) {
+        return D::mark("begin") + D::code("MERGEFIELD " + name) + D::mark("separate") + box + D::mark("end");
+    };
+    m_parts.tables = {{{u"Num"_s}, {{u"1"_s}}}};
+    m_parts.pictures = {{u"Logo"_s, {}, 0, 0, 18, {}}};
+    fill(DocxMaker(D::paragraph(around("If_Yes") + D::runs("a") + around("EndIf")) + D::paragraph(around("Logo") + D::runs("c"))));
+    QCOMPARE(shown(), u"a|c|"_s);
+    QCOMPARE(m_unpaired, QStringList());
 }
 
 void TestDocumentParts::paragraphThatEndsASectionStays()
