@@ -10,6 +10,7 @@
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/overdue/CDlgOverdueInstalments.h"
 #include "auto/contracts/parties/ContractSide.h"
+#include "auto/contracts/printing/ContractFilingDialogs.h"
 #include "auto/contracts/printing/ContractPrintingDialogs.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 #include "auto/contracts/receipts/ContractDeleting.h"
@@ -159,6 +160,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"sellerStatement"_s, u"صورتحساب فروشنده"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::seller); }, {}, u":/icons/document.svg"_s},
         {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},
         {u"overdue"_s, u"سررسیدهای قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showOverdue(); }, {}, u":/icons/calendar.svg"_s, Access, u"AutomobilPayments"_s},
+        {u"filePrinted"_s, u"بایگانی PDF قرارداد"_s, onRow | C::HiddenInSelect | C::InRowMenu, [this] { filePrinted(); }, {}, u":/icons/archive.svg"_s, Modify},
     };
 }
 
@@ -225,6 +227,13 @@ void CDlgAutomobilContracts::printContract()
 {
     if (list()->currentKey() > 0 && CheckReadSecurity())
         m_printing.print(list()->currentKey());
+}
+
+// What it reads is asked for as by printing, what it adds by the work itself.
+void CDlgAutomobilContracts::filePrinted()
+{
+    if (list()->currentKey() > 0 && CheckReadSecurity() && CheckModifySecurity())
+        ContractFilingDialogs::run(list()->currentKey(), this);
 }
 
 void CDlgAutomobilContracts::settle(int side)

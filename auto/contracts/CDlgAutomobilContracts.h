@@ -53,6 +53,7 @@ private:
     void archiveContract();
     void deleteContract();
     void printContract();
+    void filePrinted();
     void settle(int side);
     void showReceipts();
     void showStatement(int side);

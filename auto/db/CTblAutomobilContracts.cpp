@@ -4,6 +4,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 
 #include "auto/db/CTblCarContracts.h"
+#include "auto/db/CTblFiledPapers.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
@@ -37,6 +38,7 @@ bool CTblAutomobilContracts::Delete()
     CTblDocuments::EmptyDoc(docNum, m_iFiscalYear, database());
     CTblDocuments::DeleteDoc(docNum, m_iFiscalYear, 0, 0, QString(), database());
     CTblFileDocs::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
+    CTblFiledPapers::deleteOf(recordKind, m_iID, database());
     CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     statement.FormatAndExecuteQuery("DELETE FROM AutomobilPayments WHERE iAutomobilContractID=%d", m_iID);
     CTblFollowUps::deleteOf(recordKind, m_iID, database());

@@ -7,6 +7,7 @@
 #include "auto/contracts/instalments/PlanFollowing.h"
 #include "auto/contracts/printing/ContractFilling.h"
 #include "auto/contracts/printing/ContractTemplates.h"
+#include "auto/contracts/printing/FiledContract.h"
 #include "auto/contracts/printing/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/utility/documents/KMSWord.h"
@@ -91,6 +92,8 @@ bool ContractPrinting::print(int contractID)
     const QStringList disagreement = m_dialogs.goOn ? PlanFollowing::disagreement(contract) : QStringList();
     if (!disagreement.isEmpty() && !m_dialogs.goOn(disagreement.join(u'\n')))
         return false;
+    if (const QString notice = m_dialogs.tell ? FiledContract::notice(contract) : QString(); !notice.isEmpty())
+        m_dialogs.tell(notice);
     const int type = contract.m_iContractType;
     const QString name = templateName(type);
     if (name.isEmpty())

@@ -33,6 +33,8 @@ public:
         std::function<bool(const QString &disagreement)> goOn = {};
         // The file of a letter, where there is one to propose: the office's own, else the one that came along. Empty: chooseTemplate.
         std::function<QString(const QString &proposed)> chooseLetter = {};
+        // What whoever prints should know; the print goes on.
+        std::function<void(const QString &notice)> tell = {};
     };
 
     // Folders of the templates and of the documents. Empty: beside the module; the user's temporary folder.

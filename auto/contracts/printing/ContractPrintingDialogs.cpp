@@ -61,5 +61,6 @@ ContractPrinting::Dialogs contractPrintingDialogs(QWidget *parent)
                 const QString question = disagreement + u"\nبا این حال چاپ شود؟"_s;
                 return g_pDlgYesNo->Ask(question, parent) != KMessageDialog::No;
             },
-            [parent](const QString &proposed) { return askForTemplate(parent, proposed); }};
+            [parent](const QString &proposed) { return askForTemplate(parent, proposed); },
+            [parent](const QString &notice) { g_pDlgMessage->Show(notice, parent); }};
 }
