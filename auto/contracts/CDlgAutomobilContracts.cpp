@@ -16,6 +16,7 @@
 #include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/contracts/receipts/ContractDues.h"
 #include "auto/contracts/receipts/SettlementQuestions.h"
+#include "auto/contracts/templates/CDlgContractTemplates.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/LeftPlaceholders.h"
 #include "auto/lists/WordCells.h"
@@ -160,6 +161,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"sellerStatement"_s, u"صورتحساب فروشنده"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::seller); }, {}, u":/icons/document.svg"_s},
         {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},
         {u"overdue"_s, u"سررسیدهای قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showOverdue(); }, {}, u":/icons/calendar.svg"_s, Access, u"AutomobilPayments"_s},
+        {u"templates"_s, u"قالب‌های قرارداد"_s, C::HiddenInSelect, [this] { CDlgContractTemplates::Show(this); }, {}, u":/icons/document.svg"_s, Read},
         {u"filePrinted"_s, u"بایگانی PDF قرارداد"_s, onRow | C::HiddenInSelect | C::InRowMenu, [this] { filePrinted(); }, {}, u":/icons/archive.svg"_s, Modify},
     };
 }

@@ -17,10 +17,13 @@
 #include "auto/contracts/cheques/CDlgContractCheques.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 #include "auto/contracts/instalments/CDlgPlanChoice.h"
+#include "auto/contracts/printing/ContractPrinting.h"
+#include "auto/contracts/printing/ContractTemplates.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
 #include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "auto/contracts/receipts/ContractReceipts.h"
+#include "auto/contracts/templates/CDlgContractTemplates.h"
 #include "auto/contracts/whatif/CDlgDealWhatIf.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilInformations.h"
@@ -287,6 +290,18 @@ Show withReceived(LookOffice &office)
     };
 }
 
+// One of the office's own, put into use, out of it and back.
+void useTemplates()
+{
+    QFile form(QDir(ContractPrinting::defaultTemplateFolder()).filePath(ContractPrinting::templateName(0)));
+    if (ContractTemplates::keyInUse(0) > 0 || !form.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray file = form.readAll();
+    const qint32 first = ContractTemplates::use(0, u"مبایعه‌نامه نمایشگاه با بندهای ویژه خودروهای وارداتی.docx"_s, file, u"از فایل"_s, 0);
+    ContractTemplates::useSupplied(0, first);
+    ContractTemplates::goBack(0, first, 0);
+}
+
 void addContracts(LookOffice &office, std::vector<Entry> &entries)
 {
     const int contract = office.number(u"SELECT MAX(iID) FROM AutomobilContracts"_s);
@@ -296,6 +311,10 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"contract-edit", command(office, contracts, u"edit"_s)});
     entries.push_back({"contract-show", command(office, contracts, u"show"_s)});
     entries.push_back({"contract-settings", command(office, contracts, u"settings"_s)});
+    entries.push_back({"contract-templates", modal([] {
+                           useTemplates();
+                           CDlgContractTemplates().exec();
+                       })});
     entries.push_back({"contract-instalments", window<CDlgCalcPayment>(contract, person, 123'456'789.0)});
     const CTblFollowUps::Subject call{CTblAutomobilContracts::recordKind, contract, 0, u"AutomobilPayments"_s};
     entries.push_back({"follow-up", window<CDlgFollowUp>(call, u"مریم کریمی     09121234567     قسط شماره 3 قرارداد 12     سررسید 1405/04/02     مانده 45,000,000"_s)});
