@@ -10,6 +10,7 @@
 #include "auto/contracts/printing/FiledContract.h"
 #include "auto/contracts/printing/KeptTemplate.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/utility/documents/KMSWord.h"
 #include "suite/utility/values/TemporaryFolders.h"
 
@@ -34,7 +35,7 @@ public:
     PrivateCopy(const QString &temporary, const QString &name, const QByteArray &content)
         : m_folder(TemporaryFolders::make(TemporaryFolders::Purpose::Contract, temporary))
     {
-        QFile file(QDir(m_folder).filePath(name));
+        QFile file(QDir(m_folder).filePath(CTblFileDocs::safeFileName(name)));
         if (!m_folder.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush())
             m_path = file.fileName();
     }

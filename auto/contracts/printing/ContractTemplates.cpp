@@ -5,7 +5,6 @@
 
 #include "auto/db/CTblTemplates.h"
 #include "auto/settings/ContractSettings.h"
-#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/NamedLock.h"
@@ -26,6 +25,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcTemplates, "tzauto.templates")
+
+constexpr int longestName = 200; // of its end, where the suffix is
 
 KSql ofKind(int contractType)
 {
@@ -160,7 +161,7 @@ qint32 ContractTemplates::use(int contractType, const QString &name, const QByte
         row.Open(false, false, true);
         row.AddNew();
         row.m_sKind = kindOf(contractType);
-        row.m_sName = CTblFileDocs::safeFileName(name);
+        row.m_sName = name.right(longestName);
         row.m_oFile.data = file;
         row.m_sHash = hash;
         row.m_bInUse = 1;

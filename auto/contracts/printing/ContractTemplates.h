@@ -25,7 +25,7 @@ inline constexpr qint64 maxBytes = qint64{5} * 1024 * 1024;
 struct Held
 {
     qint32 id = 0; // 0: there is none
-    QString name;  // of the file
+    QString name;  // of the file, as it was chosen: not necessarily one that a file can be made by
     QByteArray file;
 };
 

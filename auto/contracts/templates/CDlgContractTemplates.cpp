@@ -112,7 +112,7 @@ CDlgContractTemplates::CDlgContractTemplates(QWidget *parent, ContractPrinting::
     setWindowTitle(u"قالب‌های قرارداد"_s);
     SetSettingName(u"AutomobilContracts\\Templates"_s);
     build();
-    resize(LookSizes::scaled(860), LookSizes::scaled(600));
+    resize(LookSizes::scaled(860), LookSizes::scaled(660));
     refill();
     choose(0);
     m_types->setFocus();
@@ -320,7 +320,7 @@ void CDlgContractTemplates::takeBack()
         return;
     }
     const QByteArray file = m_editing->content();
-    const QString name = QFileInfo(m_editing->path()).fileName();
+    const QString name = m_editing->name();
     qint32 key = 0;
     const auto use = [&](qint32 seen) { key = ContractTemplates::use(m_editing->contractType(), name, file, u"ویرایش در واژه‌پرداز"_s, seen); };
     if (change(m_editing->seen(), use))

@@ -4,6 +4,7 @@
 #include "auto/contracts/templates/TemplateEditing.h"
 
 #include "auto/contracts/printing/ContractTemplates.h"
+#include "suite/accounting/attachments/CTblFileDocs.h"
 #include "suite/utility/values/TemporaryFolders.h"
 
 #include <QCryptographicHash>
@@ -24,13 +25,14 @@ QByteArray markOf(const QByteArray &content)
 TemplateEditing::TemplateEditing(int contractType, const QString &name, const QByteArray &file, qint32 seen, const QString &temporary, QObject *parent)
     : QObject(parent)
     , m_contractType(contractType)
+    , m_name(name)
     , m_seen(seen)
     , m_known(markOf(file))
     , m_told(m_known)
     , m_last(m_known)
 {
     const QString folder = TemporaryFolders::make(TemporaryFolders::Purpose::Contract, temporary.isEmpty() ? QDir::tempPath() : temporary);
-    QFile copy(QDir(folder).filePath(name));
+    QFile copy(QDir(folder).filePath(CTblFileDocs::safeFileName(name)));
     if (folder.isEmpty() || !copy.open(QIODevice::WriteOnly) || copy.write(file) != file.size() || !copy.flush())
         return;
     m_path = copy.fileName();

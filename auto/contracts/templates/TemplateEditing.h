@@ -21,6 +21,8 @@ public:
     ~TemplateEditing() override;
 
     int contractType() const { return m_contractType; }
+    // Of the template, as the office calls it.
+    QString name() const { return m_name; }
     // Empty where nothing could be written.
     QString path() const { return m_path; }
     qint32 seen() const { return m_seen; }
@@ -39,6 +41,7 @@ private:
     void look();
 
     int m_contractType;
+    QString m_name;
     QString m_path;
     qint32 m_seen;
     QByteArray m_known; // hash of what is in use

@@ -188,6 +188,17 @@ private Q_SLOTS:
         QCOMPARE(standing(), u"a.docx 1 1"_s);
     }
 
+    // With the signs that Persian names hold, and none that leads out of a folder when a file is made of it.
+    void nameStaysAsItWasChosen()
+    {
+        const QString name = u"مبایعه‌نامه ما.docx"_s;
+        use(name, suppliedForm("AutoMbayh.docx"), 0);
+        QCOMPARE(ContractTemplates::inUse(sale).name, name);
+        m_office->database().run(u"UPDATE Templates SET sKind='contract.3',sName='../../climbed.docx'"_s);
+        QVERIFY(print(PrintedContracts::add(*m_office, ContractTemplates::letter)));
+        QVERIFY2(m_proposed.startsWith(m_folder->path() + u'/') && !m_proposed.contains(u"/../"_s), qPrintable(m_proposed));
+    }
+
     // Both looked while the one that came along was in use.
     void secondOfTwoDesksIsTold()
     {
