@@ -162,7 +162,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},
         {u"overdue"_s, u"سررسیدهای قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showOverdue(); }, {}, u":/icons/calendar.svg"_s, Access, u"AutomobilPayments"_s},
         {u"templates"_s, u"قالب‌های قرارداد"_s, C::HiddenInSelect, [this] { CDlgContractTemplates::Show(this); }, {}, u":/icons/document.svg"_s, Read},
-        {u"filePrinted"_s, u"بایگانی PDF قرارداد"_s, onRow | C::HiddenInSelect | C::InRowMenu, [this] { filePrinted(); }, {}, u":/icons/archive.svg"_s, Modify},
+        {u"filePrinted"_s, u"بایگانی PDF قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { filePrinted(); }, {}, u":/icons/archive.svg"_s, Modify},
     };
 }
 
@@ -234,7 +234,7 @@ void CDlgAutomobilContracts::printContract()
 // What it reads is asked for as by printing, what it adds by the work itself.
 void CDlgAutomobilContracts::filePrinted()
 {
-    if (list()->currentKey() > 0 && CheckReadSecurity() && CheckModifySecurity())
+    if (list()->currentKey() > 0 && !isChangeBlocked() && CheckReadSecurity() && CheckModifySecurity())
         ContractFilingDialogs::run(list()->currentKey(), this);
 }
 
