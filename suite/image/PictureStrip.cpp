@@ -26,6 +26,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -111,6 +112,7 @@ void PictureStrip::load(int recordKind, qint32 key)
     m_entries.clear();
     m_undo.clear();
     m_first = {};
+    m_hasBytes = false;
     for (const RecordPictures::Picture &picture : RecordPictures::further(recordKind, key)) {
         m_opened.append(picture.id);
         m_entries.append({{picture.id, picture.name, {}}, m_thumbs->noPicture(), false});
@@ -118,6 +120,15 @@ void PictureStrip::load(int recordKind, qint32 key)
     show(-1);
     if (!m_entries.isEmpty())
         m_reading.start();
+}
+
+void PictureStrip::readAll()
+{
+    const QHash<qint32, QByteArray> stored = RecordPictures::furtherBytes(m_recordKind, m_key);
+    for (Entry &entry : m_entries) {
+        if (entry.picture.id != 0 && entry.picture.bytes.isEmpty())
+            entry.picture.bytes = stored.value(entry.picture.id);
+    }
 }
 
 // One at a time, so that the window answers in between.
@@ -128,7 +139,7 @@ void PictureStrip::readNext()
         return m_reading.stop();
     entry->isRead = true;
     // What cannot be read now is read when it is asked for, and told then.
-    const bool isRead = KErrorBoundary::guarded(this, [&] { entry->picture.bytes = RecordPictures::bytes(m_recordKind, m_key, entry->picture.id); });
+    const bool isRead = std::exchange(m_hasBytes, true) || KErrorBoundary::guarded(this, [this] { readAll(); });
     if (!isRead)
         return m_reading.stop();
     if (const QImage image = PictureIntake::decode(entry->picture.bytes); !image.isNull())
@@ -289,6 +300,8 @@ void PictureStrip::undo()
     if (before.box)
         setBox(*before.box);
     show(m_thumbs->currentRow());
+    // Kept before they were read.
+    m_hasBytes = isRead();
     m_reading.start();
 }
 

@@ -37,7 +37,7 @@ public:
     explicit PictureStrip(KStaticImage *box, QWidget *parent = nullptr);
     ~PictureStrip() override;
 
-    // Shows those of the record. The pictures themselves are read one after another, once the window has the time.
+    // Shows those of the record. The pictures themselves are read at once, and made small one after another, when the window has the time.
     void load(int recordKind, qint32 key);
     void setReadOnly(bool readOnly);
 
@@ -93,6 +93,7 @@ private:
 
     QHBoxLayout *buildCommands();
     void wireThumbs();
+    void readAll();
     void readNext();
     QByteArray bytesOf(const RecordPictures::Entry &picture) const;
     bool takeAll(const QList<Source> &sources);
@@ -113,6 +114,7 @@ private:
     bool m_readOnly = false;
     bool m_settingBox = false;
     QList<qint32> m_opened;
+    bool m_hasBytes = false; // what is stored was read
     QList<Entry> m_entries;
     RecordPictures::Entry m_first; // what the box shows; id 0: the record's own or a new one
     QList<Before> m_undo;

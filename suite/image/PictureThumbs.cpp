@@ -216,11 +216,13 @@ void PictureThumbs::dragMoveEvent(QDragMoveEvent *event)
 // The one whose nearer half begins behind that place, as one reads.
 int PictureThumbs::rowBefore(const QPoint &place) const
 {
-    const QListWidgetItem *item = itemAt(place);
-    if (!item)
-        return count();
-    const bool isSecondHalf = (place.x() < visualItemRect(item).center().x()) == (layoutDirection() == Qt::RightToLeft);
-    return row(item) + (isSecondHalf ? 1 : 0);
+    for (int row = 0; row < count(); ++row) {
+        const QRect cell = visualItemRect(item(row));
+        const bool isBefore = layoutDirection() == Qt::RightToLeft ? place.x() > cell.center().x() : place.x() < cell.center().x();
+        if (place.y() < cell.top() || (place.y() <= cell.bottom() && isBefore))
+            return row;
+    }
+    return count();
 }
 
 void PictureThumbs::dropEvent(QDropEvent *event)

@@ -31,6 +31,9 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+    // The row before which goes what is let go there, in the order in which one reads; count(): behind all.
+    int rowBefore(const QPoint &place) const;
+
 Q_SIGNALS:
     // To stand before that one; behind the last for count().
     void moveAsked(int row, int before);
@@ -57,7 +60,6 @@ protected:
 
 private:
     bool isOwn(const QDropEvent *event) const { return event->source() == this; }
-    int rowBefore(const QPoint &place) const;
 
     QString m_hint;
     bool m_arranged = false;

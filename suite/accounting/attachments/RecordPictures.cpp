@@ -191,6 +191,17 @@ QByteArray RecordPictures::bytes(int kind, qint32 recordID, qint32 id, int datab
     return picture.IsRecordExist(u"iID"_s, id, 0, " AND " + picturesOf(kind, recordID)) ? picture.m_oPicture.data : QByteArray();
 }
 
+QHash<qint32, QByteArray> RecordPictures::furtherBytes(int kind, qint32 recordID, int database)
+{
+    QHash<qint32, QByteArray> pictures;
+    CTblTemp rows(database);
+    rows.Open(false, false, true);
+    rows.ExecuteQuery("SELECT iID,oPicture FROM Pictures WHERE " + picturesOf(kind, recordID));
+    for (; rows.HasResultRow(); rows.MoveNextResult())
+        pictures.insert(rows.GetLongFieldValue(0), rows.GetBinaryFieldValue(1));
+    return pictures;
+}
+
 QString RecordPictures::save(int kind, qint32 recordID, const Change &change, const QByteArray &own, int database)
 {
     if (change.isEmpty())

@@ -6,6 +6,7 @@
 #include "suite/accounting/TzAccountingDataExport.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -44,6 +45,8 @@ public:
     static QList<Picture> all(int kind, qint32 recordID, int database = 0);
     // Empty where it is gone.
     static QByteArray bytes(int kind, qint32 recordID, qint32 id, int database = 0);
+    // All further ones by their keys, in one statement.
+    static QHash<qint32, QByteArray> furtherBytes(int kind, qint32 recordID, int database = 0);
 
     // Within the transaction that saves the record, whose row is locked. Puts the change onto the rows as they are now: what others have
     // added stays, what they have removed stays away, and their order holds unless the editor's was changed. A picture that was made

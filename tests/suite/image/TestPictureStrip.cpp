@@ -157,6 +157,37 @@ private Q_SLOTS:
         QCOMPARE(window.names(), u"b.jpg c.jpg d.jpg"_s);
     }
 
+    void draggedPictureGoesWhereItIsLetGo_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("upon");    // the picture below the mouse
+        QTest::addColumn<double>("part"); // of its width from where one begins to read; beyond 1 in the gap behind it
+        QTest::addColumn<QString>("names");
+        QTest::newRow("behind the next") << 0 << 1 << 0.8 << u"c.jpg b.jpg d.jpg"_s;
+        QTest::newRow("before the first") << 2 << 0 << 0.2 << u"d.jpg b.jpg c.jpg"_s;
+        QTest::newRow("between two") << 2 << 0 << 1.01 << u"b.jpg d.jpg c.jpg"_s;
+        QTest::newRow("where it was") << 1 << 1 << 0.4 << u"b.jpg c.jpg d.jpg"_s;
+        QTest::newRow("behind the last") << 0 << 2 << 1.2 << u"c.jpg d.jpg b.jpg"_s;
+    }
+
+    void draggedPictureGoesWhereItIsLetGo()
+    {
+        QFETCH(int, from);
+        QFETCH(int, upon);
+        QFETCH(double, part);
+        Window window;
+        window.strip->setGeometry(0, 0, 690, 200);
+        window.strip->takeFiles(files({u"a.jpg"_s, u"b.jpg"_s, u"c.jpg"_s, u"d.jpg"_s}));
+        PictureThumbs &thumbs = window.thumbs();
+        const QRect target = thumbs.visualItemRect(thumbs.item(upon));
+        Q_EMIT thumbs.moveAsked(from, thumbs.rowBefore(QPoint(target.right() - int(part * target.width()), target.center().y())));
+        QTEST(window.names(), "names");
+        const QString before = u"b.jpg c.jpg d.jpg"_s;
+        if (window.names() != before)
+            window.strip->undo();
+        QCOMPARE(window.names(), before);
+    }
+
     // Right is before left.
     void arrowsWalkAsOneReads()
     {

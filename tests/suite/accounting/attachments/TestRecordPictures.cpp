@@ -151,6 +151,8 @@ private Q_SLOTS:
         QCOMPARE(pictures.size(), 1);
         QCOMPARE(pictures.constFirst().name, u"علی's \"عکس\".jpg"_s);
         QCOMPARE(RecordPictures::bytes(kind, record, pictures.constFirst().id), bytes);
+        QCOMPARE(RecordPictures::furtherBytes(kind, record), (QHash<qint32, QByteArray>{{pictures.constFirst().id, bytes}}));
+        QVERIFY(RecordPictures::furtherBytes(kind, record + 1).isEmpty());
         QCOMPARE(RecordPictures::bytes(kind, record + 1, pictures.constFirst().id), QByteArray());
         QCOMPARE(RecordPictures::bytes(kind, record, 999999), QByteArray());
     }
