@@ -20,26 +20,10 @@ namespace {
 
 const QString contentTypesPart = u"[Content_Types].xml"_s;
 
-bool sameName(const QString &a, const QString &b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-// Inside the document, and the same file wherever it were unpacked.
-bool isSafeName(const QString &name)
-{
-    if (name.isEmpty() || name.startsWith(u'/') || name.contains(u'\\') || name.contains(u':'))
-        return false;
-    if (std::any_of(name.cbegin(), name.cend(), [](QChar c) { return c.unicode() < 0x20; }))
-        return false;
-    const QStringList steps = name.split(u'/');
-    return !steps.contains(u".."_s) && !steps.contains(u"."_s);
-}
-
 bool isMacroName(const QString &name)
 {
     const QString file = name.section(u'/', -1);
-    return sameName(file, u"vbaProject.bin"_s) || sameName(file, u"vbaData.xml"_s);
+    return ZipEntries::isSameName(file, u"vbaProject.bin"_s) || ZipEntries::isSameName(file, u"vbaData.xml"_s);
 }
 
 bool isMacroType(const QString &type)
@@ -131,11 +115,6 @@ QByteArray serialised(pugi::xml_document &document)
     return writer.bytes;
 }
 
-struct ZipFileCloser
-{
-    void operator()(zip_file_t *file) const { zip_fclose(file); }
-};
-
 struct ZipDiscarder
 {
     void operator()(zip_t *archive) const { zip_discard(archive); }
@@ -149,74 +128,22 @@ struct ZipSourceFreer
 } // namespace
 
 DocxPackage::DocxPackage(const QByteArray &file)
-    : m_file(file)
+    : m_zip(file, maxUnpackedBytes)
 {
-    try {
-        open(file);
-        readNames();
-        readContentTypes();
-        readParts();
-        findMainPart();
-    } catch (...) {
-        if (m_zip)
-            zip_discard(m_zip);
-        throw;
-    }
+    readNames();
+    readContentTypes();
+    readParts();
+    findMainPart();
 }
 
-DocxPackage::~DocxPackage()
-{
-    zip_discard(m_zip);
-}
-
-void DocxPackage::open(const QByteArray &file)
-{
-    if (file.size() > maxUnpackedBytes)
-        throw DocxError("the file is too large");
-    if (!file.startsWith("PK\x03\x04"))
-        throw DocxError("the file is no zip");
-    zip_error_t error;
-    zip_error_init(&error);
-    zip_source_t *source = zip_source_buffer_create(m_file.constData(), static_cast<zip_uint64_t>(m_file.size()), 0, &error);
-    if (source)
-        m_zip = zip_open_from_source(source, ZIP_RDONLY, &error);
-    const std::string reason = zip_error_strerror(&error);
-    zip_error_fini(&error);
-    if (m_zip)
-        return;
-    if (source)
-        zip_source_free(source);
-    throw DocxError("the file is no zip: " + reason);
-}
+DocxPackage::~DocxPackage() = default;
 
 void DocxPackage::readNames()
 {
-    const zip_int64_t count = zip_get_num_entries(m_zip, 0);
-    if (count > maxEntries)
-        throw DocxError("too many entries");
-    qint64 declared = 0;
-    QSet<QString> seen;
-    for (zip_int64_t i = 0; i < count; ++i) {
-        zip_stat_t entry;
-        if (zip_stat_index(m_zip, static_cast<zip_uint64_t>(i), ZIP_FL_ENC_GUESS, &entry) != 0 || !entry.name)
-            throw DocxError("an entry without a name");
-        const QString name = QString::fromUtf8(entry.name);
-        if (!isSafeName(name))
-            throw DocxError("an entry that leads out of the document: " + name.toStdString());
-        if (seen.contains(name.toLower()))
-            throw DocxError("an entry that stands twice: " + name.toStdString());
-        seen.insert(name.toLower());
-        if (entry.encryption_method != ZIP_EM_NONE)
-            throw DocxError("an encrypted entry: " + name.toStdString());
-        if (entry.comp_method != ZIP_CM_STORE && entry.comp_method != ZIP_CM_DEFLATE)
-            throw DocxError("an entry of an unknown compression: " + name.toStdString());
-        if (isMacroName(name))
+    for (const ZipEntries::Entry &entry : m_zip.all()) {
+        if (isMacroName(entry.name))
             throw DocxError("macros");
-        if (entry.size > static_cast<zip_uint64_t>(maxUnpackedBytes - declared))
-            throw DocxError("too large by what it declares");
-        declared += static_cast<qint64>(entry.size);
-        if (!name.endsWith(u'/')) // a folder of its own says nothing
-            m_parts.push_back({name, static_cast<quint64>(i), nullptr, {}, false, {}});
+        m_parts.push_back({entry.name, entry.index, nullptr, {}, false, {}});
     }
 }
 
@@ -227,7 +154,7 @@ void DocxPackage::readContentTypes()
         throw DocxError("the content types are missing");
     qint64 room = maxUnpackedBytes;
     qint64 marks = maxMarks;
-    types->xml = parseXml(unpack(*types, &room), types->name, &marks);
+    types->xml = parseXml(m_zip.unpack(types->index, &room), types->name, &marks);
     QHash<QString, QString> byEnding, byName;
     for (const pugi::xml_node node : types->xml->document_element().children()) {
         const QString type = WordXml::attribute(node, "ContentType");
@@ -249,7 +176,7 @@ void DocxPackage::readParts()
     qint64 room = maxUnpackedBytes;
     qint64 marks = maxMarks;
     for (Part &part : m_parts) {
-        const QByteArray content = unpack(part, &room);
+        const QByteArray content = m_zip.unpack(part.index, &room);
         if (isXmlName(part.name) || isXmlType(part.contentType))
             part.xml = parseXml(content, part.name, &marks);
     }
@@ -269,23 +196,6 @@ void DocxPackage::findMainPart()
     m_mainPart = part->name;
 }
 
-QByteArray DocxPackage::unpack(const Part &part, qint64 *room) const
-{
-    const std::unique_ptr<zip_file_t, ZipFileCloser> file(zip_fopen_index(m_zip, part.index, 0));
-    QByteArray content;
-    QByteArray chunk(qsizetype{64} * 1024, Qt::Uninitialized);
-    zip_int64_t got = file ? 0 : -1;
-    while (file && (got = zip_fread(file.get(), chunk.data(), static_cast<zip_uint64_t>(chunk.size()))) > 0) {
-        *room -= got; // what comes out counts; what the entry says of its size may be a lie
-        if (*room < 0)
-            throw DocxError("too large unpacked");
-        content.append(chunk.constData(), static_cast<qsizetype>(got));
-    }
-    if (got < 0)
-        throw DocxError("an entry that cannot be unpacked: " + part.name.toStdString());
-    return content;
-}
-
 DocxPackage::Part *DocxPackage::find(const QString &name)
 {
     return const_cast<Part *>(std::as_const(*this).find(name));
@@ -293,7 +203,7 @@ DocxPackage::Part *DocxPackage::find(const QString &name)
 
 const DocxPackage::Part *DocxPackage::find(const QString &name) const
 {
-    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part &part) { return sameName(part.name, name); });
+    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part &part) { return ZipEntries::isSameName(part.name, name); });
     return found == m_parts.end() ? nullptr : &*found;
 }
 
@@ -328,12 +238,12 @@ void DocxPackage::removePart(const QString &part)
     pugi::xml_node types = xml(contentTypesPart)->document_element();
     for (pugi::xml_node node = types.first_child(); node;) {
         const pugi::xml_node next = node.next_sibling();
-        if (WordXml::is(node, "Override") && sameName(targetOf({}, WordXml::attribute(node, "PartName")), part))
+        if (WordXml::is(node, "Override") && ZipEntries::isSameName(targetOf({}, WordXml::attribute(node, "PartName")), part))
             types.remove_child(node);
         node = next;
     }
     setChanged(contentTypesPart);
-    std::erase_if(m_parts, [&](const Part &candidate) { return sameName(candidate.name, part); });
+    std::erase_if(m_parts, [&](const Part &candidate) { return ZipEntries::isSameName(candidate.name, part); });
 }
 
 QString DocxPackage::addPart(const QString &name, const QByteArray &content, const QString &contentType)
@@ -400,7 +310,7 @@ void DocxPackage::addTo(zip_t *archive, const Part &part, const QByteArray &cont
 {
     zip_source_t *source = part.changed
         ? zip_source_buffer(archive, content.constData(), static_cast<zip_uint64_t>(content.size()), 0)
-        : zip_source_zip(archive, m_zip, part.index, ZIP_FL_COMPRESSED, 0, -1);
+        : zip_source_zip(archive, m_zip.handle(), part.index, ZIP_FL_COMPRESSED, 0, -1);
     if (!source)
         throw DocxError(zip_strerror(archive));
     if (zip_file_add(archive, part.name.toUtf8().constData(), source, ZIP_FL_ENC_UTF_8) < 0) {

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/utility/documents/ZipEntries.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -10,17 +12,11 @@
 #include <pugixml.hpp>
 
 #include <memory>
-#include <stdexcept>
 #include <vector>
 
 struct zip;
 
-// Why a document is not taken, in English, for the log.
-class DocxError : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
+using DocxError = PackageError;
 
 // A DOCX file in memory: a zip of parts, most of them XML. Everything in it is treated as hostile until it has been read
 // once: the constructor unpacks every part, counting, and parses every XML part.
@@ -28,7 +24,7 @@ class DocxPackage
 {
 public:
     static constexpr qint64 maxUnpackedBytes = 64LL * 1024 * 1024; // and of the file itself
-    static constexpr int maxEntries = 4000;
+    static constexpr int maxEntries = ZipEntries::maxEntries;
     static constexpr int maxDepth = 500;          // of elements; a table in a text box in a table is at about sixty
     static constexpr qint64 maxMarks = 4'000'000; // elements and attributes, which weigh far more parsed than written
 
@@ -66,18 +62,15 @@ private:
         QByteArray added; // the content of one that is not in the file
     };
 
-    void open(const QByteArray &file);
     void readNames();
     void readParts();
     void readContentTypes();
     void findMainPart();
-    QByteArray unpack(const Part &part, qint64 *room) const;
     Part *find(const QString &name);
     const Part *find(const QString &name) const;
     void addTo(struct zip *archive, const Part &part, const QByteArray &content) const;
 
-    QByteArray m_file; // unchanged parts are copied from it as they are packed
-    struct zip *m_zip = nullptr;
+    ZipEntries m_zip; // unchanged parts are copied from it as they are packed
     std::vector<Part> m_parts;
     QString m_mainPart;
 };
