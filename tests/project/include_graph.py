@@ -64,8 +64,8 @@ CORE = set("""
     QLibrary QLibraryInfo QList QLocalServer QLocalSocket QLocale QLockFile QLoggingCategory QMap QMetaObject QMetaType
     QMimeData QMultiHash QMultiMap QMutex QMutexLocker QObject QPair QPointer QProcess QProcessEnvironment QQueue
     QRandomGenerator QRegularExpression QSaveFile QScopedValueRollback QScopeGuard QSet QSettings QSharedPointer
-    QSignalBlocker QSortFilterProxyModel QStandardPaths QString QStringDecoder QStringList QStringView QSysInfo QTemporaryDir
-    QTemporaryFile QTextStream QThread QTime QTimer QTranslator QUrl QUuid QVariant QVector QVersionNumber QWaitCondition
+    QSignalBlocker QSortFilterProxyModel QStandardPaths QString QStringConverter QStringDecoder QStringList QStringView QSysInfo QTemporaryDir
+    QTemporaryFile QTextStream QThread QTime QTimer QTranslator QUrl QUuid QVariant QVector QVersionNumber QWaitCondition QXmlStreamReader
     QtEndian QtGlobal
 """.split())
 

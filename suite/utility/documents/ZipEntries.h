@@ -14,7 +14,7 @@
 struct zip;
 
 // Why a package is not taken, in English, for the log.
-class PackageError : public std::runtime_error
+class TZDOCUMENTS_EXPORT PackageError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
