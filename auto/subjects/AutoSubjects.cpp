@@ -15,6 +15,7 @@
 #include "auto/db/CTblCarClasses.h"
 #include "auto/db/CTblCarModels.h"
 #include "auto/db/CTblTemplates.h"
+#include "auto/importing/AutoImports.h"
 #include "auto/words/WordLists.h"
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
@@ -224,11 +225,13 @@ AutoSubjects::AutoSubjects()
     enterContracts();
     enterCars();
     enterCatalog();
+    AutoImports::enter();
 }
 
 // The functions that they hold are the module's.
 AutoSubjects::~AutoSubjects()
 {
+    AutoImports::leave();
     for (const QString &table : tables())
         RecordSubjects::remove(table);
 }

@@ -10,6 +10,7 @@
 #include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/accounting/importing/CDlgImport.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/look/LookFonts.h"
 
@@ -81,7 +82,14 @@ std::vector<KListCommand> CDlgDocuments::commands()
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
          u":/icons/delete.svg"_s, Delete},
         printCommand(C::StartsGroup),
+        {u"import"_s, u"ورود از فایل"_s, C::HiddenInReadOnly, [this] { importOpening(); }, {}, u":/icons/table.svg"_s, Write},
     };
+}
+
+void CDlgDocuments::importOpening()
+{
+    if (!isChangeBlocked() && CheckWriteSecurity() && CDlgImport::run(u"openings"_s, window()))
+        refill();
 }
 
 std::unique_ptr<KMySQL> CDlgDocuments::makeRecords() const

@@ -36,6 +36,8 @@ protected:
 private:
     void buildRowsPane();
     void addDocument();
+    // The balances that the year begins with, out of a spreadsheet.
+    void importOpening();
     void editDocument();
     void deleteDocument();
     void selectDocument(int num, int fiscalYear);

@@ -52,6 +52,7 @@ QString TableNames::shown(const QString &table)
         {u"MessageTexts"_s, u"متن‌های پیام"_s},
         {u"PublicCars"_s, u"خودروهای خروجی وب"_s},
         {u"ImportMappings"_s, u"ستون‌های ورود از فایل"_s},
+        {u"ImportedFiles"_s, u"فایل‌های واردشده"_s},
     };
     return names.value(table, table);
 }

@@ -58,6 +58,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/history/CDlgHistory.h"
 #include "suite/accounting/lists/CDlgSavedFilters.h"
+#include "suite/accounting/importing/CDlgImport.h"
 #include "suite/accounting/lists/CDlgSaveFilter.h"
 #include "suite/accounting/lists/CDlgListColumns.h"
 #include "suite/accounting/lists/KListBar.h"
@@ -453,6 +454,23 @@ void addCars(LookOffice &office, std::vector<Entry> &entries)
                        })});
 }
 
+// A file of persons, one of them with a wrong number and one who is there already, as far as that step.
+Show importing(CDlgImport::Step step)
+{
+    return modal([step] {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(u"مشتریان نمایشگاه.csv"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(u"کد شخص,نام,نام خانوادگی,کد ملی,موبایل,معرف\n,علی,رضایی,0499370899,09121110000,دوست\n,زهرا,احمدی شهرستانی,0499370898,0912,\n1,مریم,کریمی,,,\n"_s.toUtf8());
+        file.close();
+        CDlgImport dialog(u"persons"_s);
+        QVERIFY(dialog.openFile(file.fileName()));
+        while (dialog.step() != step)
+            dialog.OnOK();
+        dialog.exec();
+    });
+}
+
 void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
 {
     const int document = office.number(u"SELECT MAX(iNum) FROM Documents"_s);
@@ -467,6 +485,9 @@ void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"person-edit", command(office, persons, u"edit"_s)});
     entries.push_back({"person-show", command(office, persons, u"show"_s)});
     entries.push_back({"person-picker", modal([] { static_cast<void>(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, 0)); })});
+    entries.push_back({"import-file", importing(CDlgImport::File)});
+    entries.push_back({"import-columns", importing(CDlgImport::Columns)});
+    entries.push_back({"import-check", importing(CDlgImport::Check)});
     entries.push_back({"company", window<CDlgAddCompanyProps>()});
     entries.push_back({"office-logo", window<CDlgOfficeLogo>()});
     entries.push_back({"document-new", command(office, documents, u"new"_s)});

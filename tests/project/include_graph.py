@@ -31,6 +31,7 @@ FLOORS = [
     ["suite/accounting/bin"],
     ["suite/accounting/lists"],
     ["suite/accounting/records"],
+    ["suite/accounting/importing"],
     ["suite/accounting/recovery"],
     ["suite/accounting/history"],
     ["suite/accounting/search", "suite/accounting/timeline", "suite/accounting/today"],

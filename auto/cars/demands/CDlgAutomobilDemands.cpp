@@ -13,6 +13,7 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/LeftPlaceholders.h"
 #include "suite/accounting/frame/KErrorText.h"
+#include "suite/accounting/importing/CDlgImport.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/crm/persons/PersonFilter.h"
 #include "suite/db/records/KLookup.h"
@@ -106,6 +107,7 @@ std::vector<KListCommand> CDlgAutomobilDemands::commands()
          u":/icons/delete.svg"_s, Delete},
         {u"archive"_s, u"بايگاني شد"_s, onRow, [this] { archiveDemand(); }, {}, u":/icons/archive.svg"_s, Access, u"AutomobilDemandArchive"_s},
         print,
+        {u"import"_s, u"ورود از فایل"_s, C::HiddenInReadOnly | C::HiddenInSelect, [this] { importFile(); }, {}, u":/icons/table.svg"_s, Write},
         {u"matchingCars"_s, u"خودروهای مناسب"_s, C::NeedsRow | C::StartsGroup,
          [this] { CDlgMatchingCars::Show(list()->currentKey(), this); }, QKeySequence(Qt::CTRL | Qt::Key_M),
          u":/icons/search.svg"_s, Access, u"AutomobilInformations"_s},
@@ -156,6 +158,12 @@ void CDlgAutomobilDemands::resetFilter()
 {
     emptyList();
     KListPage::resetFilter();
+}
+
+void CDlgAutomobilDemands::importFile()
+{
+    if (!isChangeBlocked() && !isSelectMode() && CheckWriteSecurity() && CDlgImport::run(u"demands"_s, window()))
+        refill();
 }
 
 void CDlgAutomobilDemands::addDemand()

@@ -36,6 +36,8 @@ protected:
 
 private:
     void addDemand();
+    // Demands out of a spreadsheet.
+    void importFile();
     void editDemand();
     void showDemand(int key);
     void archiveDemand();

@@ -20,6 +20,7 @@
 #include "auto/editor/NewRecord.h"
 #include "auto/lists/WordCells.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/importing/CDlgImport.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/crm/persons/PersonFilter.h"
@@ -124,6 +125,7 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
         recordCommand(u"prices"_s, u"تاریخچه قیمت"_s, u":/icons/history.svg"_s),
         recordCommand(u"whatIf"_s, u"برآورد معامله"_s, u":/icons/money.svg"_s),
         printCommand(C::StartsGroup),
+        {u"import"_s, u"ورود از فایل"_s, change, [this] { importFile(); }, {}, u":/icons/table.svg"_s, Write},
         {u"catalog"_s, u"نام خودرو"_s, C::StartsGroup, [this] { browseCatalog(); }, {}, u":/icons/car.svg"_s, Access, u"CarsAll"_s},
         {u"inputParameters"_s, u"پارامترهاي ورودي"_s, 0, [this] { editInputParameters(); }, {}, u":/icons/settings.svg"_s, Access, u"InputParameters"_s},
         {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
@@ -208,6 +210,12 @@ int CDlgAutomobilInformations::addPlaceholder()
         car.m_dateCreate = now;
         car.m_iYear = GetShamsiYearOfToday();
     });
+}
+
+void CDlgAutomobilInformations::importFile()
+{
+    if (!isSelectMode() && !isChangeBlocked() && CheckWriteSecurity() && CDlgImport::run(u"cars"_s, window()))
+        refill();
 }
 
 void CDlgAutomobilInformations::addCar()

@@ -54,6 +54,8 @@ protected:
 private:
     void presetFromDemand();
     void addCar();
+    // Cars out of a spreadsheet.
+    void importFile();
     void editCar();
     void showSelected();
     void showCar(int key);

@@ -13,6 +13,8 @@
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/SubjectWords.h"
 #include "suite/accounting/frame/RecordKinds.h"
+#include "suite/accounting/importing/CTblImportMappings.h"
+#include "suite/accounting/importing/CTblImportedFiles.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/invoices/InvoiceValues.h"
@@ -183,6 +185,17 @@ void enterLists()
                            .form = {},
                            .make = RecordSubject::maker<CTblSavedFilters>(),
                            .title = [](KMySQL &record) { return static_cast<const CTblSavedFilters &>(record).m_sName; }});
+    RecordSubjects::enter({.table = u"ImportMappings"_s,
+                           .kind = u"ستون‌های ورود از فایل"_s,
+                           .form = {},
+                           .make = RecordSubject::maker<CTblImportMappings>(),
+                           .title = [](KMySQL &record) { return static_cast<const CTblImportMappings &>(record).m_sName; }});
+    RecordSubjects::enter({.table = u"ImportedFiles"_s,
+                           .kind = u"ورود از فایل"_s,
+                           .form = {},
+                           .make = RecordSubject::maker<CTblImportedFiles>(),
+                           .title = [](KMySQL &record) { return static_cast<const CTblImportedFiles &>(record).m_sFile; },
+                           .caption = captions({{u"sHash"_s, u"اثر انگشت فایل"_s}})});
     // What happens to the data as a whole; there is no row.
     RecordSubjects::enter({.table = u"Exports"_s, .kind = u"خروجی"_s, .form = {}, .make = RecordSubject::maker<CTblProperties>()});
     RecordSubjects::enter({.table = u"Backup"_s, .kind = u"پشتیبان"_s, .form = {}, .make = RecordSubject::maker<CTblProperties>()});

@@ -270,6 +270,9 @@ constexpr const char *papers[] = {
     "CREATE TABLE IF NOT EXISTS ImportMappings (iID INT NOT NULL AUTO_INCREMENT, sKind VARCHAR(50) COLLATE utf8_bin NOT NULL, sName VARCHAR(100) NOT NULL"
     ", sMapping TEXT CHARACTER SET utf8mb4, iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, UNIQUE KEY kindName (sKind,sName)"
     ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS ImportedFiles (iID INT NOT NULL AUTO_INCREMENT, sKind VARCHAR(50) COLLATE utf8_bin NOT NULL, sHash VARCHAR(64) COLLATE utf8_bin NOT NULL"
+    ", sFile VARCHAR(255) DEFAULT NULL, iRows INT DEFAULT 0, iUserID INT DEFAULT 0, dateCreate DATETIME DEFAULT NULL, KEY kindHash (sKind,sHash)"
+    ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
 constexpr Step steps[] = {

@@ -11,9 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString keyOf(Twins::Sort sort, const QString &text)
+QString Twins::keyOf(Sort sort, const QString &text)
 {
     switch (sort) {
     case Twins::Sort::Plate:
@@ -24,8 +22,6 @@ QString keyOf(Twins::Sort sort, const QString &text)
         break;
     }
     return SearchText::folded(text).left(SearchText::longestKey);
-}
-
 }
 
 std::optional<Twin> Twins::of(int kind, qint32 key, int database)

@@ -29,6 +29,8 @@ enum class Sort {
     Telephone
 };
 
+// What the text is compared by; empty: by nothing.
+TZACCOUNTINGDATA_EXPORT QString keyOf(Sort sort, const QString &text);
 // kind: of SearchKinds. column: of the record's table. exceptID: the record that is being entered. The newest of several; nothing for an empty
 // text. Two or three statements, each by a key.
 TZACCOUNTINGDATA_EXPORT std::optional<Twin> find(int kind, const QString &column, Sort sort, const QString &text, qint32 exceptID, int database = 0);

@@ -4,6 +4,7 @@
 #include "suite/crm/persons/CDlgPersons.h"
 
 #include "suite/accounting/books/CDlgAccountDocs.h"
+#include "suite/accounting/importing/CDlgImport.h"
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/persons/PersonSearch.h"
@@ -119,6 +120,7 @@ std::vector<KListCommand> CDlgPersons::commands()
         {.id = u"show"_s, .caption = u"نمايش"_s, .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = u":/icons/show.svg"_s, .needs = Read},
         {.id = u"statement"_s, .caption = u"صورتحساب"_s, .options = KListCommand::NeedsRow, .run = [this] { showStatement(); }, .shortcut = QKeySequence(Qt::Key_F6), .icon = u":/icons/document.svg"_s},
         printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
+        {.id = u"import"_s, .caption = u"ورود از فایل"_s, .options = KListCommand::HiddenInReadOnly | KListCommand::HiddenInSelect, .run = [this] { importFile(); }, .icon = u":/icons/table.svg"_s, .needs = Write},
     };
 }
 
@@ -253,6 +255,12 @@ void CDlgPersons::showPerson()
     const int key = list()->currentKey();
     if (key != 0 && CheckReadSecurity())
         CDlgAddPerson::Show(window(), key);
+}
+
+void CDlgPersons::importFile()
+{
+    if (!isChangeBlocked() && CheckWriteSecurity() && CDlgImport::run(u"persons"_s, window()))
+        refill();
 }
 
 void CDlgPersons::showStatement()

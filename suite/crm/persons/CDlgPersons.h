@@ -38,6 +38,8 @@ public:
     void addPerson();
     void editPerson();
     void showPerson();
+    // Persons out of a spreadsheet.
+    void importFile();
     // What the books say of the selected person.
     void showStatement();
 

@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/accounting/importing/ImportField.h"
+
+#include <memory>
+
+// One look at the database, for the dry run, or for the unit that writes: what rows are compared with is read once, not for each row.
+class TZACCOUNTINGDATA_EXPORT ImportRun
+{
+public:
+    virtual ~ImportRun();
+
+    // Adds what is wrong with the row and its twin, and completes its values: names become keys. In the order of the file.
+    virtual void check(ImportRow &row) = 0;
+    // Once all are checked: what is wrong with the file as a whole; empty: nothing.
+    virtual QString fileProblem(const QList<ImportRow> &rows);
+    // What the user is asked before such a file is taken; empty: nothing.
+    virtual QString question();
+    // Writes a checked row, within the caller's transaction. Throws CMySQLException.
+    virtual void write(const ImportRow &row) = 0;
+    // Behind the last row.
+    virtual void finish() { }
+};
+
+// A kind of record that files are imported of.
+class TZACCOUNTINGDATA_EXPORT ImportKind
+{
+public:
+    virtual ~ImportKind();
+
+    virtual QString id() const = 0;    // plain English; kept with what is remembered of its files
+    virtual QString title() const = 0; // "اشخاص"
+    virtual QString form() const = 0;  // of KSecurity: whose right to add is needed
+    virtual QString table() const = 0; // whose records are the twins
+    virtual QList<ImportField> fields() const = 0;
+    // The names under which nobody else adds or changes such records meanwhile (NamedLock), in the order in which others take them.
+    virtual QStringList locks() const = 0;
+    // Throws CMySQLException.
+    virtual std::unique_ptr<ImportRun> begin(int database) const = 0;
+};
+
+// The kinds that the parts of the program have entered.
+namespace ImportKinds {
+
+// Replaces one of the same id.
+TZACCOUNTINGDATA_EXPORT void enter(std::unique_ptr<ImportKind> kind);
+TZACCOUNTINGDATA_EXPORT void remove(const QString &id);
+// Null when there is none.
+TZACCOUNTINGDATA_EXPORT const ImportKind *of(const QString &id);
+
+}
