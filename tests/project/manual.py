@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-MOST_PICTURES = 30
+MOST_PICTURES = 40
 LARGEST_PICTURE = 200_000
 # What no user meets as a window: bases, and what only opens another window.
 NO_WINDOWS = {"CDlgRecordEditor"}

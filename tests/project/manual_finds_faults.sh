@@ -68,6 +68,6 @@ for number in {1..40}; do
     printf '![](pictures/cars-tab%s.png)\n' "$number" >>"$manual/cars.md"
 done
 expect_status 1 'many pictures' check
-expect_output 'the check' '41 pictures, more than 30'
+expect_output 'the check' '41 pictures, more than 40'
 
 finish
