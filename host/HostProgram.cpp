@@ -401,7 +401,7 @@ void HostProgram::fillDemo()
     if (DemoOffice::isFilled())
         return;
     m_splash.showWaiting(u"ساختن دفتر نمونه"_s);
-    DemoOffice::fill(m_options.demoSize, m_server->folder().clientConfigPath(),
+    DemoOffice::fill(m_options.demoSize, m_options.demoDay, m_server->folder().clientConfigPath(),
                      [this] { m_splash.showWaiting(u"ساختن دفتر نمونه"_s); });
     m_proposedUser = DemoOffice::userName();
     m_clock.reached("demo");

@@ -16,6 +16,7 @@
 #include "host/demo/DemoMoney.h"
 #include "suite/accounting/lists/CTblSavedFilters.h"
 #include "host/demo/DemoStories.h"
+#include "host/demo/DemoYear.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -26,7 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int currentYear = 1405;
 constexpr int fewestPersons = 20;
 constexpr int fewestDemands = 10;
 constexpr int fewestCars = 12;
@@ -36,21 +36,9 @@ constexpr int mostWithMoney = 80; // contracts with receipts, plans and cheques:
 constexpr int carsWithStories = 5;
 constexpr int daysOfTheRegister = 300; // age of the oldest car in it
 
-// Fixed days, so that the office is the same whenever it is created.
-QDate firstDay()
-{
-    return ConvertToMiladi(currentYear - 2, 8, 21);
-}
-QDate lastDay()
-{
-    return ConvertToMiladi(currentYear, 8, 20);
-}
-
-// Services have been sold and bought since the summer, so that the season's tax return has both.
-QDate firstInvoiceDay()
-{
-    return ConvertToMiladi(currentYear, 4, 1);
-}
+constexpr int monthsOfContracts = 24;
+constexpr int daysOfInvoices = 142; // so that the season before this one has sales and purchases
+constexpr int daysOfMoney = 235;
 
 // Settings and invoices are written by the office's own user, who is logged in meanwhile.
 class OfficeUser
@@ -107,7 +95,7 @@ CompanyDetails company()
 // What the office asks its lists for again and again.
 void writeSavedFilters(qint32 userID, const QDate &day, int database)
 {
-    const QString sinceNewYear = ConvertToMiladi(currentYear, 1, 1).toString(Qt::ISODate);
+    const QString sinceNewYear = ConvertToMiladi(GetShamsi(day).year, 1, 1).toString(Qt::ISODate);
     const CTblSavedFilters::Entry ofContracts[] = {
         {0, u"فروش‌های امسال"_s, CTblSavedFilters::shared, u"{\"contractFrom\":\"%1\"}"_s.arg(sinceNewYear)},
         {0, u"کمری‌ها"_s, userID, u"{\"explanation\":\"کمری\"}"_s},
@@ -139,19 +127,20 @@ ContractSettings contractSettings()
 
 namespace DemoData {
 
-void fill(int contracts, int database)
+void fill(int contracts, const QDate &today, int database)
 {
+    // The office has been closed since yesterday evening, and its next day begins.
+    const QDate yesterday = today.addDays(-1);
     KTransaction transaction(database);
     requireEmpty(database);
     DemoRandom random(static_cast<unsigned int>(contracts));
     const DemoContracts::Office office{
         CTblUsers::create(u"demo"_s, u"demo"_s, u"سارا احمدی"_s, true, database),
-        company(), contractSettings(), firstDay(), lastDay()};
+        company(), contractSettings(), addShamsiMonths(yesterday, -monthsOfContracts).addDays(1), yesterday};
     const OfficeUser user(office.userID);
     office.company.write(database);
     office.settings.save(database);
-    GetDBSetting()->SetFiscalYear(currentYear);
-    GetDBSetting()->SetFiscalYearOpeningDate(QDateTime(ConvertToMiladi(currentYear, 1, 1), QTime(0, 0), Qt::UTC));
+    DemoYear::enter(today);
 
     const int persons = qMax(fewestPersons, contracts * 2 / 3);
     const QList<DemoPersons::Person> people = DemoPersons::write(persons, random, database);
@@ -163,12 +152,13 @@ void fill(int contracts, int database)
     DemoCarContracts::write(database);
     writeSavedFilters(office.userID, office.lastDay, database);
     DemoDemands(office.userID, office.lastDay, catalog, people, random).write(qMax(fewestDemands, contracts / 5), database);
-    DemoInvoices(firstInvoiceDay(), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
+    DemoInvoices(yesterday.addDays(-daysOfInvoices), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
                  database)
         .write(qBound(fewestSales, contracts / 10, mostSales));
     ContractReceiptOwner::enter();
-    DemoMoney(ConvertToMiladi(currentYear, 1, 1), office.lastDay, random).write(mostWithMoney);
-    DemoStories::write(carsWithStories, office.userID, office.lastDay, database);
+    DemoMoney(yesterday.addDays(-daysOfMoney), today, random).write(mostWithMoney);
+    DemoYear::enter(today);
+    DemoStories::write(carsWithStories, office.userID, today, database);
     CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
 }

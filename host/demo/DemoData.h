@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <QDate>
+
 // Fills a database that has the schema but no data with a demo office: company, settings, a user "demo" with the
 // password "demo", persons, contracts over two years with their documents, the car catalog, input parameters and tariffs, and
 // a car of the register for every third contract.
@@ -11,8 +13,9 @@ namespace DemoData {
 // The largest useful number of contracts.
 inline constexpr int largest = 1000000;
 
-// All or nothing, in one transaction. The same contents for the same number of contracts, but for the password's salt.
+// All or nothing, in one transaction. Today its day begins: contracts reach to the evening before, and what is due is due around it. The
+// same contents for the same number of contracts and the same day, but for the passwords' salt.
 // Throws CMySQLException; KAccountingError when the database holds users, persons or contracts already.
-void fill(int contracts, int database = 0);
+void fill(int contracts, const QDate &today = QDate::currentDate(), int database = 0);
 
 }

@@ -3,6 +3,7 @@
 
 #include "host/demo/DemoInvoices.h"
 
+#include "host/demo/DemoYear.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/invoices/CTblFactors.h"
 #include "suite/accounting/invoices/CTblServices.h"
@@ -95,6 +96,7 @@ void DemoInvoices::write(int sales)
         Invoice invoice = makeInvoice(isPurchase ? CTblFactors::purchase : CTblFactors::sale, isPurchase ? bought : sold,
                                       m_firstDay.addDays(days * written / all));
         invoice.returned = written == 5;
+        DemoYear::enter(invoice.date.date());
         const int num = InvoicePosting::save(invoice, m_database).num;
         if (written == 7)
             InvoicePosting::makeVoid(num, m_database);

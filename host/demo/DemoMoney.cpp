@@ -7,6 +7,7 @@
 #include "auto/contracts/receipts/ContractDues.h"
 #include "auto/contracts/receipts/ContractReceipts.h"
 #include "host/demo/DemoTimes.h"
+#include "host/demo/DemoYear.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/treasury/cheques/ChequeChanging.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -68,6 +69,7 @@ QDate DemoMoney::soonAfter(const QDate &day, int days)
 
 ReceiptPosting::Handover DemoMoney::handover(int personID, const QDate &day)
 {
+    DemoYear::enter(day);
     ReceiptPosting::Handover handover{.personID = personID, .date = midnight(day)};
     const int draw = m_random.below(100);
     handover.method = draw < 45 ? CTblReceipts::cash : draw < 75 ? CTblReceipts::card
@@ -105,6 +107,7 @@ void DemoMoney::writePlan(const CTblAutomobilContracts &contract)
     terms.count = instalmentsOfASale;
     terms.interval = 1;
     terms.start = contract.m_dateContract.date();
+    DemoYear::enter(terms.start);
     if (problemOf(terms) == InstalmentProblem::None)
         StoredInstalments::save({contract.m_iID, contract.m_iCode, contract.m_iPersonSecondID}, {}, terms, instalmentPlan(terms));
 }
@@ -119,6 +122,7 @@ void DemoMoney::writeCheques(const CTblAutomobilContracts &contract)
         const double amount = number + 1 < count ? each : contract.m_dAgreeAmount - each * (count - 1);
         const QDate day = contract.m_dateContract.date();
         const QDate due = addShamsiMonths(day, number + 1);
+        DemoYear::enter(day);
         ReceiptPosting::Handover handover{.personID = contract.m_iPersonSecondID, .date = midnight(day), .method = CTblReceipts::cheque};
         handover.cheque = Cheque{.sayad = QString::number(6'011'000'000'000'000 + 7919 * ++m_cheques),
                                  .number = QString::number(firstNumber + number),
@@ -143,6 +147,7 @@ void DemoMoney::sendOn(int chequeID, const QDate &due)
     if (due > m_today)
         return;
     const auto change = [chequeID](ChequeState to, const QDate &day) {
+        DemoYear::enter(day);
         ChequeChanging::change({.seen = ChequeChanging::seen(chequeID), .to = to, .date = midnight(day), .account = Accounts::bank});
     };
     change(ChequeState::Deposited, due);

@@ -16,7 +16,7 @@
 class DemoMoney
 {
 public:
-    // Days of the current fiscal year; today is the last of them.
+    // Today is the last of the days.
     DemoMoney(const QDate &firstDay, const QDate &today, DemoRandom &random);
 
     // For so many contracts at most. Belongs inside a transaction.

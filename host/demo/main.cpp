@@ -42,12 +42,19 @@ int main(int argc, char **argv)
     parser.addOptions({{u"client-config"_s, u"options file that tells how to reach the database"_s,
                         u"FILE"_s},
                        {u"contracts"_s, u"number of contracts"_s, u"N"_s,
-                        u"300"_s}});
+                        u"300"_s},
+                       {u"day"_s, u"day that is today in the office, such as 2026-11-23; the computer's today otherwise"_s,
+                        u"DAY"_s}});
     parser.addHelpOption();
     parser.process(application);
 
     const auto settings = ClientConfig::read(parser.value(u"client-config"_s));
     const int contracts = parser.value(u"contracts"_s).toInt();
+    const QDate day = parser.isSet(u"day"_s) ? QDate::fromString(parser.value(u"day"_s), Qt::ISODate) : QDate::currentDate();
+    if (!day.isValid() || day > QDate::currentDate()) {
+        std::fputs("tz-demo-data: --day takes a day that has begun, such as 2026-11-23\n", stderr);
+        return exitWrongOptions;
+    }
     if (!settings || contracts < 1 || contracts > DemoData::largest) {
         std::fputs(settings ? "tz-demo-data: --contracts takes a number from 1\n"
                             : "tz-demo-data: --client-config names no file that can be read\n",
@@ -56,7 +63,7 @@ int main(int argc, char **argv)
     }
     KConnection::configure(0, *settings);
     try {
-        DemoData::fill(contracts);
+        DemoData::fill(contracts, day);
         makeSearchable();
     } catch (...) {
         const std::exception_ptr error = std::current_exception();

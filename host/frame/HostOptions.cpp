@@ -40,6 +40,8 @@ const QList<Option> &shownOptions()
          u"باز کردن دفتر نمونه؛ کاربر demo و کلمه عبور demo"_s},
         {"demo-size", "N", u"contracts of a new demo office (300)"_s,
          u"شمار قراردادهای دفتر نمونه تازه (300)"_s},
+        {"demo-day", "DAY", u"day that is today in a new demo office, such as 2026-11-23"_s,
+         u"روزی که در دفتر نمونه تازه امروز است، مانند 2026-11-23"_s},
         {"module-dir", "DIR", u"folder of the dealership module"_s,
          u"پوشه افزونه گالری اتومبیل"_s},
         {"backup", "FILE", u"take a backup into this file, or under a name of its own into this folder, and end"_s,
@@ -162,8 +164,10 @@ Problem contradiction(const QCommandLineParser &parser, const HostOptions &optio
         return {u"--connect needs --user."_s, u"--connect به --user نیاز دارد."_s};
     if (!options.tls && !options.caFile.isEmpty())
         return {u"--ca needs --tls."_s, u"--ca همراه --tls معنا دارد."_s};
-    if (!options.demo && parser.isSet(u"demo-size"_s))
-        return {u"--demo-size needs --demo."_s, u"--demo-size همراه --demo معنا دارد."_s};
+    for (const QString &ofDemo : {u"demo-size"_s, u"demo-day"_s}) {
+        if (!options.demo && parser.isSet(ofDemo))
+            return {u"--%1 needs --demo."_s.arg(ofDemo), u"--%1 همراه --demo معنا دارد."_s.arg(ofDemo)};
+    }
     if (parser.isSet(u"manual-pdf"_s) && options.manualPdf.isEmpty())
         return {u"--manual-pdf needs the name of a file."_s, u"--manual-pdf به نام پرونده نیاز دارد."_s};
     return contradictionOfBackups(parser, options);
@@ -211,6 +215,11 @@ Problem firstProblem(const QCommandLineParser &parser, HostOptions &options)
         if (!isNumber || options.demoSize < 1 || options.demoSize > HostOptions::largestDemo)
             return {u"--demo-size takes a number from 1 to %1."_s.arg(HostOptions::largestDemo),
                     u"--demo-size باید عددی از 1 تا %1 باشد."_s.arg(HostOptions::largestDemo)};
+    }
+    if (parser.isSet(u"demo-day"_s)) {
+        options.demoDay = QDate::fromString(parser.value(u"demo-day"_s), Qt::ISODate);
+        if (!options.demoDay.isValid() || options.demoDay > QDate::currentDate())
+            return {u"--demo-day takes a day that has begun, such as 2026-11-23."_s, u"--demo-day باید روزی باشد که آغاز شده است، مانند 2026-11-23."_s};
     }
     return contradiction(parser, options);
 }

@@ -28,6 +28,7 @@ struct HostOptions
 
     bool demo = false;
     int demoSize = 300; // contracts
+    QDate demoDay;      // today in a new demo office; invalid: the computer's
 
     // What is done with backups instead of opening the office. One of these is set at most.
     QString backupFile; // a file that is to be, or the folder for one

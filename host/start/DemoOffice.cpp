@@ -24,12 +24,14 @@ bool isFilled()
     return CTblProperties::DBReadSettingInt(u"Demo"_s, u"iContracts"_s, 0) > 0;
 }
 
-void fill(int contracts, const QString &clientConfig, const std::function<void()> &waiting)
+void fill(int contracts, const QDate &day, const QString &clientConfig, const std::function<void()> &waiting)
 {
     QProcess filler;
     filler.setProcessChannelMode(QProcess::ForwardedOutputChannel);
-    filler.start(QCoreApplication::applicationDirPath() + u"/tz-demo-data"_s,
-                 {u"--client-config"_s, clientConfig, u"--contracts"_s, QString::number(contracts)});
+    QStringList arguments{u"--client-config"_s, clientConfig, u"--contracts"_s, QString::number(contracts)};
+    if (day.isValid())
+        arguments.append({u"--day"_s, day.toString(Qt::ISODate)});
+    filler.start(QCoreApplication::applicationDirPath() + u"/tz-demo-data"_s, arguments);
     while (filler.state() != QProcess::NotRunning) {
         if (!filler.waitForFinished(100))
             waiting();

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 #include <functional>
@@ -15,7 +16,8 @@ bool isFilled();
 // Fills database 0 with that many contracts and what they need. A separate program does this, because it applies the
 // module's rules, which the host does not link; it takes the connection's settings from the client configuration. waiting
 // is called about ten times a second. Throws KAccountingError when it fails.
-void fill(int contracts, const QString &clientConfig, const std::function<void()> &waiting);
+// day: that which is today in the office; invalid: the computer's.
+void fill(int contracts, const QDate &day, const QString &clientConfig, const std::function<void()> &waiting);
 
 // Its user; the password is the same word.
 QString userName();

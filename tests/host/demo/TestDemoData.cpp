@@ -59,6 +59,8 @@ private Q_SLOTS:
     void userCanLogIn();
     void editorContinuesTheCodes();
     void aDatabaseWithDataIsLeftAlone();
+    void itsDaysReachToToday_data();
+    void itsDaysReachToToday();
 
 private:
     void fill(int contracts);
@@ -76,7 +78,7 @@ void TestDemoData::initTestCase()
 void TestDemoData::fill(int contracts)
 {
     prepareModuleTables(m_database);
-    DemoData::fill(contracts);
+    DemoData::fill(contracts, ConvertToMiladi(1405, 8, 21));
 }
 
 QString TestDemoData::checksum()
@@ -360,6 +362,41 @@ void TestDemoData::aDatabaseWithDataIsLeftAlone()
     const QString before = checksum();
     QVERIFY_THROWS_EXCEPTION(KAccountingError, DemoData::fill(10));
     QCOMPARE(checksum(), before);
+}
+
+void TestDemoData::itsDaysReachToToday_data()
+{
+    QTest::addColumn<QDate>("today");
+    QTest::newRow("the year's first day") << ConvertToMiladi(1405, 1, 1);
+    QTest::newRow("spring") << ConvertToMiladi(1405, 2, 10);
+    QTest::newRow("a leap year's last day") << ConvertToMiladi(1403, 12, 30);
+    QTest::newRow("the computer's") << QDate::currentDate();
+}
+
+// Whenever it is made, the office has what a day's work shows, and its books agree.
+void TestDemoData::itsDaysReachToToday()
+{
+    QFETCH(QDate, today);
+    prepareModuleTables(m_database);
+    DemoData::fill(300, today);
+    const QString day = u'\'' + today.toString(Qt::ISODate) + u'\'';
+    QCOMPARE(GetDBSetting()->FiscalYear(), GetShamsi(today).year);
+    QCOMPARE(m_database.value(u"SELECT DATEDIFF(%1,MAX(dateContract)) FROM AutomobilContracts"_s.arg(day)), u"1"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Documents WHERE date>%1"_s.arg(day)), u"0"_s);
+    for (const QString &rows : {u"Receipts WHERE iStatus=0 AND date>%1-INTERVAL 40 DAY"_s, u"Receipts WHERE iStatus=1"_s, u"Receipts WHERE iStatus=2"_s, u"Cheques WHERE iState=0"_s,
+                                u"Cheques WHERE iState=2"_s, u"Cheques WHERE iState=3"_s, u"AutomobilPayments WHERE iStatus=1"_s,
+                                u"AutomobilPayments WHERE iStatus=0 AND date<%1"_s, u"Factors WHERE iType=7 AND date>%1-INTERVAL 30 DAY"_s}) {
+        const QString statement = u"SELECT COUNT(*) FROM "_s + (rows.contains(u'%') ? rows.arg(day) : rows);
+        QVERIFY2(m_database.value(statement).toInt() > 0, qPrintable(rows));
+    }
+    for (const int kind : {Accounts::documentKindContract, Accounts::documentKindReceipt, Accounts::documentKindCheque}) {
+        const QStringList agreed = m_database.value(booksAgree(kind)).split(u'/');
+        QVERIFY(agreed.constFirst().toInt() > 0);
+        QCOMPARE(agreed.mid(1), (QStringList{u"0"_s, u"0"_s}));
+    }
+    CTblDocuments documents;
+    for (documents.Open(true, true, true); !documents.IsEOF(); documents.MoveNext())
+        QCOMPARE(documents.m_iFiscalYear, GetShamsi(documents.m_date.date()).year);
 }
 
 static const RegisteredTest<TestDemoData, QCoreApplication> registeredDemoData;

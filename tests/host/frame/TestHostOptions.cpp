@@ -97,6 +97,7 @@ void TestHostOptions::allValuesAreTaken()
     QCOMPARE(office.dataDir, u"/tmp/a"_s);
     QCOMPARE(office.moduleDir, u"/tmp/b"_s);
 
+    QCOMPARE(parse(u"--demo --demo-day 2026-03-21"_s).demoDay, QDate(2026, 3, 21));
     const HostOptions demo = parse(u"--demo --demo-size 10000 --quit-after-login-shown"_s);
     QCOMPARE(demo.error, QString());
     QVERIFY(demo.demo);
@@ -146,6 +147,12 @@ void TestHostOptions::refused_data()
                                               << "--demo";
     QTest::newRow("size without demo") << "--demo-size 5"
                                        << "--demo";
+    QTest::newRow("day without demo") << "--demo-day 2026-11-12"
+                                      << "--demo";
+    QTest::newRow("day that is none") << "--demo --demo-day 2026-13-01"
+                                      << "--demo-day";
+    QTest::newRow("day to come") << "--demo --demo-day 2999-01-01"
+                                 << "has begun";
     QTest::newRow("size 0") << "--demo --demo-size 0"
                             << "1000000";
     QTest::newRow("size is no number") << "--demo --demo-size many"
@@ -182,7 +189,7 @@ void TestHostOptions::helpNamesEveryOptionInBothLanguages()
     for (const bool persian : {false, true}) {
         const QString help = HostOptions::helpText(persian);
         for (const char *option : {"--data-dir DIR", "--connect HOST[:PORT][,HOST[:PORT]...]/DATABASE", "--user NAME", "--password-file FILE",
-                                   "--tls", "--ca FILE", "--demo", "--demo-size N", "--module-dir DIR", "--help", "--version"})
+                                   "--tls", "--ca FILE", "--demo", "--demo-size N", "--demo-day DAY", "--module-dir DIR", "--help", "--version"})
             QVERIFY2(help.contains(QString::fromLatin1(option)), option);
         QVERIFY(!help.contains(u"quit-after-login-shown"_s));
     }
