@@ -4,7 +4,7 @@
 #include "host/administration/CDlgUserRights.h"
 
 #include "host/administration/RightsGridModel.h"
-#include "host/administration/RightsRoles.h"
+#include "suite/accounting/office/RightsRoles.h"
 #include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KMessageDialog.h"

@@ -16,6 +16,7 @@
 #include "host/demo/DemoMoney.h"
 #include "suite/accounting/lists/CTblSavedFilters.h"
 #include "host/demo/DemoStories.h"
+#include "host/demo/DemoToday.h"
 #include "host/demo/DemoYear.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
@@ -159,6 +160,7 @@ void fill(int contracts, const QDate &today, int database)
     DemoMoney(yesterday.addDays(-daysOfMoney), today, random).write(mostWithMoney);
     DemoYear::enter(today);
     DemoStories::write(carsWithStories, office.userID, today, database);
+    DemoToday::write(office.userID, today, database);
     CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
 }

@@ -6,7 +6,7 @@
 #include <QDate>
 
 // Fills a database that has the schema but no data with a demo office: company, settings, a user "demo" with the
-// password "demo", persons, contracts over two years with their documents, the car catalog, input parameters and tariffs, and
+// password "demo" and three colleagues, persons, contracts over two years with their documents, the car catalog, input parameters and tariffs, and
 // a car of the register for every third contract.
 namespace DemoData {
 

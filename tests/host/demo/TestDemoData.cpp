@@ -17,6 +17,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/NationalCode.h"
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void userCanLogIn();
     void editorContinuesTheCodes();
     void aDatabaseWithDataIsLeftAlone();
+    void somethingWaitsForItsPeople();
     void itsDaysReachToToday_data();
     void itsDaysReachToToday();
 
@@ -362,6 +364,42 @@ void TestDemoData::aDatabaseWithDataIsLeftAlone()
     const QString before = checksum();
     QVERIFY_THROWS_EXCEPTION(KAccountingError, DemoData::fill(10));
     QCOMPARE(checksum(), before);
+}
+
+// Each list and card of the first page has rows, and the people have the rights of their roles.
+void TestDemoData::somethingWaitsForItsPeople()
+{
+    fill(300);
+    const QString day = u"'"_s + ConvertToMiladi(1405, 8, 21).toString(Qt::ISODate) + u'\'';
+    const std::pair<const char *, const char *> wanted[] = {
+        {"SELECT COUNT(*) FROM Users", "4"},
+        {"SELECT COUNT(*)>0 FROM AutomobilContracts WHERE iUserID<>1", "1"},
+        {"SELECT COUNT(*) FROM Alarms WHERE DATE(date)=%1", "3"},
+        {"SELECT COUNT(*) FROM Alarms WHERE date>%1+INTERVAL 1 DAY", "3"},
+        {"SELECT GROUP_CONCAT(DATEDIFF(datePromised,%1) ORDER BY datePromised) FROM FollowUps f JOIN AutomobilPayments p ON p.iID=f.iPaymentID "
+         "AND p.iAutomobilContractID=f.iRecordID AND p.iStatus=0 AND p.date<%1 WHERE f.iKind=0",
+         "-1,0,3"},
+        {"SELECT COUNT(*) FROM AutomobilInformations WHERE bSold=0 AND DATEDIFF(dateInsurance,%1) IN (-4,5,14) AND sInsuranceStatus LIKE '%تا 14%'", "3"},
+        {"SELECT COUNT(*)>=8 FROM CustomFieldRecords WHERE sValue<>''", "1"},
+        {"SELECT COUNT(*) FROM FileDocs WHERE LENGTH(oData)>50", "8"},
+    };
+    for (const auto &[statement, answer] : wanted)
+        QCOMPARE(m_database.value(QString::fromUtf8(statement).replace(u"%1"_s, day)), QLatin1String(answer));
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Persons WHERE dateBirth IS NOT NULL AND iID>198"_s), u"2"_s);
+    const int yesterdays = m_database.value(u"SELECT MAX(iID) FROM AutomobilInformations WHERE bSold=0 AND iStatus=0 AND iArchiveUserID=0"_s).toInt();
+    int asked = 0;
+    CTblAutomobilDemands demand;
+    for (demand.Open(true, true, true); !demand.IsEOF(); demand.MoveNext()) {
+        for (const auto &match : MatchingCars::of(demand.m_iID)->cars)
+            asked += match.id == yesterdays ? 1 : 0;
+    }
+    QVERIFY2(asked >= 2, qPrintable(QString::number(asked)));
+    const std::optional<int> cashier = CTblUsers::verify(u"sandogh"_s, u"sandogh"_s);
+    QVERIFY(cashier);
+    GetDBSetting()->Login(*cashier);
+    QVERIFY(KSecurity::IsGranted(u"Receipts"_s, KSecurity::Write));
+    QVERIFY(!KSecurity::IsGranted(u"Users"_s, KSecurity::Access));
+    GetDBSetting()->Logout();
 }
 
 void TestDemoData::itsDaysReachToToday_data()

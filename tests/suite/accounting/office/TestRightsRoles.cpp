@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "host/administration/RightsRoles.h"
+#include "suite/accounting/office/RightsRoles.h"
 
 #include "suite/accounting/office/KSecurity.h"
 #include "tests/support/RegisteredTest.h"

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "suite/accounting/TzAccountingDataExport.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -12,8 +14,8 @@
 namespace RightsRoles {
 
 // In the order in which they are offered.
-QStringList names();
+TZACCOUNTINGDATA_EXPORT QStringList names();
 // Bits of KSecurity::Right for each form of KSecurity::forms(); empty for a name that is no role.
-QHash<QString, int> rightsOf(const QString &role);
+TZACCOUNTINGDATA_EXPORT QHash<QString, int> rightsOf(const QString &role);
 
 }
