@@ -5,6 +5,7 @@
 
 #include "suite/db/connection/KServerAddress.h"
 
+#include <QDate>
 #include <QList>
 #include <QString>
 #include <QStringList>
