@@ -42,12 +42,11 @@ struct Waiting
     int days;
     int hour;
     QStringView text;
-    bool repeats = false;
 };
 
 constexpr Waiting reminders[] = {
     {0, 0, u"تماس با خریدار برای تعیین وقت محضر"},
-    {0, 0, u"بردن چک‌های سررسید به بانک", true},
+    {0, 0, u"بردن چک‌های سررسید به بانک"},
     {0, 23, u"تحویل سند خودروی فروخته‌شده"},
     {1, 10, u"آگهی خودروهای تازه در روزنامه"},
     {3, 11, u"تمدید بیمه خودروهای نمایشگاه"},
@@ -104,7 +103,8 @@ void writeReminders(int user, const QDate &today, int database)
         alarm.m_iUserID = user;
         alarm.m_date = QDateTime(today.addDays(waiting.days), QTime(waiting.hour, waiting.hour == 0 ? 5 : 30), Qt::UTC);
         alarm.m_sDesc = waiting.text.toString();
-        alarm.m_bRepeat = waiting.repeats ? 1 : 0;
+        // The first page has them; a window of them would stand before all else at the first login.
+        alarm.m_dateTold = alarm.m_date;
         alarm.Update(true);
     }
 }
