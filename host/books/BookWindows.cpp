@@ -12,6 +12,7 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/InvoicePaper.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/records/RecordWindows.h"
@@ -80,6 +81,7 @@ void BookWindows::enter()
                           .icon = u":/icons/receipt.svg"_s,
                           .open = &openInvoice,
                           .list = &showBookList<CDlgFactors>,
-                          .actions = {{.id = u"document"_s, .text = u"نمایش سند"_s, .icon = u":/icons/document.svg"_s, .form = u"Documents"_s, .run = &showInvoiceDocument},
+                          .actions = {{.id = u"print"_s, .text = u"چاپ فاکتور"_s, .icon = u":/icons/print.svg"_s, .form = u"Factors"_s, .right = KSecurity::PrintList, .run = &InvoicePaper::show},
+                                      {.id = u"document"_s, .text = u"نمایش سند"_s, .icon = u":/icons/document.svg"_s, .form = u"Documents"_s, .run = &showInvoiceDocument},
                                       {.id = u"statement"_s, .text = u"صورتحساب"_s, .icon = u":/icons/table.svg"_s, .form = u"Documents"_s, .run = &showInvoiceStatement}}});
 }

@@ -4,6 +4,8 @@
 #include "host/books/CDlgAddFactor.h"
 
 #include "suite/accounting/changes/HistoryButton.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/accounting/invoices/InvoicePaper.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/invoices/CTblFactors.h"
@@ -123,6 +125,12 @@ void CDlgAddFactor::build()
     placeFigures(page->addForm());
     setContent(page, m_showOnly ? createButtons(QString(), u"بازگشت"_s) : createButtons());
     fillFooter();
+    if (m_showOnly) {
+        // While it can be changed the paper would say something else than the window.
+        QPushButton *print = addButton(footer(), u"چاپ فاکتور"_s, u":/icons/print.svg"_s);
+        print->setShortcut(QKeySequence::Print);
+        connect(print, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { InvoicePaper::show(m_num, this); }); });
+    }
     HistoryButton::addTo(this, footer(), CTblFactors().GetTableName(), m_num);
 }
 

@@ -7,6 +7,7 @@
 #include "host/books/DocumentFilter.h"
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
+#include "suite/accounting/books/DocumentPaper.h"
 #include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/frame/SuiteMessages.h"
@@ -81,7 +82,8 @@ std::vector<KListCommand> CDlgDocuments::commands()
          u":/icons/edit.svg"_s, Modify},
         {u"delete"_s, u"حذف"_s, onRow, [this] { deleteDocument(); }, QKeySequence(Qt::Key_Delete),
          u":/icons/delete.svg"_s, Delete},
-        printCommand(C::StartsGroup),
+        {u"printDocument"_s, u"چاپ سند"_s, C::NeedsRow | C::StartsGroup, [this] { printDocument(); }, {}, u":/icons/print.svg"_s, PrintList},
+        printCommand(),
         {u"import"_s, u"ورود از فایل"_s, C::HiddenInReadOnly, [this] { importOpening(); }, {}, u":/icons/table.svg"_s, Write},
     };
 }
@@ -199,6 +201,12 @@ void CDlgDocuments::editDocument()
     refill();
     selectDocument(num, fiscalYear);
     m_rows->showDocument(num, fiscalYear);
+}
+
+void CDlgDocuments::printDocument()
+{
+    const auto [fiscalYear, num] = currentDocument();
+    DocumentPaper::show(num, fiscalYear, this);
 }
 
 void CDlgDocuments::deleteDocument()

@@ -39,6 +39,7 @@ private:
     // The balances that the year begins with, out of a spreadsheet.
     void importOpening();
     void editDocument();
+    void printDocument();
     void deleteDocument();
     void selectDocument(int num, int fiscalYear);
     // The selected row's; number 0 when none is selected.

@@ -7,6 +7,7 @@
 #include "host/books/InvoiceFilter.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
 #include "suite/accounting/invoices/CTblFactors.h"
+#include "suite/accounting/invoices/InvoicePaper.h"
 #include "suite/accounting/invoices/InvoicePosting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/crm/persons/PersonFilter.h"
@@ -96,7 +97,8 @@ std::vector<KListCommand> CDlgFactors::commands()
          u":/icons/delete.svg"_s, Delete},
         {u"show"_s, u"نمایش"_s, C::NeedsRow, [this] { showInvoice(); }, {}, u":/icons/show.svg"_s, Read},
         {u"showDocument"_s, u"نمایش سند"_s, C::NeedsRow | C::StartsGroup, [this] { showDocument(); }, {}, u":/icons/document.svg"_s, Read, u"Documents"_s},
-        printCommand(C::StartsGroup),
+        {u"printInvoice"_s, u"چاپ فاکتور"_s, C::NeedsRow | C::StartsGroup, [this] { InvoicePaper::show(list()->currentKey(), this); }, {}, u":/icons/print.svg"_s, PrintList},
+        printCommand(),
     };
 }
 

@@ -84,7 +84,8 @@
 #include "suite/treasury/followups/CDlgFollowUp.h"
 #include "suite/treasury/followups/CDlgNote.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/accounting/papers/CDlgPaper.h"
+#include "suite/treasury/receiving/ReceiptSheet.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
@@ -347,7 +348,7 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"receipt-cheque", window<CDlgCashFromPerson>(CDlgCashFromPerson::Start{.method = CTblReceipts::cheque})});
     const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());
     entries.push_back({"receipt-show", window<CDlgShowReceipt>(voided)});
-    entries.push_back({"receipt-paper", window<CDlgReceiptPaper>(QList<ReceiptDetails>{voided, voided})});
+    entries.push_back({"paper", window<CDlgPaper>(QList<PaperSheet>{ReceiptSheet::of(voided, {}, u"ریال"_s), ReceiptSheet::of(voided, {}, u"ریال"_s)})});
     entries.push_back({"receipt-void", modal([] {
                            const QString text = u"دریافت شماره 137 به مبلغ 987,654,321,000 ریال (سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری) باطل می‌شود."_s;
                            CDlgVoiding::run(

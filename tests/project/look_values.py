@@ -37,7 +37,10 @@ VALUES = {
 ALLOWED = {
     "suite/utility/look/": ({"colour", "size of a font"}, "the tables themselves"),
     "suite/accounting/reports/ReportPainter.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
-    "suite/treasury/receiving/ReceiptPaper.cpp": ({"colour", "size of a font"}, "paints paper, which is white under every look"),
+    "suite/accounting/papers/QrCode.cpp": ({"colour"}, "paints paper, which is white under every look"),
+    "suite/accounting/papers/SheetFlow.cpp": ({"colour"}, "paints paper, which is white under every look"),
+    "suite/accounting/papers/SheetText.cpp": ({"size of a font"}, "paints paper, which is white under every look"),
+    "suite/accounting/papers/SheetText.h": ({"colour"}, "paints paper, which is white under every look"),
     "suite/accounting/reports/KWndReportGen.cpp": ({"colour"}, "shows the sheet of paper"),
     "suite/image/PictureIntake.cpp": ({"colour"}, "reads the pixels of a picture"),
     "suite/image/Thumbnails.cpp": ({"colour"}, "is kept on white under every look"),

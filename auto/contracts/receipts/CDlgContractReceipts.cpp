@@ -14,7 +14,7 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/db/records/KLookup.h"
 #include "suite/treasury/receipts/VoidingTogether.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptPaper.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -227,7 +227,7 @@ void CDlgContractReceipts::print()
 void CDlgContractReceipts::printSelected()
 {
     if (const ContractReceipts::Entry *entry = selected(); entry && entry->receiptID != 0)
-        CDlgReceiptPaper::show({entry->receiptID}, this);
+        ReceiptPaper::show({entry->receiptID}, this);
 }
 
 void CDlgContractReceipts::refill()

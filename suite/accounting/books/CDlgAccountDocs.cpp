@@ -4,12 +4,16 @@
 #include "suite/accounting/books/CDlgAccountDocs.h"
 
 #include "suite/accounting/books/DocumentRowsPane.h"
+#include "suite/accounting/books/DocumentSheet.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/papers/CDlgPaper.h"
 #include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -168,9 +172,22 @@ void CDlgAccountDocs::build()
     pageColumn->addWidget(buildFilter());
     pageColumn->addWidget(cards, 1);
     setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    if (m_scope.isPerson()) {
+        QPushButton *paper = addButton(footer(), u"برگه صورتحساب"_s, u":/icons/document.svg"_s);
+        connect(paper, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { showPaper(); }); });
+    }
     QPushButton *printButton = addButton(footer(), u"چاپ"_s, u":/icons/print.svg"_s);
     connect(printButton, &QPushButton::clicked, this, &CDlgAccountDocs::print);
     connect(new QShortcut(QKeySequence(QKeySequence::Print), this), &QShortcut::activated, printButton, &QPushButton::click);
+}
+
+// As the list stands: of the days that it was read for.
+void CDlgAccountDocs::showPaper()
+{
+    const auto make = [this] {
+        return QList<PaperSheet>{DocumentSheet::statement(AccountLedger::person(m_scope.personID), m_sheet, m_shownFrom, m_shownTo, GetDBSetting()->GetDBServerDate().date(), OfficeSettings::read().moneyUnitName())};
+    };
+    CDlgPaper::run(securityOf(m_scope, KSecurity::PrintList).FormName(), KSecurity::PrintList, make, {}, this);
 }
 
 void CDlgAccountDocs::refill()
@@ -182,6 +199,8 @@ void CDlgAccountDocs::refill()
     }
     const KWaitCursor wait;
     m_sheet = AccountLedger::read(m_scope, m_from->dateTime(), m_to->dateTime());
+    m_shownFrom = m_from->date();
+    m_shownTo = m_to->date();
     QVector<KListModel::Row> rows;
     rows.reserve(m_sheet.rows.size() + 2);
     if (!m_sheet.before.isBalanced())

@@ -49,9 +49,12 @@ private:
     QString totals(int number) const;
     void sayWhyEmpty();
     void showDocument(int key);
+    void showPaper();
 
     const AccountLedger::Scope m_scope;
     AccountLedger::Sheet m_sheet;
+    QDate m_shownFrom; // that it was read for
+    QDate m_shownTo;
     KDateEdit *m_from;
     KDateEdit *m_to;
     KExtListCtrl *m_list;

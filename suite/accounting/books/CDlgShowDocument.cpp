@@ -5,8 +5,10 @@
 
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/DocumentKinds.h"
+#include "suite/accounting/books/DocumentPaper.h"
 #include "suite/accounting/books/DocumentRowsPane.h"
 #include "suite/accounting/changes/HistoryButton.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/frame/CardPage.h"
@@ -17,6 +19,7 @@
 
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +52,9 @@ CDlgShowDocument::CDlgShowDocument(int num, int fiscalYear, QWidget *parent)
     page->cards()->addCard(head);
     page->cards()->addCard(m_rows, true);
     setContent(page, createButtons(QString(), u"بازگشت"_s), Content::Fills);
+    QPushButton *print = addButton(footer(), u"چاپ سند"_s, u":/icons/print.svg"_s);
+    print->setShortcut(QKeySequence::Print);
+    connect(print, &QPushButton::clicked, this, [this, num, fiscalYear] { KErrorBoundary::guarded(this, [&] { DocumentPaper::show(num, fiscalYear, this); }); });
     HistoryButton::addTo(this, footer(), document.GetTableName(), document.m_iID);
     resize(LookSizes::scaled(860), LookSizes::scaled(420));
     m_rows->list()->selectRow(0);

@@ -9,6 +9,7 @@
 #include "suite/accounting/timeline/CDlgStory.h"
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/crm/persons/CDlgPersons.h"
+#include "suite/crm/persons/OfficeLetterhead.h"
 #include "suite/crm/reminders/CDlgAddAlarm.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
 
@@ -42,6 +43,7 @@ void showReminders(const KListRequest &request)
 
 void CrmWindows::enter()
 {
+    Letterhead::setSource(&OfficeLetterhead::read);
     // Everybody may see to their own.
     RecordWindows::enter({.table = u"Alarms"_s,
                           .icon = u":/icons/reminder.svg"_s,

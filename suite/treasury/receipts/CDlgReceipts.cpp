@@ -9,7 +9,7 @@
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/crm/persons/PersonFilter.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptPaper.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/treasury/receiving/ReceiptDetails.h"
@@ -195,7 +195,7 @@ void CDlgReceipts::showReceipt()
 
 void CDlgReceipts::printReceipt()
 {
-    CDlgReceiptPaper::show({list()->currentKey()}, this);
+    ReceiptPaper::show({list()->currentKey()}, this);
 }
 
 void CDlgReceipts::showDocument()

@@ -9,7 +9,7 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptPaper.h"
 #include "suite/treasury/cheques/CDlgShowCheque.h"
 #include "suite/utility/entries/AmountWords.h"
 #include "suite/utility/entries/FieldLabel.h"
@@ -134,7 +134,7 @@ void CDlgShowReceipt::addCommands()
         connect(button, &QPushButton::clicked, this, [this, run] { KErrorBoundary::guarded(this, run); });
         return button;
     };
-    add(u"چاپ رسید"_s, u":/icons/print.svg"_s, [this] { CDlgReceiptPaper::show({m_receipt.number}, this); })->setShortcut(QKeySequence::Print);
+    add(u"چاپ رسید"_s, u":/icons/print.svg"_s, [this] { ReceiptPaper::show({m_receipt.number}, this); })->setShortcut(QKeySequence::Print);
     add(u"نمایش سند"_s, u":/icons/document.svg"_s, [this] { CDlgShowDocument::Show(m_receipt.docNum, m_receipt.fiscalYear, this); });
     if (m_receipt.chequeID != 0)
         add(u"نمایش چک"_s, u":/icons/show.svg"_s, [this] { CDlgShowCheque::Show(m_receipt.chequeID, this); });

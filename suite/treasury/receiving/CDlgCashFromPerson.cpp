@@ -11,7 +11,7 @@
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptPaper.h"
 #include "suite/treasury/records/CTblCheques.h"
 #include "suite/treasury/receiving/ChequeFields.h"
 #include "suite/treasury/receiving/MoneyOnAccount.h"
@@ -441,5 +441,5 @@ void CDlgCashFromPerson::printIfWanted()
     QList<int> keys;
     for (const ReceiptPosting::Posted &posted : std::as_const(m_posted))
         keys.append(posted.receiptID);
-    CDlgReceiptPaper::show(keys, parentWidget());
+    ReceiptPaper::show(keys, parentWidget());
 }

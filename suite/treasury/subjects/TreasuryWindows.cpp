@@ -16,7 +16,7 @@
 #include "suite/treasury/receipts/CDlgReceipts.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptPaper.h"
 #include "suite/treasury/records/CTblReceipts.h"
 
 using namespace Qt::StringLiterals;
@@ -83,7 +83,7 @@ void TreasuryWindows::enter()
                           .icon = u":/icons/receipt.svg"_s,
                           .open = &openReceipt,
                           .list = &showList<CDlgReceipts>,
-                          .actions = {{.id = u"print"_s, .text = u"چاپ رسید"_s, .icon = u":/icons/print.svg"_s, .form = receipts, .run = [](qint32 key, QWidget *parent) { CDlgReceiptPaper::show({key}, parent); }},
+                          .actions = {{.id = u"print"_s, .text = u"چاپ رسید"_s, .icon = u":/icons/print.svg"_s, .form = receipts, .run = [](qint32 key, QWidget *parent) { ReceiptPaper::show({key}, parent); }},
                                       {.id = u"document"_s, .text = u"نمایش سند"_s, .icon = u":/icons/document.svg"_s, .form = u"Documents"_s, .run = &showDocument},
                                       {.id = u"statement"_s, .text = u"صورتحساب"_s, .icon = u":/icons/table.svg"_s, .form = receipts, .run = &showStatement}}});
     RecordWindows::enter({.table = cheques,

@@ -90,7 +90,7 @@ private Q_SLOTS:
     {
         CDlgContractReceipts dialog(m_contract->key);
         bool shown = false;
-        TestOffice::whenModal("CDlgReceiptPaper", [&shown](QWidget *window) {
+        TestOffice::whenModal("CDlgPaper", [&shown](QWidget *window) {
             shown = true;
             static_cast<QDialog *>(window)->reject();
         });

@@ -7,7 +7,7 @@
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/accounting/papers/CDlgPaper.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/treasury/records/CTblCheques.h"

@@ -3,7 +3,10 @@
 
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/accounting/reports/ReportOutput.h"
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/accounting/papers/CDlgPaper.h"
+#include "suite/crm/persons/OfficeLetterhead.h"
+#include "suite/treasury/receiving/ReceiptPaper.h"
+#include "suite/treasury/receiving/ReceiptSheet.h"
 #include "suite/utility/values/Money.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/treasury/receiving/InvoiceOffice.h"
@@ -21,14 +24,14 @@ namespace {
 
 const QString money = u"ریال"_s;
 
-CompanyDetails showroom()
+Letterhead showroom()
 {
     CompanyDetails office;
     office.name1 = u"نمایشگاه اتومبیل آریا"_s;
     office.city = u"تهران"_s;
     office.address = u"خیابان شریعتی، بالاتر از پل صدر، پلاک ۱۲"_s;
     office.telephone = u"22334455"_s;
-    return office;
+    return OfficeLetterhead::of(office);
 }
 
 ReceiptDetails sample()
@@ -100,6 +103,11 @@ ReceiptDetails voided()
     return receipt;
 }
 
+PaperSheet sheetOf(const ReceiptDetails &receipt)
+{
+    return ReceiptSheet::of(receipt, showroom().name, money);
+}
+
 QString plainText(const QString &path)
 {
     QProcess process;
@@ -109,7 +117,7 @@ QString plainText(const QString &path)
     return text.remove(QRegularExpression(u"[\\x{200c}\\x{200e}\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}]"_s));
 }
 
-QImage picture(const ReceiptPaper &paper, int page)
+QImage picture(const SheetPages &paper, int page)
 {
     constexpr double scale = 0.25;
     const QSizeF size = paper.paperSize() * scale;
@@ -173,14 +181,14 @@ void TestReceiptPaper::paperHoldsWhatTheReceiptSays()
 {
     QFETCH(ReceiptDetails, receipt);
     QFETCH(QStringList, words);
-    for (const ReceiptPaper::Size size : {ReceiptPaper::Size::A5, ReceiptPaper::Size::A4}) {
+    for (const SheetPages::Size size : {SheetPages::Size::A5, SheetPages::Size::A4}) {
         const QString path = m_office.folder.filePath(u"receipt.pdf"_s);
-        QVERIFY(ReportOutput::writePagesPdf(ReceiptPaper({receipt}, showroom(), money, size), ReceiptPaper::titleOf(receipt), path));
+        QVERIFY(ReportOutput::writePagesPdf(SheetPages({sheetOf(receipt)}, showroom(), size), ReceiptSheet::titleOf(receipt), path));
         const QString text = plainText(path);
         for (const QString &word : words) {
             QVERIFY2(text.contains(word), qPrintable(word + u" is missing in:\n"_s + text));
             // Both copies of A4 say it.
-            if (size == ReceiptPaper::Size::A4)
+            if (size == SheetPages::Size::A4)
                 QVERIFY2(text.count(word) >= 2, qPrintable(word));
         }
     }
@@ -198,8 +206,8 @@ void TestReceiptPaper::nothingLeavesThePage_data()
 void TestReceiptPaper::nothingLeavesThePage()
 {
     QFETCH(ReceiptDetails, receipt);
-    for (const ReceiptPaper::Size size : {ReceiptPaper::Size::A5, ReceiptPaper::Size::A4}) {
-        const ReceiptPaper paper({receipt}, showroom(), money, size);
+    for (const SheetPages::Size size : {SheetPages::Size::A5, SheetPages::Size::A4}) {
+        const SheetPages paper({sheetOf(receipt)}, showroom(), size);
         const QImage image = picture(paper, 0);
         const QRect ink = inked(image);
         // Ten millimetres all around, less a dot of rounding.
@@ -213,7 +221,7 @@ void TestReceiptPaper::nothingLeavesThePage()
 void TestReceiptPaper::stateIsPaintedAcross()
 {
     const auto reddish = [](const ReceiptDetails &receipt) {
-        const QImage image = picture(ReceiptPaper({receipt}, showroom(), money, ReceiptPaper::Size::A5), 0);
+        const QImage image = picture(SheetPages({sheetOf(receipt)}, showroom(), SheetPages::Size::A5), 0);
         int count = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x)
@@ -232,19 +240,19 @@ void TestReceiptPaper::eachReceiptHasItsPage()
 {
     ReceiptDetails second = sample();
     second.number = 138;
-    CDlgReceiptPaper window({sample(), second});
+    CDlgPaper window({sheetOf(sample()), sheetOf(second)});
     QCOMPARE(window.pages()->pageCount(), 2);
     QVERIFY(FormDriver::button(&window, u"بعدی"_s)->isVisibleTo(&window));
     FormDriver::button(&window, u"بعدی"_s)->click();
     QCOMPARE(window.pages()->currentPage(), 1);
-    CDlgReceiptPaper single({sample()});
+    CDlgPaper single({sheetOf(sample())});
     QVERIFY(!FormDriver::button(&single, u"بعدی"_s)->isVisibleTo(&single));
 }
 
 void TestReceiptPaper::windowRemembersThePaper()
 {
     const QString path = m_office.folder.filePath(u"size.pdf"_s);
-    const auto pageSize = [&path](const CDlgReceiptPaper &window) {
+    const auto pageSize = [&path](const CDlgPaper &window) {
         window.savePdf(path);
         QProcess process;
         process.start(u"pdfinfo"_s, {path});
@@ -253,7 +261,7 @@ void TestReceiptPaper::windowRemembersThePaper()
         return QRegularExpression(u"Page size: +([\\d.]+) x ([\\d.]+)"_s).match(text).captured(1).toDouble();
     };
     {
-        CDlgReceiptPaper window({sample()});
+        CDlgPaper window({sheetOf(sample())});
         QCOMPARE(window.windowTitle(), u"پیش نمایش چاپ - رسید دریافت"_s);
         auto *size = FormDriver::field<QComboBox>(&window, u"کاغذ :"_s);
         QCOMPARE(size->currentText(), u"A5"_s);
@@ -262,7 +270,7 @@ void TestReceiptPaper::windowRemembersThePaper()
         Q_EMIT size->activated(1);
         QVERIFY(qAbs(pageSize(window) - 595) < 2);
     }
-    CDlgReceiptPaper window({payment()});
+    CDlgPaper window({sheetOf(payment())});
     QCOMPARE(FormDriver::field<QComboBox>(&window, u"کاغذ :"_s)->currentText(), u"A4 (دو نسخه)"_s);
     QCOMPARE(window.windowTitle(), u"پیش نمایش چاپ - رسید پرداخت"_s);
 }
@@ -306,7 +314,7 @@ void TestReceiptPaper::bankOfAChequeIsCalledABankOnce()
 
 void TestReceiptPaper::goneReceiptIsSaidSo()
 {
-    CDlgReceiptPaper::show({999999}, nullptr);
+    ReceiptPaper::show({999999}, nullptr);
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این رسید دیگر وجود ندارد."_s});
 }
 

@@ -1,17 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/treasury/receiving/CDlgReceiptPaper.h"
+#include "suite/accounting/papers/CDlgPaper.h"
 
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/office/KSecurity.h"
-#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/accounting/reports/ReportFile.h"
 #include "suite/accounting/reports/ReportOutput.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDropDown.h"
+#include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
@@ -28,19 +27,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString paperSection = u"ReceiptPaper"_s;
+// Of the papers' windows the size is one's own, the place on the screen all's.
+const QString windowSection = u"Paper"_s;
 const QString sizeKey = u"iSize"_s;
 
 }
 
-CDlgReceiptPaper::CDlgReceiptPaper(const QList<ReceiptDetails> &receipts, QWidget *parent)
+CDlgPaper::CDlgPaper(const QList<PaperSheet> &sheets, QWidget *parent)
     : KDialog(parent)
-    , m_receipts(receipts)
-    , m_office(CompanyDetails::read())
-    , m_moneyUnit(OfficeSettings::read().moneyUnitName())
+    , m_sheets(sheets)
+    , m_office(Letterhead::read())
 {
-    SetSettingName(paperSection);
-    setWindowTitle(u"پیش نمایش چاپ - %1"_s.arg(receipts.isEmpty() ? QString() : ReceiptPaper::titleOf(receipts.constFirst())));
+    SetSettingName(windowSection);
+    setWindowTitle(u"پیش نمایش چاپ - %1"_s.arg(sheets.isEmpty() ? QString() : sheets.constFirst().title));
     resize(LookSizes::scaled(860), LookSizes::scaled(700));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     build();
@@ -48,27 +47,26 @@ CDlgReceiptPaper::CDlgReceiptPaper(const QList<ReceiptDetails> &receipts, QWidge
     m_pages->setFocus();
 }
 
-CDlgReceiptPaper::~CDlgReceiptPaper() = default;
+CDlgPaper::~CDlgPaper() = default;
 
-void CDlgReceiptPaper::show(const QList<int> &receiptIDs, QWidget *parent)
+void CDlgPaper::run(const QString &form, KSecurity::Right right, const Make &make, const QString &gone, QWidget *parent)
 {
     KSecurity security;
-    security.SetFormName(u"Receipts"_s);
-    if (!security.CheckReadSecurity())
+    security.SetFormName(form);
+    if (!security.CheckReadSecurity() || (right == KSecurity::PrintList && !security.CheckPrintListSecurity()))
         return;
-    QList<ReceiptDetails> receipts;
-    for (const int id : receiptIDs) {
-        if (const std::optional<ReceiptDetails> found = ReceiptDetails::read(id))
-            receipts.append(*found);
+    QList<PaperSheet> sheets;
+    {
+        const KWaitCursor wait;
+        sheets = make();
     }
-    if (receipts.isEmpty()) {
-        g_pDlgWarning->Show(u"این رسید دیگر وجود ندارد."_s, parent);
-        return;
-    }
-    CDlgReceiptPaper(receipts, parent).exec();
+    if (sheets.isEmpty())
+        g_pDlgWarning->Show(gone, parent);
+    else
+        CDlgPaper(sheets, parent).exec();
 }
 
-void CDlgReceiptPaper::build()
+void CDlgPaper::build()
 {
     m_pages = new KWndReportGen(this);
     auto *layout = new QVBoxLayout(this);
@@ -77,10 +75,10 @@ void CDlgReceiptPaper::build()
     layout->addWidget(buildBar());
     layout->addWidget(m_pages, 1);
     tabInLayoutOrder(this);
-    connect(m_pages, &KWndReportGen::pageChanged, this, &CDlgReceiptPaper::showPosition);
+    connect(m_pages, &KWndReportGen::pageChanged, this, &CDlgPaper::showPosition);
 }
 
-QWidget *CDlgReceiptPaper::buildBar()
+QWidget *CDlgPaper::buildBar()
 {
     auto *bar = new QWidget(this);
     LookMarks::setBar(bar, LookMarks::Bar::Top);
@@ -89,9 +87,10 @@ QWidget *CDlgReceiptPaper::buildBar()
     row->setSpacing(LookSizes::unit);
     QPushButton *print = addButton(row, u"چاپ"_s, u":/icons/print.svg"_s);
     QPushButton *pdf = addButton(row, u"ذخیره PDF"_s, u":/icons/save.svg"_s);
+    const PaperSheet &first = m_sheets.constFirst();
     m_size = new KDropDown;
-    m_size->addItem(u"A5"_s, int(ReceiptPaper::Size::A5));
-    m_size->addItem(u"A4 (دو نسخه)"_s, int(ReceiptPaper::Size::A4));
+    m_size->addItem(u"A5"_s, int(SheetPages::Size::A5));
+    m_size->addItem(first.isSlip ? u"A4 (دو نسخه)"_s : u"A4"_s, int(SheetPages::Size::A4));
     addLabelled(row, u"کاغذ :"_s, m_size);
     m_previous = addButton(row, u"قبلی"_s);
     m_next = addButton(row, u"بعدی"_s);
@@ -101,12 +100,12 @@ QWidget *CDlgReceiptPaper::buildBar()
     QPushButton *close = addButton(row, u"بازگشت"_s, u":/icons/close.svg"_s);
     print->setShortcut(QKeySequence::Print);
     LookMarks::setButton(print, LookMarks::Button::Primary);
-    m_size->setCurrentIndex(std::max(0, m_size->findData(ReadSetting(paperSection, sizeKey, int(ReceiptPaper::Size::A5)))));
+    m_size->setCurrentIndex(std::max(0, m_size->findData(ReadSetting(first.kind, sizeKey, int(first.isSlip ? SheetPages::Size::A5 : SheetPages::Size::A4)))));
     connect(print, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { choosePrinter(); }); });
     connect(pdf, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { askAndSavePdf(); }); });
-    connect(close, &QPushButton::clicked, this, &CDlgReceiptPaper::reject);
+    connect(close, &QPushButton::clicked, this, &CDlgPaper::reject);
     connect(m_size, &QComboBox::activated, this, [this] {
-        WriteSetting(paperSection, sizeKey, int(size()));
+        WriteSetting(m_sheets.constFirst().kind, sizeKey, int(size()));
         showPaper();
     });
     connect(m_previous, &QPushButton::clicked, this, [this] { m_pages->showPage(m_pages->currentPage() - 1); });
@@ -115,25 +114,25 @@ QWidget *CDlgReceiptPaper::buildBar()
     return bar;
 }
 
-ReceiptPaper::Size CDlgReceiptPaper::size() const
+SheetPages::Size CDlgPaper::size() const
 {
-    return static_cast<ReceiptPaper::Size>(m_size->currentData().toInt());
+    return static_cast<SheetPages::Size>(m_size->currentData().toInt());
 }
 
-ReceiptPaper CDlgReceiptPaper::paper() const
+SheetPages CDlgPaper::paper() const
 {
-    return {m_receipts, m_office, m_moneyUnit, size()};
+    return {m_sheets, m_office, size()};
 }
 
-void CDlgReceiptPaper::showPaper()
+void CDlgPaper::showPaper()
 {
     const int page = m_pages->currentPage();
-    m_pages->setPages(std::make_unique<ReceiptPaper>(paper()));
+    m_pages->setPages(std::make_unique<SheetPages>(paper()));
     m_pages->showPage(page);
     showPosition();
 }
 
-void CDlgReceiptPaper::showPosition()
+void CDlgPaper::showPosition()
 {
     const int page = m_pages->currentPage();
     const int count = m_pages->pageCount();
@@ -141,26 +140,24 @@ void CDlgReceiptPaper::showPosition()
         control->setVisible(count > 1);
     m_previous->setEnabled(page > 0);
     m_next->setEnabled(page + 1 < count);
-    m_position->setText(u"رسید %1 از %2"_s.arg(page + 1).arg(count));
+    m_position->setText(u"صفحه %1 از %2"_s.arg(page + 1).arg(count));
 }
 
-void CDlgReceiptPaper::savePdf(const QString &path) const
+void CDlgPaper::savePdf(const QString &path) const
 {
-    (void)ReportOutput::writePagesPdf(paper(), ReceiptPaper::titleOf(m_receipts.constFirst()), path);
+    (void)ReportOutput::writePagesPdf(paper(), m_sheets.constFirst().title, path);
 }
 
-void CDlgReceiptPaper::askAndSavePdf()
+void CDlgPaper::askAndSavePdf()
 {
-    const ReceiptDetails &first = m_receipts.constFirst();
-    const QString name = u"%1 %2"_s.arg(ReceiptPaper::titleOf(first)).arg(first.number);
-    const QString path = ReportFile::ask(name, u"فایل PDF"_s, u"pdf"_s, this);
+    const QString path = ReportFile::ask(m_sheets.constFirst().fileName, u"فایل PDF"_s, u"pdf"_s, this);
     if (path.isEmpty())
         return;
     savePdf(path);
     ReportFile::tellWritten(path, this);
 }
 
-void CDlgReceiptPaper::choosePrinter()
+void CDlgPaper::choosePrinter()
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageLayout(paper().paper());
@@ -168,5 +165,5 @@ void CDlgReceiptPaper::choosePrinter()
     dialog.setMinMax(1, m_pages->pageCount());
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     if (dialog.exec() == QDialog::Accepted)
-        (void)ReportOutput::printPages(paper(), ReceiptPaper::titleOf(m_receipts.constFirst()), printer);
+        (void)ReportOutput::printPages(paper(), m_sheets.constFirst().title, printer);
 }

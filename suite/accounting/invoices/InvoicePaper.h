@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/TzAccountingExport.h"
+
+class QWidget;
+
+// Shows an invoice as paper to a user who may print invoices.
+namespace InvoicePaper {
+
+TZACCOUNTING_EXPORT void show(int num, QWidget *parent);
+
+}

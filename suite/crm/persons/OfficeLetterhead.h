@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The TzAuto team
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "suite/accounting/papers/Letterhead.h"
+#include "suite/crm/persons/CompanyDetails.h"
+#include "suite/crm/TzCRMDataExport.h"
+
+// The office's details at the head of what it hands out.
+namespace OfficeLetterhead {
+
+TZCRMDATA_EXPORT Letterhead of(const CompanyDetails &office);
+TZCRMDATA_EXPORT Letterhead read();
+
+}
