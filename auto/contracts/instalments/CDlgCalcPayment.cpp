@@ -3,6 +3,7 @@
 
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
 
+#include "auto/contracts/instalments/PlanSheet.h"
 #include "auto/db/PlanTrace.h"
 #include "suite/accounting/changes/HistoryButton.h"
 #include "auto/contracts/instalments/InstalmentQuestions.h"
@@ -11,6 +12,7 @@
 #include "auto/words/WordLists.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/papers/CDlgPaper.h"
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -51,6 +53,7 @@ const QString saveCaption = u"ذخيره اقساط"_s;
 const QString deleteCaption = u"حذف اقساط"_s;
 const QString receiveCaption = u"دريافت قسط"_s;
 const QString printCaption = u"چاپ"_s;
+const QString pageCaption = u"برگه قرارداد"_s;
 const QString closeCaption = u"بازگشت"_s;
 
 // Positions of the two drop-downs.
@@ -228,7 +231,8 @@ void CDlgCalcPayment::addCommands(QDialogButtonBox *close)
                                                                         {saveCaption, &CDlgCalcPayment::savePlan},
                                                                         {deleteCaption, &CDlgCalcPayment::deletePlan},
                                                                         {receiveCaption, &CDlgCalcPayment::receiveSelected},
-                                                                        {printCaption, &CDlgCalcPayment::printPlan}};
+                                                                        {printCaption, &CDlgCalcPayment::printPlan},
+                                                                        {pageCaption, &CDlgCalcPayment::showPage}};
     for (const auto &[caption, command] : commands) {
         QPushButton *added = addButton(footer(), caption);
         connect(added, &QPushButton::clicked, this, [this, command = command] { guarded(command); });
@@ -533,6 +537,16 @@ void CDlgCalcPayment::printPlan()
     security.SetFormName(u"AutomobilContracts"_s);
     if (security.CheckPrintListSecurity())
         CDlgReportGenerator(planReport(), this).ShowReport();
+}
+
+// What is signed is what is stored.
+void CDlgCalcPayment::showPage()
+{
+    const auto make = [this] {
+        const std::optional<PaperSheet> sheet = m_plan ? std::nullopt : PlanSheet::read(m_contractID, Letterhead::read().name);
+        return sheet ? QList<PaperSheet>{*sheet} : QList<PaperSheet>();
+    };
+    CDlgPaper::run(u"AutomobilContracts"_s, KSecurity::PrintList, make, u"لطفا نخست اقساط را ذخیره نمایید."_s, this);
 }
 
 void CDlgCalcPayment::receiveSelected()

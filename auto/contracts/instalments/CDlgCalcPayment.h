@@ -47,6 +47,7 @@ public:
     void deletePlan();
     void receiveSelected();
     void printPlan();
+    void showPage();
     // The plan as the list shows it, on paper.
     ListReport planReport() const;
 
