@@ -123,6 +123,7 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
         recordCommand(u"contracts"_s, u"قراردادهای خودرو"_s, u":/icons/contract.svg"_s),
         recordCommand(u"pictures"_s, u"تصویرها"_s, u":/icons/picture.svg"_s),
         recordCommand(u"prices"_s, u"تاریخچه قیمت"_s, u":/icons/history.svg"_s),
+        recordCommand(u"priceSheet"_s, u"برگه قیمت"_s, u":/icons/print.svg"_s),
         recordCommand(u"whatIf"_s, u"برآورد معامله"_s, u":/icons/money.svg"_s),
         printCommand(C::StartsGroup),
         {u"import"_s, u"ورود از فایل"_s, change, [this] { importFile(); }, {}, u":/icons/table.svg"_s, Write},

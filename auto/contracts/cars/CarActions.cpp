@@ -4,6 +4,7 @@
 #include "auto/contracts/cars/CarActions.h"
 
 #include "auto/cars/prices/CDlgPriceHistory.h"
+#include "auto/cars/prices/CarPricePaper.h"
 #include "auto/contracts/cars/CDlgCarContracts.h"
 #include "auto/contracts/whatif/CDlgDealWhatIf.h"
 #include "auto/db/CTblCarContracts.h"
@@ -27,6 +28,7 @@ const QList<Entered> &enteredActions()
     static const QList<Entered> list{
         {carTable, {.id = u"contracts"_s, .text = u"قراردادهای خودرو"_s, .icon = u":/icons/contract.svg"_s, .form = contractTable, .run = &CDlgCarContracts::Show}},
         {carTable, {.id = u"prices"_s, .text = u"تاریخچه قیمت"_s, .icon = u":/icons/history.svg"_s, .form = carTable, .run = &CDlgPriceHistory::Show}},
+        {carTable, {.id = u"priceSheet"_s, .text = u"برگه قیمت"_s, .icon = u":/icons/print.svg"_s, .form = carTable, .right = KSecurity::PrintList, .run = &CarPricePaper::show}},
         {carTable, {.id = u"whatIf"_s, .text = u"برآورد معامله"_s, .icon = u":/icons/money.svg"_s, .form = contractTable, .run = [](qint32 car, QWidget *parent) { CDlgDealWhatIf::ShowCar(car, 0, parent); }}},
         {contractTable, {.id = u"car"_s, .text = u"خودروی قرارداد"_s, .icon = u":/icons/car.svg"_s, .form = carTable, .run = [](qint32 contract, QWidget *parent) { RecordWindows::open(carTable, CTblCarContracts::carOf(contract), false, parent); }, .isOffered = [](qint32 contract) { return CTblCarContracts::carOf(contract) != 0; }}},
     };
