@@ -203,7 +203,7 @@ void SheetFlow::layPicture()
     const QImage picture = QImage::fromData(m_sheet.picture);
     if (picture.isNull())
         return;
-    const QRectF place = fitted(picture.size(), {m_area.left(), m_y, m_area.width(), m_area.height() * 0.4}, Qt::AlignHCenter);
+    const QRectF place = fitted(picture.size(), {m_area.left(), m_y, m_area.width(), m_area.height() * 0.035 * m_points}, Qt::AlignHCenter);
     add([place, picture](QPainter &painter) {
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(place, picture);
@@ -403,6 +403,13 @@ void SheetFlow::layTable()
 void SheetFlow::layTotals()
 {
     const double label = m_area.width() * 0.24;
+    // Nobody signs a page that says nothing: the sums and the signatures stay together.
+    double whole = m_sheet.signatures.isEmpty() ? 0 : millimetres(24 + 5);
+    whole += SheetText::height(m_sheet.notes, m_area.width() - millimetres(4), style());
+    for (const PaperSheet::Fact &total : m_sheet.totals)
+        whole += SheetText::height(total.text, m_area.width() - label - millimetres(4), style(1, total.isStrong)) + millimetres(1);
+    if (!m_sheet.totals.isEmpty())
+        need(whole + millimetres(2));
     for (const PaperSheet::Fact &total : m_sheet.totals) {
         if (total.text.isEmpty())
             continue;

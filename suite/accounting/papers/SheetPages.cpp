@@ -44,7 +44,11 @@ void SheetPages::lay(const PaperSheet &sheet, const Letterhead &office)
 {
     const double margin = SheetText::millimetres(m_size == Size::A4 ? 14 : 10);
     const QRectF area = QRectF({}, paperSize()).adjusted(margin, margin, -margin, -margin);
-    for (SheetFlow::Page &page : SheetFlow(sheet, office, area, m_size == Size::A4 ? largePoints : smallPoints).pages())
+    double points = m_size == Size::A4 ? largePoints : smallPoints;
+    // What hangs behind glass has one side.
+    while (!sheet.picture.isEmpty() && points > leastPoints && SheetFlow(sheet, office, area, points).pageCount() > 1)
+        points -= pointStep;
+    for (SheetFlow::Page &page : SheetFlow(sheet, office, area, points).pages())
         m_pages.push_back(std::move(page));
 }
 
