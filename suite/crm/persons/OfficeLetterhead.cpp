@@ -3,6 +3,8 @@
 
 #include "suite/crm/persons/OfficeLetterhead.h"
 
+#include "suite/crm/persons/CompanyLogo.h"
+
 using namespace Qt::StringLiterals;
 
 Letterhead OfficeLetterhead::of(const CompanyDetails &office)
@@ -20,5 +22,7 @@ Letterhead OfficeLetterhead::of(const CompanyDetails &office)
 
 Letterhead OfficeLetterhead::read()
 {
-    return of(CompanyDetails::read());
+    Letterhead letterhead = of(CompanyDetails::read());
+    letterhead.logo = CompanyLogo::read().bytes;
+    return letterhead;
 }

@@ -10,7 +10,9 @@
 // The office's details at the head of what it hands out.
 namespace OfficeLetterhead {
 
+// Without the logo, which is no detail.
 TZCRMDATA_EXPORT Letterhead of(const CompanyDetails &office);
+// With the logo. Throws CMySQLException.
 TZCRMDATA_EXPORT Letterhead read();
 
 }

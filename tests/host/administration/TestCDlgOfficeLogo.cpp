@@ -5,7 +5,9 @@
 
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/papers/SheetPages.h"
 #include "suite/crm/persons/CompanyLogo.h"
+#include "suite/crm/persons/OfficeLetterhead.h"
 #include "suite/image/KStaticImage.h"
 #include "tests/host/HostTestOffice.h"
 #include "tests/support/RegisteredTest.h"
@@ -13,6 +15,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QMimeData>
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -56,6 +59,7 @@ private Q_SLOTS:
     void whatIsNoLogoIsRefused_data();
     void whatIsNoLogoIsRefused();
     void changeIsInTheHistory();
+    void papersCarryIt();
 
 private:
     HostTestOffice m_office;
@@ -78,6 +82,28 @@ void TestCDlgOfficeLogo::pictureBecomesTheLogo()
     CDlgOfficeLogo again;
     QCOMPARE(again.box()->bytes(), logo.bytes);
     QVERIFY(!again.box()->isModified());
+}
+
+void TestCDlgOfficeLogo::papersCarryIt()
+{
+    const auto inkOf = [] {
+        const SheetPages pages({PaperSheet{.title = u"نامه"_s}}, OfficeLetterhead::read(), SheetPages::Size::A5);
+        QImage page(pages.paperSize().toSize() / 4, QImage::Format_RGB32);
+        page.fill(Qt::white);
+        QPainter painter(&page);
+        painter.scale(0.25, 0.25);
+        pages.paint(painter, 0);
+        painter.end();
+        int ink = 0;
+        for (int y = 0; y < page.height(); ++y)
+            for (int x = 0; x < page.width(); ++x)
+                ink += page.pixelColor(x, y) == Qt::darkGreen ? 1 : 0;
+        return ink;
+    };
+    QCOMPARE(inkOf(), 0);
+    CompanyLogo::save(CDlgOfficeLogo::asLogo(picture(120, 90)), 0);
+    // Sixteen millimetres wide at 150 dots an inch.
+    QVERIFY2(inkOf() > 80 * 60, qPrintable(QString::number(inkOf())));
 }
 
 void TestCDlgOfficeLogo::largePictureIsMadeSmall_data()
