@@ -27,6 +27,12 @@ void addRun(pugi::xml_node paragraph, const std::string &prefix, const QString &
 {
     pugi::xml_node run = element(paragraph, prefix, "r");
     pugi::xml_node look = element(run, prefix, "rPr");
+    if (!rightToLeft) {
+        // A Persian font shows its own digits, and among Latin letters those are hard to compare.
+        pugi::xml_node fonts = element(look, prefix, "rFonts");
+        for (const char *script : {"ascii", "hAnsi", "cs"})
+            fonts.append_attribute((prefix + script).c_str()) = "Liberation Sans";
+    }
     element(look, prefix, "sz", halfPoints);
     element(look, prefix, "szCs", halfPoints);
     if (rightToLeft)
