@@ -170,8 +170,8 @@ void writeFields(int database)
 {
     constexpr int contracts = CTblAutomobilContracts::recordKind;
     constexpr int cars = CTblAutomobilInformations::recordKind;
-    const int met = CTblCustomFields::define(contracts, u"نحوه آشنایی"_s, CTblCustomFields::Text, database);
-    const int shelf = CTblCustomFields::define(contracts, u"شماره بایگانی کاغذی"_s, CTblCustomFields::Number, database);
+    const int met = CTblCustomFields::define(contracts, u"معرف مشتری"_s, CTblCustomFields::Text, database);
+    const int shelf = CTblCustomFields::define(contracts, u"شماره زونکن"_s, CTblCustomFields::Number, database);
     const int owners = CTblCustomFields::define(cars, u"چند دست"_s, CTblCustomFields::Number, database);
     const int inspected = CTblCustomFields::define(cars, u"کارشناسی شده"_s, CTblCustomFields::YesNo, database);
     CTblCustomFieldRecords value(database);
