@@ -403,7 +403,7 @@ void TestCDlgAddFactor::showOnlyTakesNothing()
         if (button->isVisible())
             buttons.insert(window.width() - button->mapTo(&window, QPoint()).x(), button->text());
     }
-    QCOMPARE(buttons.values(), (QStringList{u"نمایش سند"_s, u"بازگشت"_s}));
+    QCOMPARE(buttons.values(), (QStringList{u"نمایش سند"_s, u"چاپ فاکتور"_s, u"بازگشت"_s}));
     window.accept();
     QCOMPARE(value("SELECT iStatus FROM Factors"), u"1"_s);
 }
