@@ -455,11 +455,14 @@ void HostProgram::work()
         } else {
             connect(&shown, &QTimer::timeout, &window, &MainWindow::emptyBin);
             connect(&shown, &QTimer::timeout, &window, &MainWindow::makeSearchable);
-            connect(&shown, &QTimer::timeout, &tour, [&] {
-                KErrorBoundary::guarded(&window, [&] {
+            connect(&shown, &QTimer::timeout, &tour, [&tour] {
+                // A server that does not answer is told of by what the user does next.
+                try {
                     if (DemoOffice::isFilled())
                         tour.offerOnce();
-                });
+                } catch (const CMySQLException &) {
+                    qCWarning(lcHost).noquote() << "tour:" << KErrorText::logText(std::current_exception());
+                }
             });
             window.showBackups(keeper);
             keeper.start();
