@@ -3,10 +3,12 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
+#include "auto/contracts/templates/CDlgContractTemplates.h"
 #include "suite/accounting/changes/HistoryButton.h"
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -14,6 +16,7 @@
 #include "suite/utility/look/CardStack.h"
 #include "suite/utility/look/FormGrid.h"
 #include "suite/utility/look/LookFonts.h"
+#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookSizes.h"
 #include "suite/utility/values/Money.h"
 
@@ -22,6 +25,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -101,9 +105,21 @@ CDlgAutomobilContractSetting::CDlgAutomobilContractSetting(const OfficeSettings 
     cards->addCard(createMoneyGroup());
     setContent(content, createButtons());
     HistoryButton::addTo(this, footer(), u"Properties:"_s + ContractSettings::section(), 0);
+    addTemplatesButton();
     showSettings(ContractSettings::of(settings));
     m_edit.remember([this] { writeSettings(); });
     resize(LookSizes::scaled(usualWidth), sizeHint().height());
+}
+
+// What is printed belongs to no contract, and an office without contracts sets it up too.
+void CDlgAutomobilContractSetting::addTemplatesButton()
+{
+    const QString caption = u"قالب‌های قرارداد"_s;
+    auto *button = new QPushButton(LookIcons::icon(u":/icons/document.svg"_s), caption, this);
+    button->setAccessibleName(caption);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { CDlgContractTemplates::Show(this); }); });
+    footer()->addWidget(button);
 }
 
 QWidget *CDlgAutomobilContractSetting::createTaxGroup()

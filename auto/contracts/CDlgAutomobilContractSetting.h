@@ -37,6 +37,7 @@ private:
         QList<QWidget *> widgets; // all of the row but its heading
     };
 
+    void addTemplatesButton();
     QWidget *createTaxGroup();
     QWidget *createTierGroup(const QString &moneyUnit);
     QWidget *createDemandGroup();

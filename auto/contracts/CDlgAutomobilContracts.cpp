@@ -161,7 +161,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"sellerStatement"_s, u"صورتحساب فروشنده"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::seller); }, {}, u":/icons/document.svg"_s},
         {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},
         {u"overdue"_s, u"سررسیدهای قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showOverdue(); }, {}, u":/icons/calendar.svg"_s, Access, u"AutomobilPayments"_s},
-        {u"templates"_s, u"قالب‌های قرارداد"_s, C::HiddenInSelect, [this] { CDlgContractTemplates::Show(this); }, {}, u":/icons/document.svg"_s, Read},
+        {u"templates"_s, u"قالب‌های قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { CDlgContractTemplates::Show(this); }, {}, u":/icons/document.svg"_s, Read},
         {u"filePrinted"_s, u"بایگانی PDF قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { filePrinted(); }, {}, u":/icons/archive.svg"_s, Modify},
     };
 }

@@ -3,6 +3,7 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
+#include "auto/contracts/templates/CDlgContractTemplates.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -26,6 +27,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -81,6 +83,7 @@ private Q_SLOTS:
     void whatChangedIsNotedByItsLabel();
     void graceOfMoreThanAYearIsRefused();
     void cancelWritesNothing();
+    void templatesOpenFromHere();
     void secondTierBelowTheFirstIsRefused();
     void thirdTierBelowTheOthersIsRefusedAlsoWhenItIsOff();
     void percentageAboveHundredIsRefused();
@@ -266,6 +269,22 @@ void TestCDlgAutomobilContractSetting::savesWhatIsTyped()
     QVERIFY(!settings.tiers.thirdInUse);
     QVERIFY(settings.archiveDemands);
     QCOMPARE(settings.demandDays, 60);
+}
+
+void TestCDlgAutomobilContractSetting::templatesOpenFromHere()
+{
+    CDlgAutomobilContractSetting dialog;
+    auto *open = button<QPushButton>(dialog, u"قالب‌های قرارداد"_s);
+    QVERIFY(open);
+    bool opened = false;
+    QTimer::singleShot(0, &dialog, [&opened] {
+        if (auto *templates = qobject_cast<CDlgContractTemplates *>(QApplication::activeModalWidget())) {
+            opened = true;
+            templates->reject();
+        }
+    });
+    open->click();
+    QVERIFY(opened);
 }
 
 void TestCDlgAutomobilContractSetting::cancelWritesNothing()
