@@ -144,6 +144,8 @@ void CDlgContractTemplates::build()
     m_types->setAccessibleName(u"نوع‌های قرارداد"_s);
     m_types->setColumns(typeColumns());
     m_types->SetSettingName(u"AutomobilContracts\\TemplateTypes"_s);
+    // There are these types and no more: the room is the former templates'.
+    m_types->setFixedHeight(LookSizes::scaled(LookSizes::titleRow + 4 * LookSizes::row + LookSizes::unit));
     m_versions = new KExtListCtrl(this);
     m_versions->setAccessibleName(u"قالب‌های پیشین"_s);
     m_versions->setColumns(versionColumns());
@@ -153,7 +155,7 @@ void CDlgContractTemplates::build()
 
     auto *content = new QWidget(this);
     auto *cards = new CardStack(content);
-    cards->addCard(new KListCard(m_types, content), true);
+    cards->addCard(new KListCard(m_types, content));
     cards->addCard(buildCommands());
     cards->addCard(buildPreview());
     auto *before = new KListCard(m_versions, content);
