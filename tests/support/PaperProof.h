@@ -28,12 +28,13 @@ public:
     int pageCount() const { return m_pages.pageCount(); }
 
     // page: from 1; 0: all of them.
-    QString text(int page = 0) const
+    QString text(int page = 0) const { return textOf(path(), page); }
+    static QString textOf(const QString &path, int page = 0)
     {
         QStringList arguments{u"-layout"_s};
         if (page > 0)
             arguments << u"-f"_s << QString::number(page) << u"-l"_s << QString::number(page);
-        QString text = QString::fromUtf8(output(u"pdftotext"_s, arguments + QStringList{path(), u"-"_s})).normalized(QString::NormalizationForm_KC);
+        QString text = QString::fromUtf8(output(u"pdftotext"_s, arguments + QStringList{path, u"-"_s})).normalized(QString::NormalizationForm_KC);
         return text.remove(QRegularExpression(u"[\\x{200c}\\x{200e}\\x{200f}\\x{202a}-\\x{202e}\\x{2066}-\\x{2069}]"_s));
     }
 

@@ -184,10 +184,14 @@ void CDlgAccountDocs::build()
 // As the list stands: of the days that it was read for.
 void CDlgAccountDocs::showPaper()
 {
+    // Who may see it here is told that printing is what he may not.
+    const KSecurity security = securityOf(m_scope, KSecurity::PrintList);
+    if (!security.CheckPrintListSecurity())
+        return;
     const auto make = [this] {
         return QList<PaperSheet>{DocumentSheet::statement(AccountLedger::person(m_scope.personID), m_sheet, m_shownFrom, m_shownTo, GetDBSetting()->GetDBServerDate().date(), OfficeSettings::read().moneyUnitName())};
     };
-    CDlgPaper::run(securityOf(m_scope, KSecurity::PrintList).FormName(), KSecurity::PrintList, make, {}, this);
+    CDlgPaper::run(security.FormName(), KSecurity::PrintList, make, {}, this);
 }
 
 void CDlgAccountDocs::refill()

@@ -4,9 +4,11 @@
 #include "suite/accounting/books/CDlgAccountDocs.h"
 
 #include "suite/accounting/books/CDlgShowDocument.h"
+#include "suite/accounting/books/DocumentSheet.h"
 #include "suite/accounting/books/ManualDocument.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/papers/CDlgPaper.h"
 #include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
@@ -14,10 +16,14 @@
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/Hand.h"
+#include "tests/support/PaperProof.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
+#include <QPushButton>
 #include <QtTest>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +50,10 @@ private Q_SLOTS:
     void rights();
     void titleNamesThePerson();
     void accountNamesThePersonOfTheReceipt();
+    void paperIsOfTheDaysInTheList_data();
+    void paperIsOfTheDaysInTheList();
+    void paperNeedsTheRightToPrint();
+    void paperIsHandedOutByItsButton();
 
 private:
     // A document of one person's debit (above 0) or credit against the cash box; its number.
@@ -302,6 +312,78 @@ void TestPersonStatement::accountNamesThePersonOfTheReceipt()
     QCOMPARE(sheet.rows.at(0).person, QString());
     QCOMPARE(sheet.rows.at(1).person, u"مریم کریمی"_s);
     QCOMPARE(sheet.rows.at(1).purpose(), u"قسط 1 قرارداد 12 (چک)"_s);
+}
+
+void TestPersonStatement::paperIsOfTheDaysInTheList_data()
+{
+    QTest::addColumn<int>("whose");
+    QTest::addColumn<QDate>("from");
+    QTest::addColumn<QDate>("to");
+    QTest::newRow("buyer, all") << 0 << QDate() << QDate();
+    QTest::newRow("buyer, brought forward") << 0 << statementDay(2, 10).date() << statementDay(3, 5).date();
+    QTest::newRow("seller, all") << 1 << QDate() << QDate();
+    QTest::newRow("seller, brought forward alone") << 1 << statementDay(5, 1).date() << statementDay(5, 2).date();
+    QTest::newRow("stranger") << 2 << QDate() << QDate();
+}
+
+// What it asks for is what the tables say until its last day; what it brings forward, what they say before its first.
+void TestPersonStatement::paperIsOfTheDaysInTheList()
+{
+    QFETCH(int, whose);
+    QFETCH(QDate, from);
+    QFETCH(QDate, to);
+    const int person = QList<int>{m_buyer, m_seller, m_stranger}.at(whose);
+    const auto net = [&](const QString &condition) {
+        return m_office.database.value(u"SELECT COALESCE(SUM(d.dBed-d.dBes),0) FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear WHERE h.iStatus=0 AND d.iPersonID=%1 AND %2"_s.arg(person).arg(condition)).toDouble();
+    };
+    const double before = from.isValid() ? net(u"h.date<'%1'"_s.arg(from.toString(Qt::ISODate))) : 0;
+    const double closing = to.isValid() ? net(u"h.date<'%1'"_s.arg(to.addDays(1).toString(Qt::ISODate))) : net(u"1"_s);
+    const QDateTime first = from.isValid() ? from.startOfDay(Qt::UTC) : QDateTime();
+    const QDateTime last = to.isValid() ? to.startOfDay(Qt::UTC) : QDateTime();
+    const PaperSheet sheet = DocumentSheet::statement(AccountLedger::person(person), AccountLedger::read(AccountLedger::Scope::person(person), first, last), from, to, QDate(2026, 11, 20), u"ریال"_s);
+    double sides = 0;
+    for (const QList<PaperSheet::Cell> &row : sheet.rows)
+        sides += row.at(4).amount - row.at(5).amount;
+    QCOMPARE(sides, closing);
+    const QString side = closing > 0 ? u"بدهکار"_s : closing < 0 ? u"بستانکار"_s
+                                                                 : u"تسویه"_s;
+    QCOMPARE(sheet.totals.constFirst().text, u"%1 ریال %2"_s.arg(DToMoney(std::abs(closing)), side));
+    QCOMPARE(sheet.facts.constFirst().text, m_office.database.value(u"SELECT sName2 FROM Persons WHERE iID=%1"_s.arg(person)));
+    QCOMPARE(!sheet.rows.isEmpty() && sheet.rows.constFirst().at(3).text == u"مانده از قبل", before != 0);
+    if (before != 0)
+        QCOMPARE(sheet.rows.constFirst().at(6).text, DToMoney(std::abs(before)));
+    if (!sheet.rows.isEmpty())
+        QCOMPARE(sheet.rows.constLast().at(6).text, DToMoney(std::abs(closing)));
+}
+
+void TestPersonStatement::paperNeedsTheRightToPrint()
+{
+    KSecurity::setRights(m_office.clerk, u"Receipts"_s, KSecurity::Access | KSecurity::Read);
+    GetDBSetting()->Login(m_office.clerk);
+    CDlgAccountDocs window(AccountLedger::Scope::person(m_buyer), {}, {});
+    captioned<QPushButton>(window, u"برگه صورتحساب"_s)->click();
+    KSecurity::setRights(m_office.clerk, u"Receipts"_s, 0);
+    const QStringList said = g_pDlgWarning->takeShown();
+    QCOMPARE(said.size(), 1);
+    // Of the documents' form, because the receipts' gives no right to print.
+    QCOMPARE(said.constFirst(), KSecurity::refusalText(u"Documents"_s, KSecurity::PrintList));
+}
+
+void TestPersonStatement::paperIsHandedOutByItsButton()
+{
+    CDlgAccountDocs window(AccountLedger::Scope::person(m_buyer), {}, {});
+    window.show();
+    const QString path = m_office.folder.filePath(u"statement.pdf"_s);
+    QString text;
+    Hand::inNextWindow([&](QDialog *dialog) {
+        if (const auto *paper = qobject_cast<CDlgPaper *>(dialog)) {
+            paper->savePdf(path);
+            text = PaperProof::textOf(path);
+        }
+    });
+    captioned<QPushButton>(window, u"برگه صورتحساب"_s)->click();
+    for (const QString &word : {u"صورتحساب"_s, u"کریمی"_s, u"0012345679"_s, u"1,000"_s, u"510"_s, u"490"_s, u"1405/02/10"_s})
+        QVERIFY2(text.contains(word), qPrintable(word + u"\n"_s + text));
 }
 
 static const RegisteredTest<TestPersonStatement, QApplication> registeredPersonStatement;

@@ -10,6 +10,8 @@
 #include "suite/utility/values/Money.h"
 #include "tests/suite/accounting/FormDriver.h"
 #include "tests/suite/treasury/receiving/InvoiceOffice.h"
+#include "suite/accounting/office/KSecurity.h"
+#include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
@@ -161,6 +163,9 @@ private Q_SLOTS:
     void bankOfAChequeIsCalledABankOnce_data();
     void bankOfAChequeIsCalledABankOnce();
     void goneReceiptIsSaidSo();
+    void sheetIsThatOfTheTables_data();
+    void sheetIsThatOfTheTables();
+    void rights();
 
 private:
     InvoiceOffice m_office;
@@ -316,6 +321,61 @@ void TestReceiptPaper::goneReceiptIsSaidSo()
 {
     ReceiptPaper::show({999999}, nullptr);
     QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"این رسید دیگر وجود ندارد."_s});
+}
+
+void TestReceiptPaper::sheetIsThatOfTheTables_data()
+{
+    QTest::addColumn<CTblReceipts::Kind>("kind");
+    QTest::addColumn<bool>("isVoid");
+    QTest::newRow("received") << CTblReceipts::received << false;
+    QTest::newRow("paid") << CTblReceipts::paid << false;
+    QTest::newRow("void") << CTblReceipts::received << true;
+}
+
+void TestReceiptPaper::sheetIsThatOfTheTables()
+{
+    QFETCH(CTblReceipts::Kind, kind);
+    QFETCH(bool, isVoid);
+    const bool isPaid = kind == CTblReceipts::paid;
+    const int person = isPaid ? m_office.pars : m_office.ali;
+    const int num = m_office.invoice(isPaid ? int(CTblFactors::purchase) : int(Invoice::sale), person);
+    const int key = m_office.take(person, 321, InvoiceOffice::purposeOf(person, num, kind), kind);
+    m_office.take(m_office.ali, 5);
+    if (isVoid)
+        ReceiptPosting::makeVoid(key, u"اشتباه بود"_s);
+    const auto stored = [&](const QString &what) { return m_office.database.value(u"SELECT %1 FROM Receipts r JOIN Persons p ON p.iID=r.iPersonID WHERE r.iID=%2"_s.arg(what).arg(key)); };
+    const PaperSheet sheet = ReceiptSheet::of(*ReceiptDetails::read(key), u"نمایشگاه"_s, money);
+    QCOMPARE(sheet.title, isPaid ? u"رسید پرداخت"_s : u"رسید دریافت"_s);
+    QStringList facts;
+    for (qsizetype i : {0, 1, 2, 4})
+        facts.append(sheet.facts.at(i).text);
+    QCOMPARE(facts, (QStringList{stored(u"p.sName2"_s), stored(u"CONCAT(FORMAT(r.dAmount,0),' ریال')"_s), amountInWords(stored(u"r.dAmount"_s).toDouble()) + u" ریال"_s, stored(u"r.sFor"_s)}));
+    QCOMPARE(stored(u"FORMAT(r.dAmount,0)"_s), u"321"_s);
+    QVERIFY(sheet.foot.endsWith(u" : "_s + stored(u"r.iDocNum"_s)));
+    // The document that it names is of the same amount, on the same person; that of a void one weighs nothing.
+    QCOMPARE(m_office.database.value(u"SELECT SUM(dBed+dBes) FROM Docs d JOIN Receipts r ON r.iDocNum=d.iDocNum AND r.iFiscalYear=d.iFiscalYear AND r.iPersonID=d.iPersonID WHERE r.iID=%1"_s.arg(key)).toDouble(), isVoid ? 0. : 321.);
+    // The side that hands money out and the one that takes it.
+    const QString name = stored(u"p.sName2"_s);
+    QCOMPARE(sheet.signatures.at(0).name, isPaid ? name : u"نمایشگاه"_s);
+    QCOMPARE(sheet.signatures.at(1).name, isPaid ? u"نمایشگاه"_s : name);
+    QCOMPARE(!sheet.state.isEmpty(), isVoid);
+}
+
+// Whoever may read receipts hands them out, and nobody else.
+void TestReceiptPaper::rights()
+{
+    const int key = m_office.take(m_office.ali, 321);
+    GetDBSetting()->Login(m_office.clerk);
+    ReceiptPaper::show({key}, nullptr);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{KSecurity::refusalText(u"Receipts"_s, KSecurity::Read)});
+    KSecurity::setRights(m_office.clerk, u"Receipts"_s, KSecurity::Access | KSecurity::Read);
+    KSecurity::forgetRights();
+    bool isShown = false;
+    Hand::inNextWindow([&isShown](QDialog *dialog) { isShown = qobject_cast<CDlgPaper *>(dialog) != nullptr; });
+    ReceiptPaper::show({key}, nullptr);
+    KSecurity::setRights(m_office.clerk, u"Receipts"_s, 0);
+    QVERIFY(isShown);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList());
 }
 
 static const RegisteredTest<TestReceiptPaper, QApplication> registeredReceiptPaper;
