@@ -96,7 +96,7 @@ PaperSheet DocumentSheet::statement(const AccountLedger::Person &person, const A
                    {.label = u"کد ملی :"_s, .text = person.nationalCode, .isCode = true},
                    {.label = u"از تاریخ :"_s, .text = shamsiText(from)},
                    {.label = u"تا تاریخ :"_s, .text = shamsiText(to)}};
-    sheet.columns = {{u"ردیف"_s, 10, C::Centred}, {u"سند"_s, 8, C::Centred}, {u"تاریخ"_s, 13, C::Centred}, {u"بابت"_s, 27}, {u"بدهکار"_s, 15, C::Amount, true}, {u"بستانکار"_s, 15, C::Amount, true}, {u"مانده"_s, 16, C::Amount}};
+    sheet.columns = {{u"ردیف"_s, 10, C::Centred}, {u"سند"_s, 8, C::Centred}, {u"تاریخ"_s, 17, C::Centred}, {u"بابت"_s, 23}, {u"بدهکار"_s, 15, C::Amount, true}, {u"بستانکار"_s, 15, C::Amount, true}, {u"مانده"_s, 16, C::Amount}};
     if (!ledger.before.isBalanced()) {
         const double before = ledger.before.net();
         sheet.rows.append({{}, {}, {}, {u"مانده از قبل"_s}, side(std::max(before, 0.0)), side(std::max(-before, 0.0)), {DToMoney(std::abs(before))}});

@@ -54,6 +54,7 @@ private Q_SLOTS:
     void paperIsOfTheDaysInTheList();
     void paperNeedsTheRightToPrint();
     void paperIsHandedOutByItsButton();
+    void datesAreWholeOnEverySize();
 
 private:
     // A document of one person's debit (above 0) or credit against the cash box; its number.
@@ -384,6 +385,17 @@ void TestPersonStatement::paperIsHandedOutByItsButton()
     captioned<QPushButton>(window, u"برگه صورتحساب"_s)->click();
     for (const QString &word : {u"صورتحساب"_s, u"کریمی"_s, u"0012345679"_s, u"1,000"_s, u"510"_s, u"490"_s, u"1405/02/10"_s})
         QVERIFY2(text.contains(word), qPrintable(word + u"\n"_s + text));
+}
+
+// A day that is broken in two reads as another one.
+void TestPersonStatement::datesAreWholeOnEverySize()
+{
+    const PaperSheet sheet = DocumentSheet::statement(AccountLedger::person(m_buyer), AccountLedger::read(AccountLedger::Scope::person(m_buyer), {}, {}), {}, {}, QDate(2026, 11, 20), u"ریال"_s);
+    for (const SheetPages::Size size : {SheetPages::Size::A5, SheetPages::Size::A4}) {
+        const QString text = PaperProof(sheet, size).text();
+        for (const QString &day : {u"1405/02/01"_s, u"1405/02/10"_s, u"1405/03/05"_s, u"1405/03/06"_s})
+            QVERIFY2(text.contains(day), qPrintable(day + u"\n"_s + text));
+    }
 }
 
 static const RegisteredTest<TestPersonStatement, QApplication> registeredPersonStatement;
