@@ -84,6 +84,7 @@
 #include "suite/treasury/followups/CDlgFollowUp.h"
 #include "suite/treasury/followups/CDlgNote.h"
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
+#include "suite/accounting/invoices/InvoiceSheet.h"
 #include "suite/accounting/papers/CDlgPaper.h"
 #include "suite/treasury/receiving/ReceiptSheet.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
@@ -348,6 +349,8 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"receipt-cheque", window<CDlgCashFromPerson>(CDlgCashFromPerson::Start{.method = CTblReceipts::cheque})});
     const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());
     entries.push_back({"receipt-show", window<CDlgShowReceipt>(voided)});
+    const InvoiceSheet::Source invoice{.invoice = {.num = 7, .date = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC), .lines = {{0, u"کارشناسی خودرو"_s, 2, 400000}, {0, u"انتقال سند"_s, 1, 2500000}}, .discount = 100000, .tax = 320000}, .person = u"مریم احمدی"_s, .nationalCode = u"0012345679"_s, .docNum = 45, .user = u"مدیر"_s, .moneyUnit = u"ریال"_s};
+    entries.push_back({"paper-invoice", window<CDlgPaper>(QList<PaperSheet>{InvoiceSheet::of(invoice)})});
     entries.push_back({"paper", window<CDlgPaper>(QList<PaperSheet>{ReceiptSheet::of(voided, {}, u"ریال"_s), ReceiptSheet::of(voided, {}, u"ریال"_s)})});
     entries.push_back({"receipt-void", modal([] {
                            const QString text = u"دریافت شماره 137 به مبلغ 987,654,321,000 ریال (سید محمدحسین طباطبایی‌نژاد اصفهانی رودباری) باطل می‌شود."_s;
