@@ -3,7 +3,6 @@
 
 #include "auto/contracts/CDlgAutomobilContractSetting.h"
 
-#include "auto/contracts/templates/CDlgContractTemplates.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -27,7 +26,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -83,7 +81,6 @@ private Q_SLOTS:
     void whatChangedIsNotedByItsLabel();
     void graceOfMoreThanAYearIsRefused();
     void cancelWritesNothing();
-    void templatesOpenFromHere();
     void secondTierBelowTheFirstIsRefused();
     void thirdTierBelowTheOthersIsRefusedAlsoWhenItIsOff();
     void percentageAboveHundredIsRefused();
@@ -271,22 +268,6 @@ void TestCDlgAutomobilContractSetting::savesWhatIsTyped()
     QCOMPARE(settings.demandDays, 60);
 }
 
-void TestCDlgAutomobilContractSetting::templatesOpenFromHere()
-{
-    CDlgAutomobilContractSetting dialog;
-    auto *open = button<QPushButton>(dialog, u"قالب‌های قرارداد"_s);
-    QVERIFY(open);
-    bool opened = false;
-    QTimer::singleShot(0, &dialog, [&opened] {
-        if (auto *templates = qobject_cast<CDlgContractTemplates *>(QApplication::activeModalWidget())) {
-            opened = true;
-            templates->reject();
-        }
-    });
-    open->click();
-    QVERIFY(opened);
-}
-
 void TestCDlgAutomobilContractSetting::cancelWritesNothing()
 {
     CDlgAutomobilContractSetting dialog;
@@ -393,7 +374,7 @@ void TestCDlgAutomobilContractSetting::everyFieldTellsItsName()
             ++named;
         }
     }
-    QCOMPARE(named, 20);
+    QCOMPARE(named, 21);
 }
 
 void TestCDlgAutomobilContractSetting::everyAmountShowsTheMoneyUnit()

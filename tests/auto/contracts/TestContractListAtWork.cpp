@@ -336,6 +336,25 @@ private Q_SLOTS:
         QVERIFY(opened);
     }
 
+    void templatesOpenFromTheSettings()
+    {
+        auto &page = shownPage();
+        bool opened = false;
+        TestOffice::whenModal("CDlgAutomobilContractSetting", [&opened](QWidget *window) {
+            TestOffice::whenModal("CDlgContractTemplates", [&opened](QWidget *templates) {
+                opened = true;
+                static_cast<QDialog *>(templates)->reject();
+            });
+            for (auto *button : window->findChildren<QPushButton *>()) {
+                if (button->accessibleName() == u"قالب‌های قرارداد"_s)
+                    button->click();
+            }
+            static_cast<QDialog *>(window)->reject();
+        });
+        QVERIFY(page.runCommand(u"settings"));
+        QVERIFY(opened);
+    }
+
     void tabGoesThroughTheFilterTheRowsAndTheCommandsAndRoundAgain()
     {
         addNamed(u"a"_s);
