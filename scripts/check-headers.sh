@@ -11,7 +11,7 @@ bad=0
 seen=0
 while IFS= read -r file; do
     case $file in
-        LICENSE | packaging/changelog | *.json | *.png | *.docx | *.csv | *.mdb | tests/*/data/*) continue ;;
+        LICENSE | packaging/changelog | *.json | *.png | *.webp | *.docx | *.csv | *.mdb | tests/*/data/*) continue ;;
     esac
     seen=$((seen + 1))
     start=$(head -n 6 "$root/$file")
