@@ -17,7 +17,11 @@ namespace {
 Q_LOGGING_CATEGORY(lcSnapshot, "tz.backup")
 
 constexpr int longestHoldMilliseconds = 700;
-constexpr int triesToHold = 3;
+// Who waits for the writers keeps those from going on that have not begun, and they may be what the others wait for: as long as desks
+// save one after the other, that ends by giving up only. So first it is asked often, without waiting, for a moment in which nobody writes.
+constexpr int triesAtOnce = 120;
+constexpr int shortPauseMilliseconds = 15;
+constexpr int triesToWait = 3;
 constexpr int pauseMilliseconds = 200;
 
 }
@@ -34,21 +38,23 @@ BackupSnapshot::~BackupSnapshot() = default;
 bool BackupSnapshot::tryToHold()
 {
     auto holder = std::make_unique<KConnection>(m_settings);
-    // Also within a KLongWork: everybody who writes waits behind this.
-    holder->run(QByteArrayLiteral("SET SESSION lock_wait_timeout=1"));
     if (BackupSql::rows(*holder, "SHOW VARIABLES LIKE 'wsrep_on'").value(0).value(1) == "ON")
         return false;
+    // Also within a KLongWork: everybody who writes waits behind this.
+    holder->run(QByteArrayLiteral("SET SESSION lock_wait_timeout=0"));
     for (int attempt = 1;; ++attempt) {
+        if (attempt == triesAtOnce + 1)
+            holder->run(QByteArrayLiteral("SET SESSION lock_wait_timeout=1"));
         try {
             holder->run(QByteArrayLiteral("FLUSH TABLES WITH READ LOCK"));
             m_held.start();
             break;
         } catch (const CMySQLException &error) {
-            if (error.serverCode() != ER_LOCK_WAIT_TIMEOUT || attempt == triesToHold) {
+            if (error.serverCode() != ER_LOCK_WAIT_TIMEOUT || attempt == triesAtOnce + triesToWait) {
                 qCInfo(lcSnapshot).noquote() << "the backup is not of one moment:" << error.GetErrorMessage();
                 return false;
             }
-            QThread::msleep(pauseMilliseconds);
+            QThread::msleep(attempt < triesAtOnce ? shortPauseMilliseconds : pauseMilliseconds);
         }
     }
     m_holder = std::move(holder);
