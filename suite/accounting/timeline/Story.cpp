@@ -21,6 +21,17 @@ bool mayRead(const QString &form)
     return form.isEmpty() || KSecurity::IsGranted(form, KSecurity::Read);
 }
 
+// Without the records that the user may not read. What has no right of its own (a file, a note) has that of the record on which it hangs.
+StoryScope readableOf(const StoryScope &scope, const StorySubject &subject)
+{
+    StoryScope readable = scope;
+    readable.records.removeIf([&](const auto &kind) {
+        const StorySubject *other = StorySources::ofKind(kind.key());
+        return kind.key() != subject.recordKind && (!other || !Story::isOffered(other->table));
+    });
+    return readable;
+}
+
 // Of a record that is older than the log of changes.
 void addBeginning(Story &story, const StorySubject &subject, qint32 key)
 {
@@ -66,7 +77,7 @@ Story Story::read(const QString &table, qint32 key, int limit, int database)
         if (mayRead(source->form))
             sources.append(source);
     }
-    const StoryReading::Told others = StoryReading::read(sources, scope, limit, database);
+    const StoryReading::Told others = StoryReading::read(sources, scope, readableOf(scope, *subject), limit, database);
     story.events.append(others.events);
     StoryReading::nameUsers(story.events, database);
     story.hasMore = told.isCut || others.isCut;

@@ -64,18 +64,19 @@ void addEvent(QList<StoryEvent> &events, const StorySource &source, const StoryR
 
 }
 
-StoryReading::Told StoryReading::read(const QList<const StorySource *> &sources, const StoryScope &scope, int limit, int database)
+StoryReading::Told StoryReading::read(const QList<const StorySource *> &sources, const StoryScope &scope, const StoryScope &readable, int limit, int database)
 {
     Told told;
     QList<KSql> parts;
     QList<const StorySource *> tellers; // by the number of the part
     for (const StorySource *source : sources) {
+        const StoryScope &itsScope = source->form.isEmpty() ? readable : scope;
         if (source->read) {
-            const QList<StoryEvent> events = source->read(scope, limit, database);
+            const QList<StoryEvent> events = source->read(itsScope, limit, database);
             told.isCut = told.isCut || events.size() >= limit;
             told.events.append(events);
         }
-        for (const StoryColumns &part : source->columns ? source->columns(scope) : QList<StoryColumns>()) {
+        for (const StoryColumns &part : source->columns ? source->columns(itsScope) : QList<StoryColumns>()) {
             parts.append(selectOf(part, int(tellers.size()), limit));
             tellers.append(source);
         }

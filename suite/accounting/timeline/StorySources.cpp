@@ -61,6 +61,12 @@ const StorySubject *StorySources::of(const QString &table)
     return found == enteredSubjects().end() ? nullptr : found->get();
 }
 
+const StorySubject *StorySources::ofKind(int recordKind)
+{
+    const auto found = std::ranges::find_if(enteredSubjects(), [&](const auto &subject) { return subject->recordKind == recordKind; });
+    return found == enteredSubjects().end() ? nullptr : found->get();
+}
+
 QList<const StorySource *> StorySources::all()
 {
     QList<const StorySource *> sources;

@@ -95,7 +95,7 @@ struct StorySubject
 struct StorySource
 {
     QString id;
-    QString form; // of KSecurity: who may read there is told; empty: whoever may read the record
+    QString form; // of KSecurity: who may read there is told; empty: whoever may read the record that it is about
     // Where its events stand, each part by an index; empty where there are none.
     std::function<QList<StoryColumns>(const StoryScope &scope)> columns = {};
     // What a row of them tells; nothing where it tells nothing. Its day and user are filled in.
@@ -116,6 +116,7 @@ TZACCOUNTINGDATA_EXPORT void removeSubject(const QString &table);
 TZACCOUNTINGDATA_EXPORT void removeSource(const QString &id);
 // Null for a table that nobody has entered.
 TZACCOUNTINGDATA_EXPORT const StorySubject *of(const QString &table);
+TZACCOUNTINGDATA_EXPORT const StorySubject *ofKind(int recordKind);
 TZACCOUNTINGDATA_EXPORT QList<const StorySource *> all();
 
 }

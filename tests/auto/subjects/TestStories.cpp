@@ -47,6 +47,8 @@ private Q_SLOTS:
     void demandNamesTheCars();
     void whatMayNotBeReadIsNotTold_data();
     void whatMayNotBeReadIsNotTold();
+    void whatHangsOnAContractIsToldWithIt_data();
+    void whatHangsOnAContractIsToldWithIt();
     void remindersOfOthersAreTheirs();
     void oldRowsBeginWithTheirDate();
     void longStoryIsCut();
@@ -266,6 +268,36 @@ void TestStories::whatMayNotBeReadIsNotTold()
     QVERIFY(find(story, StoryEvent::Kind::Price, u"45,000"_s));
     QVERIFY(!Story::isOffered(u"Persons"_s));
     QVERIFY_THROWS_EXCEPTION(KAccountingError, Story::read(u"Persons"_s, m_owner));
+}
+
+void TestStories::whatHangsOnAContractIsToldWithIt_data()
+{
+    QTest::addColumn<bool>("readsContracts");
+    QTest::newRow("the car alone") << false;
+    QTest::newRow("contracts too") << true;
+}
+
+// Files, pictures, notes and reminders have no right of their own: theirs is the contract's.
+void TestStories::whatHangsOnAContractIsToldWithIt()
+{
+    QFETCH(bool, readsContracts);
+    const int user = m_office->logInAs(u"reader of files %1"_s.arg(readsContracts), u"AutomobilInformations"_s, KSecurity::Read);
+    if (readsContracts)
+        KSecurity::setRights(user, u"AutomobilContracts"_s, KSecurity::Read);
+    KSecurity::forgetRights();
+    const int kind = CTblAutomobilContracts::recordKind;
+    run(u"INSERT INTO FileDocs(iTable,iRecordID,sName,iUserID,dateCreate) VALUES(%1,%2,'مبایعه نامه.pdf',%3,NOW())"_s.arg(kind).arg(m_contract->key).arg(m_office->adminID()));
+    run(u"INSERT INTO Pictures(iTable,iRecordID,iOrder,sName,iUserID,dateCreate) VALUES(%1,%2,1,'صفحه امضا',%3,NOW())"_s.arg(kind).arg(m_contract->key).arg(m_office->adminID()));
+    run(u"INSERT INTO FollowUps(iTable,iRecordID,date,sNote,iUserID,iKind) VALUES(%1,%2,NOW(),'خریدار تخفیف می‌خواهد',%3,1)"_s.arg(kind).arg(m_contract->key).arg(m_office->adminID()));
+    run(u"INSERT INTO Alarms(iTable,iRecordID,iUserID,date,sDesc) VALUES(%1,%2,%3,NOW(),'امضای قرارداد')"_s.arg(kind).arg(m_contract->key).arg(user));
+    const Story story = Story::read(u"AutomobilInformations"_s, m_car);
+    QCOMPARE(find(story, StoryEvent::Kind::File, u"مبایعه نامه.pdf"_s) != nullptr, readsContracts);
+    QCOMPARE(find(story, StoryEvent::Kind::Picture, u"صفحه امضا"_s) != nullptr, readsContracts);
+    QCOMPARE(find(story, StoryEvent::Kind::Note, u"خریدار تخفیف می‌خواهد"_s) != nullptr, readsContracts);
+    QCOMPARE(find(story, StoryEvent::Kind::Reminder, u"امضای قرارداد"_s) != nullptr, readsContracts);
+    QVERIFY(find(story, StoryEvent::Kind::File, u"کارت.pdf"_s));
+    for (const QString &table : {u"FileDocs"_s, u"Pictures"_s, u"FollowUps"_s, u"Alarms"_s})
+        run(u"DELETE FROM %1 WHERE iTable=%2 AND iRecordID=%3"_s.arg(table).arg(kind).arg(m_contract->key));
 }
 
 void TestStories::remindersOfOthersAreTheirs()
