@@ -59,7 +59,8 @@ const QList<StorySource> &moduleSources()
         {.id = u"contracts"_s, .form = storedContracts, .columns = &ContractStory::contracts, .tell = &ContractStory::tellContract, .widen = &addPersonsContracts},
         {.id = u"returns"_s, .form = storedContracts, .columns = &ContractStory::returns, .tell = &ContractStory::tellReturn},
         {.id = u"instalments"_s, .form = storedContracts, .columns = &ContractStory::instalments, .tell = &ContractStory::tellInstalment},
-        {.id = u"matches"_s, .form = storedDemands, .read = &CarStory::matches},
+        {.id = u"matches"_s, .form = storedDemands, .read = &CarStory::matchingDemands},
+        {.id = u"offers"_s, .form = storedCars, .read = &CarStory::matchingCars},
         {.id = u"cars"_s, .form = storedCars, .columns = &CarStory::cars, .tell = &CarStory::tellCar},
         {.id = u"demands"_s, .form = storedDemands, .columns = &CarStory::demands, .tell = &CarStory::tellDemand},
     };

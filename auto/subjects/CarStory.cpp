@@ -11,7 +11,7 @@
 #include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/Money.h"
 
-#include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -136,12 +136,14 @@ QList<StoryEvent> CarStory::tell(HistoryEntry &entry)
     return events;
 }
 
-QList<StoryEvent> CarStory::matches(const StoryScope &scope, int limit, int database)
+QList<StoryEvent> CarStory::matchingDemands(const StoryScope &scope, int limit, int database)
 {
-    const QList<StoryEvent> events = scope.table == carTable ? demandsFor(scope.key, database)
-        : scope.table == demandTable                         ? carsFor(scope.key, database)
-                                                             : QList<StoryEvent>();
-    return events.first(std::min<qsizetype>(limit, events.size()));
+    return scope.table == carTable ? demandsFor(scope.key, database).mid(0, limit) : QList<StoryEvent>();
+}
+
+QList<StoryEvent> CarStory::matchingCars(const StoryScope &scope, int limit, int database)
+{
+    return scope.table == demandTable ? carsFor(scope.key, database).mid(0, limit) : QList<StoryEvent>();
 }
 
 QList<StoryColumns> CarStory::cars(const StoryScope &scope)

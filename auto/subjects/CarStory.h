@@ -14,7 +14,8 @@ QList<StoryEvent> tell(HistoryEntry &entry);
 StoryEvent priceEvent(double before, double after);
 
 // In a car's story the demands that it fits, in a demand's the cars, the best so many.
-QList<StoryEvent> matches(const StoryScope &scope, int limit, int database);
+QList<StoryEvent> matchingDemands(const StoryScope &scope, int limit, int database);
+QList<StoryEvent> matchingCars(const StoryScope &scope, int limit, int database);
 // In a person's story what they offered, bought and asked for.
 QList<StoryColumns> cars(const StoryScope &scope);
 std::optional<StoryEvent> tellCar(const StoryRow &row);

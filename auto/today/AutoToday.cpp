@@ -54,6 +54,7 @@ QList<TodaySource> sources()
          .settingsSection = ContractSettings::section(),
          .read = &only<MoneyToday::unsettled>},
         {.form = u"AutomobilDemands"_s,
+         .alsoRead = {u"AutomobilInformations"_s},
          .cards = {{.id = u"matches"_s,
                     .title = u"خودروهای متناسب با تقاضا"_s,
                     .icon = u":/icons/search.svg"_s,

@@ -93,6 +93,7 @@ struct TodaySource
 {
     QString form; // of KSecurity: without that right there are no cards, and nothing is read for them; empty: everybody's
     KSecurity::Right right = KSecurity::Read;
+    QStringList alsoRead = {}; // further forms that it tells of, which must be readable too
     QList<TodayCard> cards;
     QString settingsSection = {}; // of Properties, that it needs; empty: none
     // The contents of the cards, in their order. Runs on a thread without windows, with one statement whatever the office holds. Throws

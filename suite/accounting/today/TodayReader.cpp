@@ -11,6 +11,7 @@
 #include <QLoggingCategory>
 #include <QThread>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -28,12 +29,18 @@ struct Task
     int database = 0;
 };
 
+bool mayBeTold(const TodaySource &source)
+{
+    const auto isReadable = [](const QString &form) { return KSecurity::IsGranted(form, KSecurity::Read); };
+    return (source.form.isEmpty() || KSecurity::IsGranted(source.form, source.right)) && std::ranges::all_of(source.alsoRead, isReadable);
+}
+
 Task taskOfUser(int database)
 {
     Task task;
     const QList<TodaySource> sources = TodayCards::sources();
     for (const TodaySource &source : sources) {
-        if (source.form.isEmpty() || KSecurity::IsGranted(source.form, source.right))
+        if (mayBeTold(source))
             task.sources.append(source);
     }
     if (TodayCards::figures() && KSecurity::IsGranted(TodayCards::figuresForm(), KSecurity::Read))

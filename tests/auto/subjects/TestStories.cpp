@@ -49,6 +49,7 @@ private Q_SLOTS:
     void whatMayNotBeReadIsNotTold();
     void whatHangsOnAContractIsToldWithIt_data();
     void whatHangsOnAContractIsToldWithIt();
+    void carsAreNotToldToWhoReadsDemands();
     void remindersOfOthersAreTheirs();
     void oldRowsBeginWithTheirDate();
     void longStoryIsCut();
@@ -298,6 +299,15 @@ void TestStories::whatHangsOnAContractIsToldWithIt()
     QVERIFY(find(story, StoryEvent::Kind::File, u"کارت.pdf"_s));
     for (const QString &table : {u"FileDocs"_s, u"Pictures"_s, u"FollowUps"_s, u"Alarms"_s})
         run(u"DELETE FROM %1 WHERE iTable=%2 AND iRecordID=%3"_s.arg(table).arg(kind).arg(m_contract->key));
+}
+
+void TestStories::carsAreNotToldToWhoReadsDemands()
+{
+    const int user = m_office->logInAs(u"reader of demands"_s, u"AutomobilDemands"_s, KSecurity::Read);
+    QVERIFY(!find(Story::read(u"AutomobilDemands"_s, m_demand), StoryEvent::Kind::Demand, u"هیوندای توسان"_s));
+    KSecurity::setRights(user, u"AutomobilInformations"_s, KSecurity::Read);
+    KSecurity::forgetRights();
+    QVERIFY(find(Story::read(u"AutomobilDemands"_s, m_demand), StoryEvent::Kind::Demand, u"هیوندای توسان"_s));
 }
 
 void TestStories::remindersOfOthersAreTheirs()

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void listBehindACardShowsAsMany();
     void oneStatementForEachSource();
     void cardsFollowTheRights();
+    void demandsAloneTellNoCars();
     void whatChangedWhileReadingIsReadAgain();
 
 private:
@@ -392,6 +393,15 @@ void TestAutoToday::cardsFollowTheRights()
     cards.sort();
     QCOMPARE(cards, (QStringList{u"insurance"_s, u"notes"_s, u"reminders"_s, u"standing"_s}));
     QVERIFY(!state.figures);
+}
+
+void TestAutoToday::demandsAloneTellNoCars()
+{
+    const int user = m_office->logInAs(u"فقط تقاضا"_s, u"AutomobilDemands"_s, KSecurity::Read);
+    QVERIFY(!TodayReader::readNow().cards.contains(u"matches"_s));
+    KSecurity::setRights(user, u"AutomobilInformations"_s, KSecurity::Read);
+    KSecurity::forgetRights();
+    QVERIFY(TodayReader::readNow().cards.contains(u"matches"_s));
 }
 
 void TestAutoToday::whatChangedWhileReadingIsReadAgain()
