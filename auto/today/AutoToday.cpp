@@ -86,7 +86,7 @@ AutoToday::AutoToday()
         TreasuryToday::nameNotesAbout(kind, name);
     for (const TodaySource &source : sources())
         TodayCards::enter(source);
-    TodayCards::setFigures(u"AutomobilContracts"_s, &MonthsToday::read);
+    TodayCards::setFigures(u"AutomobilContracts"_s, u"AutoFullReport"_s, &MonthsToday::read);
 }
 
 // The functions that they hold are the module's.
@@ -96,7 +96,7 @@ AutoToday::~AutoToday()
         TreasuryToday::nameNotesAbout(kind, {});
     for (const TodaySource &source : sources())
         TodayCards::remove(source.cards.constFirst().id);
-    TodayCards::setFigures({}, {});
+    TodayCards::setFigures({}, {}, {});
 }
 
 void AutoToday::enter()

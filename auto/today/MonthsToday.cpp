@@ -61,7 +61,7 @@ KSql inGroups(std::span<const int> groups)
     return "(" + KSql::joined(ranges, " OR ") + ")";
 }
 
-KSql statement(const QList<QDate> &months, const QDate &today)
+KSql statement(const QList<QDate> &months, const QDate &today, bool tellsIncome)
 {
     const QDate oldest = months.constLast();
     const QDate first = months.constFirst();
@@ -71,14 +71,14 @@ KSql statement(const QList<QDate> &months, const QDate &today)
             + "),0 FROM Documents h JOIN Docs d ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.iStatus=0 AND " + within("h.date", first, today)
             + " AND " + inGroups(groups) + " GROUP BY 2";
     };
-    return KSql::formatted("SELECT %1,", int(Contracts)) + monthOf("dateContract", months)
+    const KSql counted = KSql::formatted("SELECT %1,", int(Contracts)) + monthOf("dateContract", months)
         + " month,COUNT(*),SUM(dAmount),SUM(dCommission) FROM AutomobilContracts WHERE iStatus=0 AND " + within("dateContract", oldest, today) + " AND "
         + Placeholders::none(u"AutomobilContracts"_s) + " GROUP BY 2" + KSql::formatted(" UNION ALL SELECT %1,", int(CarsIn)) + monthOf("dateCreate", months)
         + ",COUNT(*),0,0 FROM AutomobilInformations WHERE iStatus=0 AND " + within("dateCreate", oldest, today) + " AND "
         + Placeholders::none(u"AutomobilInformations"_s) + " GROUP BY 2" + KSql::formatted(" UNION ALL SELECT %1,", int(CarsOut)) + monthOf("dateBuy", months)
         + ",COUNT(*),0,0 FROM AutomobilInformations WHERE iStatus=0 AND bSold<>0 AND " + within("dateBuy", oldest, today) + " AND "
-        + Placeholders::none(u"AutomobilInformations"_s) + " GROUP BY 2" + daily(Income, "d.dBes-d.dBed", income)
-        + daily(Expenses, "d.dBed-d.dBes", ComprehensiveReport::expenseGroups);
+        + Placeholders::none(u"AutomobilInformations"_s) + " GROUP BY 2";
+    return tellsIncome ? counted + daily(Income, "d.dBes-d.dBed", income) + daily(Expenses, "d.dBed-d.dBes", ComprehensiveReport::expenseGroups) : counted;
 }
 
 void addUp(QList<double> &days)
@@ -95,10 +95,12 @@ TodayFigures MonthsToday::read(const TodayFrame &frame)
     const QList<QDate> months = beginnings(frame.today);
     for (std::size_t month = 0; month < figures.months.size(); ++month)
         figures.months[month].name = shamsiMonthName(GetShamsi(months.at(qsizetype(month))).month);
-    figures.income.resize(months.constFirst().daysTo(frame.today) + 1);
-    figures.expenses.resize(figures.income.size());
+    if (frame.tellsIncome) {
+        figures.income.resize(months.constFirst().daysTo(frame.today) + 1);
+        figures.expenses.resize(figures.income.size());
+    }
     CTblTemp query(frame.database);
-    for (query.ExecuteQuery(statement(months, frame.today)); query.HasResultRow(); query.MoveNextResult()) {
+    for (query.ExecuteQuery(statement(months, frame.today, frame.tellsIncome)); query.HasResultRow(); query.MoveNextResult()) {
         const auto at = static_cast<std::size_t>(query.GetLongFieldValue(1));
         const int count = query.GetLongFieldValue(2);
         switch (query.GetLongFieldValue(0)) {

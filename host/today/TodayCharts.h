@@ -23,11 +23,13 @@ public:
 
     // Name and contracts of each month, the running one first.
     void setMonths(const QList<std::pair<QString, int>> &months);
-    // Of the running month, as setMonths named it, a value per day from its first to today, each with those before it.
+    // Of the running month, as setMonths named it, a value per day from its first to today, each with those before it. Without any there is no
+    // second chart.
     void setDays(const QList<double> &income, const QList<double> &expenses);
 
 private:
     QString m_month;
     MonthBars *m_bars;
     DayCurves *m_curves;
+    QWidget *m_curvesHead;
 };

@@ -13,6 +13,7 @@ struct Entered
 {
     QList<TodaySource> sources;
     QString figuresForm;
+    QString incomeForm;
     TodayCards::Figures figures;
 };
 
@@ -54,9 +55,10 @@ QList<TodayCard> TodayCards::cards()
     return cards;
 }
 
-void TodayCards::setFigures(const QString &form, const Figures &figures)
+void TodayCards::setFigures(const QString &form, const QString &incomeForm, const Figures &figures)
 {
     entered().figuresForm = form;
+    entered().incomeForm = incomeForm;
     entered().figures = figures;
 }
 
@@ -68,6 +70,11 @@ TodayCards::Figures TodayCards::figures()
 QString TodayCards::figuresForm()
 {
     return entered().figuresForm;
+}
+
+QString TodayCards::incomeForm()
+{
+    return entered().incomeForm;
 }
 
 QString TodayCards::dayText(int daysFromToday)

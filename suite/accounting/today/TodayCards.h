@@ -29,6 +29,7 @@ struct TZACCOUNTINGDATA_EXPORT TodayFrame
     int decimals = 0;      // of the money unit
     int unsettledDays = 7; // a contract that is owed for longer is told
     int standingDays = 45; // and a car that stands for longer
+    bool tellsIncome = false; // the user may see what the office earns and spends
     int database = 0;
     // As they were read along, with the sections that the sources name.
     std::shared_ptr<const OfficeSettings> settings = {};
@@ -115,7 +116,7 @@ struct TodayFigures
     };
 
     std::array<Month, 6> months;
-    // Of the running month, by day from its first to today, each day with those before it.
+    // Of the running month, by day from its first to today, each day with those before it; empty for whom they are not told.
     QList<double> income;
     QList<double> expenses;
 };
@@ -132,10 +133,11 @@ public:
     static QList<TodayCard> cards();
 
     using Figures = std::function<TodayFigures(const TodayFrame &frame)>;
-    // Read for whoever may read the form; an empty function: nobody tells any.
-    static void setFigures(const QString &form, const Figures &figures);
+    // Read for whoever may read the form; an empty function: nobody tells any. Income and expenses for whoever may open incomeForm.
+    static void setFigures(const QString &form, const QString &incomeForm, const Figures &figures);
     static Figures figures();
     static QString figuresForm();
+    static QString incomeForm();
 
     // Words for a day that is so far away: "امروز", "فردا", "۳ روز دیگر", "۱۲ روز گذشته" with ASCII digits.
     static QString dayText(int daysFromToday);

@@ -26,6 +26,7 @@ struct Task
     QList<TodaySource> sources;
     TodayCards::Figures figures;
     qint32 userID = 0;
+    bool tellsIncome = false;
     int database = 0;
 };
 
@@ -46,6 +47,7 @@ Task taskOfUser(int database)
     if (TodayCards::figures() && KSecurity::IsGranted(TodayCards::figuresForm(), KSecurity::Read))
         task.figures = TodayCards::figures();
     task.userID = GetDBSetting()->GetUserID();
+    task.tellsIncome = KSecurity::IsGranted(TodayCards::incomeForm(), KSecurity::Access);
     task.database = database;
     return task;
 }
@@ -64,6 +66,7 @@ TodayFrame frameOf(const Task &task)
             .decimals = settings.moneyDecimals(),
             .unsettledDays = TodaySettings::unsettledDays(settings),
             .standingDays = TodaySettings::standingDays(settings),
+            .tellsIncome = task.tellsIncome,
             .database = task.database,
             .settings = read};
 }

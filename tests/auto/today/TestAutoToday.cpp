@@ -57,6 +57,7 @@ private Q_SLOTS:
     void oneStatementForEachSource();
     void cardsFollowTheRights();
     void demandsAloneTellNoCars();
+    void incomeIsToldWithTheReport();
     void whatChangedWhileReadingIsReadAgain();
 
 private:
@@ -402,6 +403,24 @@ void TestAutoToday::demandsAloneTellNoCars()
     KSecurity::setRights(user, u"AutomobilInformations"_s, KSecurity::Read);
     KSecurity::forgetRights();
     QVERIFY(TodayReader::readNow().cards.contains(u"matches"_s));
+}
+
+// Who writes contracts sees how many there are; what the office earns and spends is the report's.
+void TestAutoToday::incomeIsToldWithTheReport()
+{
+    addContract(0);
+    const int user = m_office->logInAs(u"فروشنده"_s, u"AutomobilContracts"_s, KSecurity::Read);
+    const std::optional<TodayFigures> without = TodayReader::readNow().figures;
+    QVERIFY(without);
+    QCOMPARE(without->months[0].contracts, 1);
+    QVERIFY(without->income.isEmpty());
+    QVERIFY(without->expenses.isEmpty());
+    KSecurity::setRights(user, u"AutoFullReport"_s, KSecurity::Access);
+    KSecurity::forgetRights();
+    const std::optional<TodayFigures> with = TodayReader::readNow().figures;
+    QVERIFY(with);
+    QVERIFY(!with->income.isEmpty());
+    QVERIFY(!with->expenses.isEmpty());
 }
 
 void TestAutoToday::whatChangedWhileReadingIsReadAgain()

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void firstDayIsOneDay();
     void figuresAreToldToWhoDoesNotSeeThem();
     void cardOfTheMonthHasThem();
+    void daysThatAreNotToldHaveNoChart();
 };
 
 void TestTodayCharts::runningMonthIsAtTheLeftAndStandsOut()
@@ -164,6 +165,17 @@ void TestTodayCharts::figuresAreToldToWhoDoesNotSeeThem()
     QCOMPARE(curves->accessibleDescription(), QString());
     charts.resize(360, 330);
     QVERIFY(!chartPicture(charts).isNull());
+}
+
+void TestTodayCharts::daysThatAreNotToldHaveNoChart()
+{
+    TodayCharts charts;
+    charts.setMonths(halfYear);
+    charts.setDays({}, {});
+    QVERIFY(charts.findChild<DayCurves *>()->isHidden());
+    QVERIFY(!charts.findChild<MonthBars *>()->isHidden());
+    charts.setDays({1}, {0});
+    QVERIFY(!charts.findChild<DayCurves *>()->isHidden());
 }
 
 void TestTodayCharts::cardOfTheMonthHasThem()
