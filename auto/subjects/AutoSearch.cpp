@@ -97,7 +97,7 @@ void enterSoughtCars()
                         .hitColumns = {{u"t.iID"_s, u"t.iCode"_s, u"b.sName"_s, u"m.sName"_s, u"c.sName"_s, u"i.sName"_s, u"t.iYear"_s, u"p.sName2"_s, u"t.sNumOfPlates"_s, u"t.sVIN"_s, u"t.bSold"_s, u"t.iArchiveUserID"_s}, "AutomobilInformations t LEFT JOIN Persons p ON p.iID=t.iPersonID LEFT JOIN CarBrands b ON b.iID=t.iAutomobilType LEFT JOIN CarModels m ON m.iID=t.iModel LEFT JOIN CarClasses c ON c.iID=t.iBrigade LEFT JOIN Items i ON i.iID=t.iColor"},
                         .hit = &carHit,
                         .listKey = "ai.iID",
-                        .facts = [](qint32 key, int database) { return CarFacts::of(key, database); }});
+                        .facts = [](qint32 key, const QList<int> &readable, int database) { return CarFacts::of(key, readable, database); }});
 }
 
 void enterSoughtDemands()

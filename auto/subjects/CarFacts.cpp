@@ -49,7 +49,7 @@ qint32 CarFacts::contractOf(qint32 key, int database)
     return car.IsRecordExist(u"iID"_s, key) ? contractAbout(car) : 0;
 }
 
-QList<std::pair<QString, QString>> CarFacts::of(qint32 key, int database)
+QList<std::pair<QString, QString>> CarFacts::of(qint32 key, const QList<int> &readable, int database)
 {
     QList<std::pair<QString, QString>> facts;
     CTblAutomobilInformations car(database);
@@ -61,10 +61,12 @@ QList<std::pair<QString, QString>> CarFacts::of(qint32 key, int database)
     facts.append({u"مالک"_s, owner.isEmpty() ? none : owner});
     if (car.m_dAmount > 0)
         facts.append({u"قیمت"_s, DToMoney(car.m_dAmount)});
-    if (!car.m_bSold) {
+    if (!car.m_bSold && readable.contains(SearchKinds::Demands)) {
         const auto matching = MatchingDemands::of(key, database);
         facts.append({u"متقاضیان"_s, QString::number(matching ? matching->demands.size() : 0)});
     }
+    if (!readable.contains(SearchKinds::Contracts))
+        return facts;
     CTblAutomobilContracts contract(database);
     const qint32 about = contractAbout(car);
     if (about == 0 || !contract.IsRecordExist(u"iID"_s, about)) {

@@ -70,11 +70,12 @@ void SearchTask::find(const QString &typed, const QList<int> &kinds)
     work(ask, m_latestFind);
 }
 
+// The rights are known on this thread.
 void SearchTask::tellOf(const SearchHit &hit)
 {
-    const auto ask = [this, hit]() -> std::function<void()> {
+    const auto ask = [this, hit, readable = SearchFinding::readable()]() -> std::function<void()> {
         const SearchKind kind = SearchKinds::of(hit.kind);
-        const Facts facts = kind.facts ? kind.facts(hit.key, 0) : Facts();
+        const Facts facts = kind.facts ? kind.facts(hit.key, readable, 0) : Facts();
         return [this, hit, facts] { Q_EMIT told(hit, facts); };
     };
     work(ask, m_latestFacts);

@@ -51,8 +51,9 @@ struct SearchKind
     std::function<SearchHit(const SearchRow &row)> hit = {};
     // How the list of the kind names the table's key in a condition.
     KSql listKey = "iID";
-    // What is worth knowing of one record that was found, a label and a text each; empty: nothing more.
-    std::function<QList<std::pair<QString, QString>>(qint32 key, int database)> facts = {};
+    // What is worth knowing of one record that was found, a label and a text each; of other kinds of record only of those that may be read
+    // (numbers). Empty: nothing more.
+    std::function<QList<std::pair<QString, QString>>(qint32 key, const QList<int> &readable, int database)> facts = {};
 };
 
 // The kinds that this program searches; entered by SearchIndex, which follows their rows.

@@ -68,6 +68,7 @@ private Q_SLOTS:
     void storyIsToldByItsKey();
     void allOpensTheListOfThem();
     void factsOfTheChosenCar();
+    void factsFollowTheRights();
     void onlyWhatTheUserMaySee();
     void deletedMeanwhileIsTold();
     void officeFromBeforeGetsItsKeys();
@@ -306,6 +307,23 @@ void TestSearchBox::factsOfTheChosenCar()
     QTRY_VERIFY(facts->isVisible());
     for (const QString &text : {u"مالک: مجید کشاورز، 09121006327"_s, u"متقاضیان: 0"_s, u"قرارداد: 134"_s})
         QVERIFY2(facts->text().contains(text), qPrintable(facts->text()));
+}
+
+void TestSearchBox::factsFollowTheRights()
+{
+    const int admin = GetDBSetting()->GetUserID();
+    const int clerk = CTblUsers::create(u"of cars alone"_s, u"secret"_s, {}, false);
+    KSecurity::setRights(clerk, u"AutomobilInformations"_s, KSecurity::Access | KSecurity::Read);
+    GetDBSetting()->Login(clerk);
+    look(u"12ب345"_s);
+    const auto *facts = m_window->findChild<QLabel *>(u"searchFacts"_s);
+    QTRY_VERIFY(facts->isVisible());
+    const QString text = facts->text();
+    Hand::press(Qt::Key_Escape);
+    GetDBSetting()->Login(admin);
+    QVERIFY2(text.contains(u"مالک: مجید کشاورز"_s), qPrintable(text));
+    for (const QString &withheld : {u"متقاضیان"_s, u"قرارداد"_s})
+        QVERIFY2(!text.contains(withheld), qPrintable(text));
 }
 
 void TestSearchBox::onlyWhatTheUserMaySee()
