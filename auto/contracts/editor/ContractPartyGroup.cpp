@@ -8,6 +8,7 @@
 #include "suite/crm/persons/CompanyDetails.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/crm/persons/PersonTwins.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/twins/TwinNote.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -131,10 +132,13 @@ ContractPartyGroup::ContractPartyGroup(const ContractPartySide &side, KForm &for
     offerKnownPerson();
 }
 
-// Who is typed by hand and is in the list of persons already can be taken from there.
+// Who is typed by hand and is in the list of persons already can be taken from there, by whoever may choose from it.
 void ContractPartyGroup::offerKnownPerson()
 {
-    const auto find = [this](const QString &code) { return kind() == PartyKind::Other ? PersonTwins::ofNationalCode(code, 0) : std::nullopt; };
+    const auto find = [this](const QString &code) {
+        const bool isOffered = kind() == PartyKind::Other && KSecurity::IsGranted(u"Persons"_s, KSecurity::Access);
+        return isOffered ? PersonTwins::ofNationalCode(code, 0) : std::nullopt;
+    };
     const auto take = [this](const Twin &person) {
         setKind(PartyKind::Ordinary);
         takePerson(person.key);

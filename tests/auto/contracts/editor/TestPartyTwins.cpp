@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -58,6 +59,26 @@ private Q_SLOTS:
         QVERIFY(noted(u"0012345679"_s));
         party->setKind(PartyKind::Ordinary);
         QVERIFY(!noted(u"0012345679"_s));
+    }
+
+    void personIsOfferedToWhoMayChooseOne()
+    {
+        const int user = m_office->logInAs(u"clerk"_s, u"AutomobilContracts"_s, KSecurity::allRights);
+        auto dialog = opened(Dialog::addPlaceholder(), Mode::New);
+        ContractPartyGroup *party = dialog->basePage()->secondParty();
+        party->setKind(PartyKind::Other);
+        KEdit *code = edit(*dialog, "sNationalId2");
+        const auto note = [code] {
+            code->setText(u"0012345679"_s);
+            Q_EMIT code->editingFinished();
+            return FieldNote::of(code)->text();
+        };
+        QVERIFY2(!note().contains(u"سارا کریمی"_s), qPrintable(note()));
+        QTest::keyClick(code, Qt::Key_T, Qt::ControlModifier);
+        QCOMPARE(party->personField()->personID(), 0);
+        KSecurity::setRights(user, u"Persons"_s, KSecurity::Access);
+        KSecurity::forgetRights();
+        QVERIFY2(note().contains(u"سارا کریمی"_s), qPrintable(note()));
     }
 };
 
