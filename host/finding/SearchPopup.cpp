@@ -66,6 +66,7 @@ SearchPopup::SearchPopup(QWidget *window)
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this, &SearchPopup::chosenChanged);
     m_sentence->setAlignment(Qt::AlignCenter);
     m_sentence->setWordWrap(true);
+    m_sentence->setTextFormat(Qt::PlainText);
     m_sentence->setForegroundRole(HostColors::quietText);
     m_sentence->setContentsMargins(LookSizes::windowMargin, 2 * LookSizes::windowMargin, LookSizes::windowMargin, 2 * LookSizes::windowMargin);
     m_facts->setWordWrap(true);

@@ -85,6 +85,7 @@ StoryCard::StoryCard(QWidget *parent)
     LookFonts::apply(m_title, LookFonts::Use::Page);
     LookFonts::apply(m_second, LookFonts::Use::Label);
     m_second->setWordWrap(true);
+    m_second->setTextFormat(Qt::PlainText);
     auto *head = new QHBoxLayout;
     head->addWidget(m_title, 1);
     head->addWidget(m_state);
