@@ -7,8 +7,6 @@ import os
 import select
 import time
 
-from .server import ACCOUNT, OFFICE
-
 PATIENCE = 60.0
 
 
@@ -18,12 +16,6 @@ class DeskGone(AssertionError):
 
 class NoAnswer(AssertionError):
     """The desk did not answer in time."""
-
-
-def options(server, folder, *, port=None, address=None):
-    """How a program connects to the server, directly, through a wire, or to the nodes of a cluster."""
-    return ["--data-dir", folder, "--connect", f"{address or f'127.0.0.1:{port or server.port}'}/{OFFICE}", "--user", ACCOUNT,
-            "--password-file", server.password_file]
 
 
 class Desk:

@@ -13,13 +13,13 @@ import time
 import traceback
 
 from lib.processes import Processes
+from lib.server import OFFICE, Server
 from lib.sound_books import check as check_books
 
 from . import CLERK
 from .cluster import Cluster
-from .desk import Desk, options
+from .desk import Desk
 from .folder import OfficeFolder
-from .server import OFFICE, Server
 from .wire import Wire
 
 
@@ -93,7 +93,7 @@ class Rig:
     def desk(self, *, port=None, address=None, user=CLERK):
         """Another desk, logged in unless user is None."""
         self._count += 1
-        desk = Desk(self._processes, self._arguments.tzdesk, options(self.server, self._place(), port=port, address=address),
+        desk = Desk(self._processes, self._arguments.tzdesk, ["--data-dir", self._place(), *self.server.options(port=port, address=address)],
                     self._log("desk"), self._environment())
         if user is not None:
             desk.do("login", user)
@@ -103,7 +103,7 @@ class Rig:
         """The real program, which is told nothing; the process."""
         self._count += 1
         return self._processes.start(
-            [self._arguments.tzhost, *options(self.server, self._place(), port=port), *further],
+            [self._arguments.tzhost, "--data-dir", self._place(), *self.server.options(port=port), *further],
             log=self._log("program"), environment=self._environment())
 
     def folder(self, name):

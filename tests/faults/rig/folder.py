@@ -8,9 +8,8 @@ import os
 import shutil
 
 from lib.database import Database
+from lib.server import ACCOUNT, free_port
 from lib.waiting import wait_for
-
-from .server import ACCOUNT, free_port
 
 OFFICE = "tzauto"
 PATIENCE = 120

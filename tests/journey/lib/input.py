@@ -21,6 +21,10 @@ class Input:
         """The title of the window that gets the keys; None when there is none."""
         return self._ask("getwindowfocus", "getwindowname")
 
+    def bring_to_front(self, process_id, name):
+        """A window of one of several programs on the screen."""
+        self._run("search", "--all", "--onlyvisible", "--pid", str(process_id), "--name", name, "windowactivate")
+
     def keys(self, *keys):
         """Presses keys one after the other: "Tab", "ctrl+a"."""
         self._run("key", "--delay", "4", *keys)

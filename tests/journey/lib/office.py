@@ -22,15 +22,17 @@ DEMO_USER = "demo"
 
 
 class Office:
-    """One data folder and the program that runs on it. driver decides how everything is done."""
+    """One data folder and the program that runs on it, on a database of its own or on an office's server. driver decides how everything is
+    done."""
 
-    def __init__(self, desktop, program, data_folder, pictures, driver="tree"):
+    def __init__(self, desktop, program, data_folder, pictures, driver="tree", server=None):
         self.desktop = desktop
         self.program = program
         self.data_folder = data_folder
         self.pictures = pictures
         self.input = Input(desktop.environment)
         self._kind_of_driver = driver
+        self._server = server
         self._company = COMPANY
         self._process = None
         self.tree = None
@@ -40,8 +42,9 @@ class Office:
 
     def start(self, *options):
         """Starts the program; its first window is not awaited here."""
+        server = self._server.options() if self._server else []
         self._process = self.desktop.processes.start(
-            [self.program, "--data-dir", self.data_folder, *options], log=self.desktop.log("program"),
+            [self.program, "--data-dir", self.data_folder, *server, *options], log=self.desktop.log("program"),
             environment=self.desktop.environment)
         self.tree = Tree(self._process.pid)
         self.driver = DRIVERS[self._kind_of_driver](self.tree, self.input)
@@ -98,7 +101,11 @@ class Office:
 
     @property
     def database(self):
-        return Database(self.data_folder)
+        return self._server.database if self._server else Database(self.data_folder)
+
+    def another_desk(self, name, server):
+        """The same program once more on this screen, for another user of the office's server."""
+        return Office(self.desktop, self.program, os.path.join(self.desktop.home, name), self.pictures, self._kind_of_driver, server)
 
     def open_contracts(self, picture=None):
         """The contract list, opened from the menu; returns its table."""
@@ -116,6 +123,11 @@ class Office:
     def command(self, caption):
         """A button of the list that shows in the main window."""
         self.driver.press(caption, self.main)
+
+    def come_forward(self, window):
+        """Before the other program that shares the screen."""
+        self.input.bring_to_front(self._process.pid, window.name)
+        self.driver.ready(window)
 
     def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
         """Checks that the message on screen holds the text, and answers it."""

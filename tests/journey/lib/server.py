@@ -10,8 +10,8 @@ import signal
 import socket
 import subprocess
 
-from lib.database import Database
-from lib.waiting import wait_for
+from .database import Database
+from .waiting import wait_for
 
 ACCOUNT = "desk"
 OFFICE = "office"
@@ -37,6 +37,11 @@ class Server:
     @property
     def password_file(self):
         return os.path.join(self._folder, "password")
+
+    def options(self, *, port=None, address=None):
+        """How a program connects to the server, directly, through a wire, or to the nodes of a cluster."""
+        return ["--connect", f"{address or f'127.0.0.1:{port or self.port}'}/{OFFICE}", "--user", ACCOUNT,
+                "--password-file", self.password_file]
 
     @property
     def database(self):
