@@ -441,7 +441,8 @@ void KExtListCtrl::selectRow(int row)
         setCurrentIndex({});
         return;
     }
-    setCurrentIndex(index);
+    // Not by the view, which would obey a Ctrl that is still down from closing an editor, and mark nothing.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
 }
 
