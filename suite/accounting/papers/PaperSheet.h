@@ -46,13 +46,15 @@ struct PaperSheet
 
     QString kind; // plain English: under it the paper's size is remembered
     QString title;
+    bool isLetter = false; // goes without its title at its head
     QString fileName;   // that a PDF is offered; without date and ending
     QList<Fact> marks;  // beside the title: number, date
     QByteArray picture; // encoded
     QString headline;   // in large letters
     QList<Fact> facts;
     Fact highlight; // in large letters within a frame of its own
-    QString body;   // paragraphs
+    QString opening; // above the body, in strong letters
+    QString body;    // paragraphs
     QList<Column> columns;
     QList<QList<Cell>> rows;
     QList<Fact> totals;

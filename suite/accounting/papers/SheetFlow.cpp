@@ -23,6 +23,12 @@ const QColor stateColor(0xb3, 0x26, 0x1e, 0x66);
 constexpr double smallFactor = 0.8;
 constexpr double titleFactor = 1.5;
 constexpr double headlineFactor = 2.4;
+constexpr int leastLines = 2; // of a text, on the page where it begins, ends or goes with signatures
+
+double squareSide()
+{
+    return millimetres(32);
+}
 
 QRectF fitted(const QSizeF &size, const QRectF &box, Qt::Alignment side)
 {
@@ -56,6 +62,32 @@ SheetItem stateAcross(const QRectF &area, const QString &word)
         painter.drawRoundedRect(frame, millimetres(3), millimetres(3));
         SheetText::draw(painter, frame, word, style);
         painter.restore();
+    };
+}
+
+// Of each line, whether a page may end before it. A page keeps two lines of a paragraph that goes on, and so does the next; holdsEnd: and
+// two of the text's end.
+std::vector<bool> partings(const QTextLayout &layout, bool holdsEnd)
+{
+    const int count = layout.lineCount();
+    const auto beginsParagraph = [&](int line) {
+        return line >= count || line == 0 || layout.text().at(layout.lineAt(line).textStart() - 1) == QChar(QChar::LineSeparator);
+    };
+    std::vector<bool> parts;
+    for (int line = 0; line < count; ++line) {
+        const bool isWidow = !beginsParagraph(line) && (beginsParagraph(line - 1) || beginsParagraph(line + 1));
+        parts.push_back(!isWidow && (!holdsEnd || line <= count - leastLines));
+    }
+    return parts;
+}
+
+SheetItem lineAt(const std::shared_ptr<QTextLayout> &layout, int line, const QPointF &at, double height)
+{
+    return [=](QPainter &painter) {
+        painter.setPen(Qt::black);
+        QTextLine one = layout->lineAt(line);
+        one.setPosition({0, (height - one.height()) / 2});
+        one.draw(&painter, at);
     };
 }
 
@@ -95,10 +127,11 @@ SheetFlow::SheetFlow(const PaperSheet &sheet, const Letterhead &office, const QR
     layHeadline();
     layFacts();
     layHighlight();
-    layText(sheet.body);
+    layOpening();
+    layText(sheet.body, sheet.columns.isEmpty() && sheet.totals.isEmpty() && sheet.notes.isEmpty() ? closingHeight() : 0);
     layTable();
     layTotals();
-    layText(sheet.notes);
+    layText(sheet.notes, sheet.totals.isEmpty() ? closingHeight() : 0);
     layClosing();
     layFeet();
 }
@@ -143,11 +176,12 @@ void SheetFlow::layHead()
     const double side = m_area.width() * 0.36;
     const double office = layOffice({m_area.right() - side, m_area.top(), side, millimetres(34)});
     const QRectF middle(m_area.left() + m_area.width() * 0.26, m_area.top(), m_area.width() * 0.38, millimetres(16));
-    put(middle, m_sheet.title, style(titleFactor, true, Qt::AlignHCenter));
+    const QString title = m_sheet.isLetter ? QString() : m_sheet.title;
+    put(middle, title, style(titleFactor, true, Qt::AlignHCenter));
     layMarks({m_area.left(), m_area.top(), m_area.width() * 0.26, millimetres(20)});
     const double marks = static_cast<double>(m_sheet.marks.size()) * SheetText::lineHeight(style().font);
-    const double title = SheetText::height(m_sheet.title, middle.width(), style(titleFactor, true, Qt::AlignHCenter));
-    m_y = m_area.top() + std::max({office, marks, title}) + millimetres(2.5);
+    const double titleHeight = SheetText::height(title, middle.width(), style(titleFactor, true, Qt::AlignHCenter));
+    m_y = m_area.top() + std::max({office, marks, titleHeight}) + millimetres(2.5);
     m_top = m_y;
 }
 
@@ -287,27 +321,60 @@ void SheetFlow::layHighlight()
     m_y += height + millimetres(3);
 }
 
-// Line by line, so that a text longer than a page goes on.
-void SheetFlow::layText(const QString &text)
+// Above the text, and never without its beginning.
+void SheetFlow::layOpening()
+{
+    if (m_sheet.opening.isEmpty())
+        return;
+    const Style strong = style(1.05, true);
+    const double width = m_area.width() - millimetres(4);
+    const double height = SheetText::height(m_sheet.opening, width, strong);
+    need(height + leastLines * SheetText::lineHeight(style().font));
+    put({m_area.left() + millimetres(2), m_y, width, height}, m_sheet.opening, strong);
+    m_y += height + millimetres(2);
+}
+
+// Line by line, so that a text longer than a page goes on. follows: the height of what must not stand without the text's last lines.
+void SheetFlow::layText(const QString &text, double follows)
 {
     if (text.isEmpty())
         return;
     const Style plain = style();
     const double line = SheetText::lineHeight(plain.font);
+    const double gap = millimetres(3);
     auto layout = std::make_shared<QTextLayout>(QString(text).remove(u'\r').replace(u'\n', QChar(QChar::LineSeparator)), plain.font);
     SheetText::lay(*layout, m_area.width() - millimetres(4), plain);
-    for (int i = 0; i < layout->lineCount(); ++i) {
-        need(line);
-        const QPointF at(m_area.left() + millimetres(2), m_y);
-        add([layout, i, at, line](QPainter &painter) {
-            painter.setPen(Qt::black);
-            QTextLine one = layout->lineAt(i);
-            one.setPosition({0, (line - one.height()) / 2});
-            one.draw(&painter, at);
-        });
-        m_y += line;
+    const std::vector<bool> parts = partings(*layout, follows > 0);
+    const auto count = static_cast<int>(parts.size());
+    for (int from = 0; from < count;) {
+        const int to = lastLine(parts, from, line, follows > 0 ? gap + follows : 0);
+        if (to == from) {
+            newPage();
+            continue;
+        }
+        for (int i = from; i < to; ++i, m_y += line)
+            add(lineAt(layout, i, {m_area.left() + millimetres(2), m_y}, line));
+        from = to;
+        if (from < count)
+            newPage();
     }
-    m_y += millimetres(3);
+    m_y += gap;
+}
+
+// How far a text goes on this page: the line behind its last one there, from itself where it had better begin on the next page.
+int SheetFlow::lastLine(const std::vector<bool> &parts, int from, double line, double follows) const
+{
+    const auto count = static_cast<int>(parts.size());
+    if ((count - from) * line + follows <= left())
+        return count;
+    const bool isFresh = m_y <= m_top + 1;
+    const int fits = std::clamp(static_cast<int>(left() / line), isFresh ? 1 : 0, count - from);
+    for (int to = std::min(from + fits, count - 1); to > from; --to) {
+        if (parts.at(static_cast<std::size_t>(to)))
+            return to;
+    }
+    // A page of its own is parted where it ends.
+    return isFresh ? from + fits : from;
 }
 
 double SheetFlow::rowHeight(const QList<PaperSheet::Cell> &row) const
@@ -425,12 +492,17 @@ void SheetFlow::layTotals()
         m_y += millimetres(2);
 }
 
+double SheetFlow::closingHeight() const
+{
+    return std::max(QrCode(m_sheet.scanCode).isEmpty() ? 0 : squareSide(), m_sheet.signatures.isEmpty() ? 0 : millimetres(24));
+}
+
 // Signatures, and beside them the square for telephones.
 void SheetFlow::layClosing()
 {
     const QrCode code(m_sheet.scanCode);
-    const double square = code.isEmpty() ? 0 : millimetres(32);
-    const double height = std::max(square, m_sheet.signatures.isEmpty() ? 0 : millimetres(24));
+    const double square = code.isEmpty() ? 0 : squareSide();
+    const double height = closingHeight();
     if (height <= 0)
         return;
     need(height);

@@ -37,13 +37,16 @@ private:
     void layHeadline();
     void layFacts();
     void layHighlight();
-    void layText(const QString &text);
+    void layOpening();
+    void layText(const QString &text, double follows);
+    int lastLine(const std::vector<bool> &parts, int from, double line, double follows) const;
     void layTable();
     void layTitles();
     double rowHeight(const QList<PaperSheet::Cell> &row) const;
     void layRow(const QList<PaperSheet::Cell> &row, double height, bool strong, bool titles);
     QList<PaperSheet::Cell> sumRow(const QString &label, const QList<double> &sums) const;
     void layTotals();
+    double closingHeight() const;
     void layClosing();
     void layFeet();
 

@@ -40,6 +40,33 @@ DocumentSheet::Source longDocument(int rows)
     return source;
 }
 
+// A paragraph each, which other programs read back as it is.
+QString numbered(int lines)
+{
+    QStringList all;
+    for (int i = 0; i < lines; ++i)
+        all.append(u"N%1N"_s.arg(i));
+    return all.join(u'\n');
+}
+
+PaperSheet letterOf(const QString &body)
+{
+    PaperSheet letter;
+    letter.title = u"نامه"_s;
+    letter.isLetter = true;
+    letter.opening = u"جناب آقای علی رضایی"_s;
+    letter.body = body;
+    letter.signatures = {{u"امضا"_s, u"مدیر"_s}};
+    return letter;
+}
+
+void sizes()
+{
+    QTest::addColumn<SheetPages::Size>("size");
+    QTest::newRow("A5") << SheetPages::Size::A5;
+    QTest::newRow("A4") << SheetPages::Size::A4;
+}
+
 // What the foot of a page says, in no order: readers of PDFs turn a line from right to left about.
 QStringList pageNumbers(const QString &text)
 {
@@ -66,6 +93,11 @@ private Q_SLOTS:
     void tableGoesOnWithItsSums();
     void nothingLeavesThePage_data();
     void nothingLeavesThePage();
+    void signaturesHaveTextAboveThem_data();
+    void signaturesHaveTextAboveThem();
+    void paragraphsArePartedInTwoLinesAtLeast();
+    void noWordIsLost_data();
+    void noWordIsLost();
     void whatIsEmptyLeavesNoLabel();
     void returnSaysWhatItReturns();
     void voidIsSaidOnEveryPage();
@@ -75,9 +107,7 @@ private Q_SLOTS:
 
 void TestSheetPages::tableGoesOnWithItsSums_data()
 {
-    QTest::addColumn<SheetPages::Size>("size");
-    QTest::newRow("A5") << SheetPages::Size::A5;
-    QTest::newRow("A4") << SheetPages::Size::A4;
+    sizes();
 }
 
 void TestSheetPages::tableGoesOnWithItsSums()
@@ -136,6 +166,92 @@ void TestSheetPages::nothingLeavesThePage()
         for (int page = 0; page < proof.pageCount(); ++page) {
             const QRectF ink = proof.inked(page);
             QVERIFY2(QRectF(0.045, 0.03, 0.91, 0.94).contains(ink), qPrintable(u"page %1: %2,%3 %4x%5"_s.arg(page).arg(ink.x()).arg(ink.y()).arg(ink.width()).arg(ink.height())));
+        }
+    }
+}
+
+void TestSheetPages::signaturesHaveTextAboveThem_data()
+{
+    sizes();
+}
+
+// Of each length around the end of a page: nobody signs a page that says nothing.
+void TestSheetPages::signaturesHaveTextAboveThem()
+{
+    QFETCH(SheetPages::Size, size);
+    int turns = 0, before = 1;
+    for (int lines = 1; lines < 130; ++lines) {
+        const PaperSheet sheet = letterOf(numbered(lines));
+        const int pages = SheetPages({sheet}, {}, size).pageCount();
+        if (pages == before)
+            continue;
+        ++turns;
+        QCOMPARE(pages, before + 1);
+        const PaperProof proof(sheet, size);
+        const QString last = proof.text(pages);
+        QVERIFY2(last.contains(u"مدیر"_s), qPrintable(last));
+        QVERIFY2(last.count(QRegularExpression(u"N\\d+N"_s)) >= 2, qPrintable(last));
+        QCOMPARE(proof.text().count(QRegularExpression(u"N\\d+N"_s)), lines);
+        before = pages;
+    }
+    QVERIFY(turns >= 1);
+}
+
+// Three lines each, so that a page would end within one of them.
+void TestSheetPages::paragraphsArePartedInTwoLinesAtLeast()
+{
+    const QString four = u"خودروی یادشده پس از کارشناسی و بازدید فنی تحویل گردید و هیچ یک از دو طرف ادعایی ندارند. "_s.repeated(2);
+    for (int shift = 0; shift < 4; ++shift) {
+        QString body = numbered(shift + 1) + u'\n';
+        for (int i = 0; i < 25; ++i)
+            body += u"A%1A "_s.arg(i) + four + u"B%1B\n"_s.arg(i);
+        const PaperProof proof(letterOf(body), SheetPages::Size::A5);
+        QVERIFY(proof.pageCount() > 1);
+        for (int page = 1; page < proof.pageCount(); ++page) {
+            QStringList lines;
+            for (const QString &line : proof.text(page).split(u'\n')) {
+                if (!line.trimmed().isEmpty() && !line.contains(u"صفحه"_s))
+                    lines.append(line);
+            }
+            // Its last line alone would stand at the head of the next page, its first one alone here.
+            QVERIFY2(!lines.constLast().contains(QRegularExpression(u"A\\d+A"_s)), qPrintable(proof.text(page)));
+            const QStringList next = proof.text(page + 1).split(u'\n', Qt::SkipEmptyParts);
+            QVERIFY2(!next.value(1).contains(QRegularExpression(u"B\\d+B"_s)) || next.value(1).contains(QRegularExpression(u"A\\d+A"_s)), qPrintable(proof.text(page + 1)));
+        }
+    }
+}
+
+void TestSheetPages::noWordIsLost_data()
+{
+    QTest::addColumn<QString>("body");
+    QTest::addColumn<QStringList>("words");
+    QStringList many;
+    for (int i = 0; i < 500; ++i)
+        many.append(u"N%1N"_s.arg(i));
+    QTest::newRow("one line") << u"سلام N0N"_s << QStringList{u"N0N"_s};
+    QTest::newRow("500 lines") << numbered(500) << many;
+    QTest::newRow("very long word") << u"آغاز "_s + QString(900, u'ب') + u" پایان N7N"_s << QStringList{u"آغاز"_s, u"پایان"_s, u"N7N"_s};
+    QTest::newRow("only blank lines") << u"\n\n\n"_s << QStringList{u"مدیر"_s};
+}
+
+void TestSheetPages::noWordIsLost()
+{
+    QFETCH(QString, body);
+    QFETCH(QStringList, words);
+    for (const SheetPages::Size size : {SheetPages::Size::A5, SheetPages::Size::A4}) {
+        const PaperProof proof(letterOf(body), size);
+        const QString text = proof.text();
+        qsizetype at = 0;
+        for (const QString &word : std::as_const(words)) {
+            at = text.indexOf(word, at);
+            QVERIFY2(at >= 0, qPrintable(word + u"\n"_s + text));
+        }
+        for (int page = 0; page < proof.pageCount(); ++page)
+            QVERIFY(QRectF(0.045, 0.03, 0.91, 0.94).contains(proof.inked(page)));
+        for (int page = 1; page <= proof.pageCount(); ++page) {
+            // Among Latin letters a reader turns the foot about.
+            const QStringList numbers = pageNumbers(proof.text(page));
+            QVERIFY2(numbers.contains(QString::number(page)) && numbers.contains(QString::number(proof.pageCount())), qPrintable(proof.text(page)));
         }
     }
 }
