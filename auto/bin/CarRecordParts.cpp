@@ -9,7 +9,6 @@
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilPayments.h"
-#include "auto/db/CTblFiledPapers.h"
 #include "suite/accounting/bin/RecordParts.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/frame/KAccountingError.h"
@@ -76,10 +75,6 @@ RecordParts contractParts()
     calls.references = {{u"iPaymentID"_s, u"AutomobilPayments"_s}};
     RecordPart instalments = RecordParts::byColumn(u"AutomobilPayments"_s, u"قسط"_s, u"iAutomobilContractID"_s, table);
     instalments.make = &RecordPart::of<CTblAutomobilPayments>;
-    // Which of the contract's files are its paper as it was handed over.
-    RecordPart papers = RecordParts::byKind(u"FiledPapers"_s, {}, kind);
-    papers.references = {{u"iFileDocID"_s, u"FileDocs"_s}};
-    papers.make = &RecordPart::of<CTblFiledPapers>;
     // Without the car it says nothing.
     RecordPart car = RecordParts::byColumn(u"CarContracts"_s, {}, u"iContractID"_s, table);
     car.references.append({u"iCarID"_s, u"AutomobilInformations"_s, u"خودرو"_s, Gone::LeftOut});
@@ -96,7 +91,7 @@ RecordParts contractParts()
                        .make = &RecordPart::of<CTblDocs>},
                       instalments,
                       RecordParts::files(kind),
-                      papers,
+                      RecordParts::filedPapers(kind),
                       RecordParts::customValues(kind),
                       calls,
                       car},

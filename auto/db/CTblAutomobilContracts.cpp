@@ -4,7 +4,6 @@
 #include "auto/db/CTblAutomobilContracts.h"
 
 #include "auto/db/CTblCarContracts.h"
-#include "auto/db/CTblFiledPapers.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
@@ -12,6 +11,7 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFiledPapers.h"
 
 using namespace Qt::StringLiterals;
 

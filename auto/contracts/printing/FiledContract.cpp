@@ -4,9 +4,9 @@
 #include "auto/contracts/printing/FiledContract.h"
 
 #include "auto/db/CTblAutomobilContracts.h"
-#include "auto/db/CTblFiledPapers.h"
 #include "auto/settings/ContractSettings.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFiledPapers.h"
 #include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -16,8 +16,8 @@
 #include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/ShamsiDate.h"
 
-#include <QCryptographicHash>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -100,11 +100,11 @@ QString userName(qint32 userID, int database)
     return user.m_sName.isEmpty() ? user.m_sUser : user.m_sName;
 }
 
-QString fileHash(const QString &path)
+// Not a byte more than is kept: what is too long is refused by its size.
+QByteArray contentOf(const QString &path)
 {
     QFile file(path);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? QString::fromLatin1(hash.result().toHex()) : QString();
+    return file.open(QIODevice::ReadOnly) ? file.read(CTblFileDocs::maxFileBytes + 1) : QByteArray();
 }
 
 void requireSame(CTblAutomobilContracts &contract, const FiledContract::Stamp &stamp)
@@ -136,18 +136,13 @@ FiledContract::Values FiledContract::valuesOf(CTblAutomobilContracts &contract)
 
 QString FiledContract::hashOf(const Values &values)
 {
-    const QByteArray text = QJsonDocument(jsonOf(values)).toJson(QJsonDocument::Compact);
-    return QString::fromLatin1(QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex());
+    return CTblFiledPapers::sha256(QJsonDocument(jsonOf(values)).toJson(QJsonDocument::Compact));
 }
 
 FiledContract::Paper FiledContract::last(qint32 contractID, int database)
 {
     CTblFiledPapers rows(database);
-    rows.m_filter = KSql::formatted("iTable=%1 AND iRecordID=%2", contractKind, contractID);
-    rows.m_sort = "iVersion DESC";
-    rows.SetLimit(1);
-    rows.Open(false, true, true);
-    if (rows.IsEOF())
+    if (!rows.openNewest(contractKind, contractID))
         return {};
     Paper paper{rows.m_iVersion, rows.m_sValuesHash, {}, userName(rows.m_iUserID, database), rows.m_dateCreate};
     const QJsonObject json = QJsonDocument::fromJson(rows.m_sValues.toUtf8()).object();
@@ -200,7 +195,8 @@ int FiledContract::file(qint32 contractID, const Stamp &stamp, const QString &pd
 {
     ContractSettings::requireRight();
     GetDBSetting()->RequireOpenDB();
-    const QString hash = fileHash(pdfPath);
+    const QByteArray file = contentOf(pdfPath);
+    const QByteArray values = QJsonDocument(jsonOf(stamp.values)).toJson(QJsonDocument::Compact);
     int fileID = 0;
     KTransaction::runReplayable(
         [&] {
@@ -208,20 +204,7 @@ int FiledContract::file(qint32 contractID, const Stamp &stamp, const QString &pd
             if (!contract.lockRecord(contractID))
                 throw RowChanged(RowChanged::Kind::Gone, contract, contractID, u"این قرارداد"_s);
             requireSame(contract, stamp);
-            fileID = CTblFileDocs::addFile(contractKind, contractID, CTblFileDocs::General, GetDBSetting()->GetUserID(), pdfPath, database);
-            CTblFiledPapers paper(database);
-            paper.Open(false, false, true);
-            paper.AddNew();
-            paper.m_iTable = contractKind;
-            paper.m_iRecordID = contractID;
-            paper.m_iVersion = stamp.version;
-            paper.m_iFileDocID = fileID;
-            paper.m_sValuesHash = stamp.hash;
-            paper.m_sValues = QString::fromUtf8(QJsonDocument(jsonOf(stamp.values)).toJson(QJsonDocument::Compact));
-            paper.m_sFileHash = hash;
-            paper.m_iUserID = GetDBSetting()->GetUserID();
-            paper.m_dateCreate = GetDBSetting()->GetDBServerDate();
-            paper.Update(true);
+            fileID = CTblFiledPapers::add({.kind = contractKind, .recordID = contractID, .version = stamp.version, .valuesHash = stamp.hash, .values = values, .name = QFileInfo(pdfPath).fileName(), .file = file}, database);
         },
         database);
     return fileID;

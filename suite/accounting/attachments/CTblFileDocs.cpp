@@ -35,6 +35,15 @@ void noteFile(const CTblFileDocs &file, bool isAdded)
     RecordSubjects::noteOn(file.m_iTable, file.m_iRecordID, file.GetTableName(), {value}, file.database());
 }
 
+void requireSize(const QByteArray &data)
+{
+    if (data.size() > CTblFileDocs::maxFileBytes)
+        throw KAccountingError(u"اندازه فایل بیشتر از %1 مگابایت است و اضافه نشد."_s
+                                   .arg(CTblFileDocs::maxFileBytes / mebibyte));
+    if (data.isEmpty())
+        throw KAccountingError(u"فایل انتخاب شده خالی است."_s);
+}
+
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -42,13 +51,9 @@ QByteArray readFile(const QString &path)
         throw KAccountingError(u"فایل انتخاب شده خوانده نشد."_s);
     // One byte more than allowed reveals a file that is too large, also one that has grown since it was chosen.
     QByteArray data = file.read(CTblFileDocs::maxFileBytes + 1);
-    if (data.size() > CTblFileDocs::maxFileBytes)
-        throw KAccountingError(u"اندازه فایل بیشتر از %1 مگابایت است و اضافه نشد."_s
-                                   .arg(CTblFileDocs::maxFileBytes / mebibyte));
+    requireSize(data);
     if (file.error() != QFileDevice::NoError)
         throw KAccountingError(u"فایل انتخاب شده خوانده نشد."_s);
-    if (data.isEmpty())
-        throw KAccountingError(u"فایل انتخاب شده خالی است."_s);
     return data;
 }
 
@@ -130,7 +135,13 @@ QList<CTblFileDocs::FileInfo> CTblFileDocs::list(int table, int recordID, Scope 
 int CTblFileDocs::addFile(int table, int recordID, Scope scope, int userID, const QString &path, int database)
 {
     GetDBSetting()->RequireOpenDB();
-    const QByteArray data = readFile(path);
+    return addContent(table, recordID, scope, userID, QFileInfo(path).fileName(), readFile(path), database);
+}
+
+int CTblFileDocs::addContent(int table, int recordID, Scope scope, int userID, const QString &name, const QByteArray &data, int database)
+{
+    GetDBSetting()->RequireOpenDB();
+    requireSize(data);
     requireServerTakes(data, database);
     CTblFileDocs set(database);
     set.AddNew();
@@ -138,7 +149,7 @@ int CTblFileDocs::addFile(int table, int recordID, Scope scope, int userID, cons
     set.m_iRecordID = recordID;
     set.m_iScope = scope;
     set.m_iUserID = userID;
-    set.m_sName = shortened(QFileInfo(path).fileName(), longestFileName);
+    set.m_sName = shortened(name, longestFileName);
     set.m_oData.data = data;
     set.m_dateCreate = GetDBSetting()->GetDBServerDate();
     KTransaction transaction(database);

@@ -41,6 +41,8 @@ public:
     // Keeps a file for the record under its own name. Returns the key of its row. Throws KAccountingError for a file that
     // cannot be read, is empty or is too large (for this program or for the server), and in a closed database.
     static int addFile(int table, int recordID, Scope scope, int userID, const QString &path, int database = 0);
+    // The same with what is not a file yet.
+    static int addContent(int table, int recordID, Scope scope, int userID, const QString &name, const QByteArray &data, int database = 0);
     // Name and contents; false when the file is gone or is another user's personal one.
     static bool content(int id, int userID, QString *name, QByteArray *data, int database = 0);
     // Deletes one file that the user may see. True when it is gone.

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/attachments/CTblFiledPapers.h"
 #include "suite/accounting/attachments/CTblPictures.h"
 
 #include <algorithm>
@@ -35,6 +36,14 @@ RecordPart RecordParts::files(int kind)
 {
     RecordPart part = byKind(u"FileDocs"_s, u"پرونده"_s, kind);
     part.make = &RecordPart::of<CTblFileDocs>;
+    return part;
+}
+
+RecordPart RecordParts::filedPapers(int kind)
+{
+    RecordPart part = byKind(u"FiledPapers"_s, {}, kind);
+    part.references = {{u"iFileDocID"_s, u"FileDocs"_s}};
+    part.make = &RecordPart::of<CTblFiledPapers>;
     return part;
 }
 

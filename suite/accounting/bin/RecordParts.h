@@ -76,6 +76,8 @@ struct RecordParts
     // Rows that name the record by its kind (RecordKinds.h) and key, in iTable and iRecordID.
     TZACCOUNTINGDATA_EXPORT static RecordPart byKind(const QString &table, const QString &word, int kind);
     TZACCOUNTINGDATA_EXPORT static RecordPart files(int kind);
+    // Which of the files are its papers as they were handed over; behind files(), whose keys they hold.
+    TZACCOUNTINGDATA_EXPORT static RecordPart filedPapers(int kind);
     // Besides the record's own.
     TZACCOUNTINGDATA_EXPORT static RecordPart pictures(int kind);
     TZACCOUNTINGDATA_EXPORT static RecordPart customValues(int kind);

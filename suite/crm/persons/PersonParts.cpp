@@ -35,7 +35,7 @@ void PersonParts::enter()
     BinnedRecords::enter({.table = table,
                           .form = table,
                           .references = {},
-                          .parts = {RecordParts::files(RecordKind::Person), RecordParts::customValues(RecordKind::Person),
+                          .parts = {RecordParts::files(RecordKind::Person), RecordParts::filedPapers(RecordKind::Person), RecordParts::customValues(RecordKind::Person),
                                     RecordParts::byKind(u"Alarms"_s, u"یادآوری"_s, RecordKind::Person), RecordParts::byKind(u"FollowUps"_s, u"پیگیری"_s, RecordKind::Person)},
                           .code = u"iCode"_s,
                           .known = {u"sName2"_s, u"sNationalCode"_s},
