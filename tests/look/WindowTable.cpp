@@ -47,6 +47,7 @@
 #include "host/start/CDlgLogin.h"
 #include "host/start/CDlgServerPassword.h"
 #include "suite/accounting/attachments/CDlgCustomFieldDefinitions.h"
+#include "suite/accounting/attachments/CDlgRecordFiles.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/treasury/cheques/CDlgChequeChange.h"
 #include "suite/treasury/cheques/CDlgChequeHistory.h"
@@ -86,6 +87,11 @@
 #include "suite/treasury/receiving/CDlgCashFromPerson.h"
 #include "suite/accounting/invoices/InvoiceSheet.h"
 #include "suite/accounting/papers/CDlgPaper.h"
+#include "suite/accounting/frame/RecordKinds.h"
+#include "suite/crm/letters/CDlgEarlierLetters.h"
+#include "suite/crm/letters/CDlgLetter.h"
+#include "suite/crm/letters/LetterSheet.h"
+#include "suite/crm/persons/PersonAddress.h"
 #include "suite/treasury/receiving/ReceiptSheet.h"
 #include "suite/treasury/receipts/CDlgShowReceipt.h"
 #include "suite/treasury/receiving/CDlgVoiding.h"
@@ -350,6 +356,19 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     const ReceiptDetails voided = ReceiptDetails::read(voidReceipt(office)).value_or(ReceiptDetails());
     entries.push_back({"receipt-show", window<CDlgShowReceipt>(voided)});
     const InvoiceSheet::Source invoice{.invoice = {.num = 7, .date = QDateTime(QDate(2026, 11, 20), QTime(0, 0), Qt::UTC), .lines = {{0, u"کارشناسی خودرو"_s, 2, 400000}, {0, u"انتقال سند"_s, 1, 2500000}}, .discount = 100000, .tax = 320000}, .person = u"مریم احمدی"_s, .nationalCode = u"0012345679"_s, .docNum = 45, .user = u"مدیر"_s, .moneyUnit = u"ریال"_s};
+    entries.push_back({"letter", modal([] {
+                           CDlgLetter letter({1, 2, 3, 4, 5}, &PersonAddress::read);
+                           letter.takeWords({QDate::currentDate(), {}, u"تحویل خودرو و انتقال سند"_s, u"احتراماً به آگاهی می‌رساند خودروی مورد قرارداد آماده تحویل است.\nخواهشمند است تا پایان هفته با در دست داشتن اصل شناسنامه و کارت ملی به نمایشگاه مراجعه فرمایید."_s});
+                           letter.exec();
+                       })});
+    const Letter earlier{QDate::currentDate(), u"1405/11"_s, u"یادآوری سررسید بیمه"_s, u"متن"_s};
+    entries.push_back({"letter-earlier", window<CDlgEarlierLetters>(QList<LetterFiling::Filed>{{1, u"علی رضایی"_s, earlier}, {2, u"شرکت آریا"_s, earlier}})});
+    entries.push_back({"record-files", window<CDlgRecordFiles>(int(RecordKind::Person), 1, false)});
+    entries.push_back({"paper-letter", modal([earlier] {
+                           CDlgPaper paper({LetterSheet::of(earlier, {1, u"علی رضایی"_s, LetterRecipient::Address::Man}, u"نمایشگاه آریا"_s)});
+                           paper.offerFiling([](qsizetype, const QByteArray &) {}, u"%1"_s);
+                           paper.exec();
+                       })});
     entries.push_back({"paper-invoice", window<CDlgPaper>(QList<PaperSheet>{InvoiceSheet::of(invoice)})});
     entries.push_back({"paper", window<CDlgPaper>(QList<PaperSheet>{ReceiptSheet::of(voided, {}, u"ریال"_s), ReceiptSheet::of(voided, {}, u"ریال"_s)})});
     entries.push_back({"receipt-void", modal([] {

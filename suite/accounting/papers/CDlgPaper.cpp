@@ -3,11 +3,13 @@
 
 #include "suite/accounting/papers/CDlgPaper.h"
 
+#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/reports/KWndReportGen.h"
 #include "suite/accounting/reports/ReportFile.h"
 #include "suite/accounting/reports/ReportOutput.h"
+#include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -88,6 +90,8 @@ QWidget *CDlgPaper::buildBar()
     QPushButton *print = addButton(row, u"چاپ"_s, u":/icons/print.svg"_s);
     QPushButton *pdf = addButton(row, u"ذخیره PDF"_s, u":/icons/save.svg"_s);
     const PaperSheet &first = m_sheets.constFirst();
+    m_fileButton = addButton(row, u"بایگانی"_s, u":/icons/archive.svg"_s);
+    m_fileButton->hide();
     m_size = new KDropDown;
     m_size->addItem(u"A5"_s, int(SheetPages::Size::A5));
     m_size->addItem(first.isSlip ? u"A4 (دو نسخه)"_s : u"A4"_s, int(SheetPages::Size::A4));
@@ -103,6 +107,7 @@ QWidget *CDlgPaper::buildBar()
     m_size->setCurrentIndex(std::max(0, m_size->findData(ReadSetting(first.kind, sizeKey, int(first.isSlip ? SheetPages::Size::A5 : SheetPages::Size::A4)))));
     connect(print, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { choosePrinter(); }); });
     connect(pdf, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { askAndSavePdf(); }); });
+    connect(m_fileButton, &QPushButton::clicked, this, [this] { KErrorBoundary::guarded(this, [this] { fileSheets(); }); });
     connect(close, &QPushButton::clicked, this, &CDlgPaper::reject);
     connect(m_size, &QComboBox::activated, this, [this] {
         WriteSetting(m_sheets.constFirst().kind, sizeKey, int(size()));
@@ -143,9 +148,60 @@ void CDlgPaper::showPosition()
     m_position->setText(u"صفحه %1 از %2"_s.arg(page + 1).arg(count));
 }
 
-void CDlgPaper::savePdf(const QString &path) const
+void CDlgPaper::savePdf(const QString &path)
 {
     (void)ReportOutput::writePagesPdf(paper(), m_sheets.constFirst().title, path);
+    m_isHandedOut = true;
+}
+
+void CDlgPaper::offerFiling(const File &file, const QString &done)
+{
+    m_file = file;
+    m_filedWords = done;
+    m_fileButton->show();
+}
+
+void CDlgPaper::fileSheets()
+{
+    if (!m_file || m_filed.size() == m_sheets.size())
+        return;
+    const qsizetype before = m_filed.size();
+    const QStringList failures = fileEach();
+    if (m_filed.size() == m_sheets.size()) {
+        m_isHandedOut = true;
+        m_fileButton->setEnabled(false);
+    }
+    if (!failures.isEmpty())
+        g_pDlgWarning->Show(failures.join(u'\n'), this);
+    if (m_filed.size() > before)
+        g_pDlgMessage->Show(m_filedWords.arg(m_filed.size() - before), this);
+}
+
+// Each is a unit of its own: one that cannot be filed keeps none of the others back. Why not, of those.
+QStringList CDlgPaper::fileEach()
+{
+    constexpr qsizetype most = 6; // a message that names more is not read
+    const KWaitCursor wait;
+    ReportProgressWindow progress(u"برگه‌ها بایگانی می‌شوند..."_s, this);
+    const ReportProgress goOn = progress.callback();
+    QStringList failures;
+    for (qsizetype i = 0; i < m_sheets.size(); ++i) {
+        if (m_filed.contains(i))
+            continue;
+        if (!goOn(int(i), int(m_sheets.size())))
+            break;
+        try {
+            m_file(i, ReportOutput::pagesPdf(SheetPages({m_sheets.at(i)}, m_office, size()), m_sheets.at(i).title));
+            m_filed.insert(i);
+        } catch (const KAccountingError &error) {
+            failures.append(error.userMessage());
+        }
+    }
+    if (failures.size() > most) {
+        const qsizetype rest = failures.size() - most;
+        failures = failures.mid(0, most) + QStringList{u"و %1 مورد دیگر"_s.arg(rest)};
+    }
+    return failures;
 }
 
 void CDlgPaper::askAndSavePdf()
@@ -165,5 +221,5 @@ void CDlgPaper::choosePrinter()
     dialog.setMinMax(1, m_pages->pageCount());
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     if (dialog.exec() == QDialog::Accepted)
-        (void)ReportOutput::printPages(paper(), m_sheets.constFirst().title, printer);
+        m_isHandedOut = ReportOutput::printPages(paper(), m_sheets.constFirst().title, printer) || m_isHandedOut;
 }

@@ -8,6 +8,8 @@
 #include "suite/accounting/TzAccountingExport.h"
 #include "suite/utility/frame/KDialog.h"
 
+#include <QSet>
+
 #include <functional>
 
 class KWndReportGen;
@@ -30,12 +32,22 @@ public:
     using Make = std::function<QList<PaperSheet>()>;
     static void run(const QString &form, KSecurity::Right right, const Make &make, const QString &gone, QWidget *parent);
 
+    // Keeps a sheet's PDF with the record that it is about. Throws KAccountingError where that one alone cannot be kept.
+    using File = std::function<void(qsizetype sheet, const QByteArray &pdf)>;
+    // Adds the command "بایگانی". done: what is said of so many that were filed ("%1").
+    void offerFiling(const File &file, const QString &done);
+    // Files what is not filed yet. What could not be is told, and can be tried again.
+    void fileSheets();
+    // Whether it was printed, written to a file, or all of it filed.
+    bool isHandedOut() const { return m_isHandedOut; }
+
     KWndReportGen *pages() const { return m_pages; }
-    void savePdf(const QString &path) const;
+    void savePdf(const QString &path);
 
 private:
     void build();
     QWidget *buildBar();
+    QStringList fileEach();
     SheetPages paper() const;
     SheetPages::Size size() const;
     void showPaper();
@@ -50,4 +62,9 @@ private:
     QPushButton *m_previous = nullptr;
     QPushButton *m_next = nullptr;
     QLabel *m_position = nullptr;
+    QPushButton *m_fileButton = nullptr;
+    File m_file;
+    QString m_filedWords;
+    QSet<qsizetype> m_filed;
+    bool m_isHandedOut = false;
 };

@@ -6,6 +6,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/reports/ReportSheet.h"
 
+#include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
@@ -43,6 +44,16 @@ bool paintPages(const PaperPages &pages, QPagedPaintDevice &device, double resol
     return true;
 }
 
+bool writePages(const PaperPages &pages, const QString &title, QIODevice &device, const ReportProgress &progress)
+{
+    QPdfWriter writer(&device);
+    writer.setResolution(PaperPages::resolution);
+    writer.setPageLayout(pages.paper());
+    writer.setTitle(title);
+    writer.setCreator(u"TzAuto"_s);
+    return paintPages(pages, writer, PaperPages::resolution, 0, pages.pageCount() - 1, progress);
+}
+
 }
 
 void ReportOutput::begin(QPainter &painter, QPaintDevice &device)
@@ -62,22 +73,21 @@ bool ReportOutput::writePagesPdf(const PaperPages &pages, const QString &title, 
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         refuse(path);
-    bool whole = false;
-    {
-        QPdfWriter writer(&file);
-        writer.setResolution(PaperPages::resolution);
-        writer.setPageLayout(pages.paper());
-        writer.setTitle(title);
-        writer.setCreator(u"TzAuto"_s);
-        whole = paintPages(pages, writer, PaperPages::resolution, 0, pages.pageCount() - 1, progress);
-    }
-    if (!whole) {
+    if (!writePages(pages, title, file, progress)) {
         file.cancelWriting();
         return false;
     }
     if (!file.commit())
         refuse(path);
     return true;
+}
+
+QByteArray ReportOutput::pagesPdf(const PaperPages &pages, const QString &title)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    (void)writePages(pages, title, buffer, {});
+    return buffer.data();
 }
 
 bool ReportOutput::writeSpreadsheet(const ListReport &report, const QString &path, const ReportProgress &progress)

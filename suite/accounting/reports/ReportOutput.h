@@ -5,6 +5,8 @@
 
 #include "suite/accounting/reports/ReportPainter.h"
 
+#include <QByteArray>
+
 class QPaintDevice;
 class QPrinter;
 
@@ -16,6 +18,8 @@ namespace ReportOutput {
 // Pages that are laid out; the title is the file's own.
 [[nodiscard]] TZACCOUNTING_EXPORT bool writePagesPdf(const PaperPages &pages, const QString &title, const QString &path,
                                                      const ReportProgress &progress = {});
+// The same without a file.
+[[nodiscard]] TZACCOUNTING_EXPORT QByteArray pagesPdf(const PaperPages &pages, const QString &title);
 
 // One sheet from right to left: the columns of the layout under a header row that stays in sight, numbers as numbers. A date
 // stands twice: as the Shamsi text of the list, and in a column of its own behind the others as a date to calculate with.

@@ -3,10 +3,15 @@
 
 #include "suite/crm/persons/CDlgPersons.h"
 
+#include "suite/accounting/attachments/CDlgRecordFiles.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
+#include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/frame/RecordKinds.h"
 #include "suite/accounting/importing/CDlgImport.h"
+#include "suite/crm/letters/CDlgLetter.h"
 #include "suite/crm/persons/CDlgAddPerson.h"
 #include "suite/crm/persons/CTblPersons.h"
+#include "suite/crm/persons/PersonAddress.h"
 #include "suite/crm/persons/PersonSearch.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/entries/KEdit.h"
@@ -51,6 +56,7 @@ CDlgPersons::CDlgPersons(QWidget *parent)
     : KListPage(u"اشخاص"_s, listSection(), listSection(), parent)
 {
     build();
+    list()->setSeveralMarkable(); // a letter goes to all of them
     list()->installEventFilter(this);
     prepareSearch();
     connect(filters().control<QCheckBox>(u"inactive"), &QCheckBox::toggled, this, [this] { guarded([this] { refill(); }); });
@@ -64,6 +70,7 @@ int CDlgPersons::SelectPerson(QWidget *parent, int mode, int current)
         return 0;
     auto *page = new CDlgPersons;
     page->setSelectMode(true, current);
+    page->list()->setSelectionMode(QAbstractItemView::SingleSelection);
     page->m_leadingKey = current;
     KDialogHolder holder(page, parent);
     holder.setWindowTitle(u"انتخاب شخص"_s);
@@ -119,6 +126,8 @@ std::vector<KListCommand> CDlgPersons::commands()
         {.id = u"edit"_s, .caption = u"ويرايش"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInReadOnly, .run = [this] { editPerson(); }, .shortcut = QKeySequence(Qt::Key_F2), .icon = u":/icons/edit.svg"_s, .needs = Modify},
         {.id = u"show"_s, .caption = u"نمايش"_s, .options = KListCommand::NeedsRow, .run = [this] { showPerson(); }, .shortcut = QKeySequence(Qt::Key_F3), .icon = u":/icons/show.svg"_s, .needs = Read},
         {.id = u"statement"_s, .caption = u"صورتحساب"_s, .options = KListCommand::NeedsRow, .run = [this] { showStatement(); }, .shortcut = QKeySequence(Qt::Key_F6), .icon = u":/icons/document.svg"_s},
+        {.id = u"letter"_s, .caption = u"نامه"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInSelect, .run = [this] { writeLetter(); }, .icon = u":/icons/edit.svg"_s, .needs = PrintList},
+        {.id = u"files"_s, .caption = u"پرونده‌ها"_s, .options = KListCommand::NeedsRow | KListCommand::HiddenInSelect, .run = [this] { showFiles(); }, .icon = u":/icons/attach.svg"_s, .needs = Read},
         printCommand(KListCommand::HiddenInSelect | KListCommand::StartsGroup),
         {.id = u"import"_s, .caption = u"ورود از فایل"_s, .options = KListCommand::HiddenInReadOnly | KListCommand::HiddenInSelect, .run = [this] { importFile(); }, .icon = u":/icons/table.svg"_s, .needs = Write},
     };
@@ -266,6 +275,24 @@ void CDlgPersons::importFile()
 void CDlgPersons::showStatement()
 {
     CDlgAccountDocs::ShowPerson(list()->currentKey(), window());
+}
+
+// To all who are marked, from the first in the list.
+void CDlgPersons::writeLetter()
+{
+    QList<qint32> persons;
+    for (const int row : list()->markedRows())
+        persons.append(list()->listModel()->keyAt(row));
+    CDlgLetter::write(persons, &PersonAddress::read, window());
+}
+
+void CDlgPersons::showFiles()
+{
+    const QList<LetterRecipient> found = PersonAddress::read({list()->currentKey()});
+    if (found.isEmpty())
+        g_pDlgWarning->Show(u"این شخص دیگر وجود ندارد."_s, window());
+    else
+        CDlgRecordFiles::show(listSection(), u"پرونده‌های %1"_s.arg(found.constFirst().name), RecordKind::Person, found.constFirst().id, window());
 }
 
 void CDlgPersons::showEvent(QShowEvent *event)

@@ -42,6 +42,9 @@ public:
     void importFile();
     // What the books say of the selected person.
     void showStatement();
+    // A letter to each of the marked persons.
+    void writeLetter();
+    void showFiles();
 
 protected:
     QList<KListColumn> columnTable() const override;

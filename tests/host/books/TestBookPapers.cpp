@@ -91,7 +91,7 @@ QString TestBookPapers::paperOf(const std::function<void()> &work) const
     const QString path = m_office.settings.filePath(u"paper.pdf"_s);
     QString text;
     Hand::inNextWindow([&](QDialog *dialog) {
-        if (const auto *paper = qobject_cast<CDlgPaper *>(dialog)) {
+        if (auto *paper = qobject_cast<CDlgPaper *>(dialog)) {
             paper->savePdf(path);
             text = PaperProof::textOf(path);
         }

@@ -377,7 +377,7 @@ void TestPersonStatement::paperIsHandedOutByItsButton()
     const QString path = m_office.folder.filePath(u"statement.pdf"_s);
     QString text;
     Hand::inNextWindow([&](QDialog *dialog) {
-        if (const auto *paper = qobject_cast<CDlgPaper *>(dialog)) {
+        if (auto *paper = qobject_cast<CDlgPaper *>(dialog)) {
             paper->savePdf(path);
             text = PaperProof::textOf(path);
         }

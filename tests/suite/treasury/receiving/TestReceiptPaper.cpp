@@ -257,7 +257,7 @@ void TestReceiptPaper::eachReceiptHasItsPage()
 void TestReceiptPaper::windowRemembersThePaper()
 {
     const QString path = m_office.folder.filePath(u"size.pdf"_s);
-    const auto pageSize = [&path](const CDlgPaper &window) {
+    const auto pageSize = [&path](CDlgPaper &window) {
         window.savePdf(path);
         QProcess process;
         process.start(u"pdfinfo"_s, {path});
