@@ -8,7 +8,7 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/files.sh"
 
-allowed='^(www\.w3\.org|www\.gnu\.org|fsf\.org|spdx\.org|www\.freedesktop\.org|www\.debian\.org|schemas\.openxmlformats\.org|purl\.org|schemas\.microsoft\.com|localhost|127\.0\.0\.1|.*\.example|example\.(com|org))$'
+allowed='^(www\.w3\.org|www\.gnu\.org|fsf\.org|spdx\.org|www\.freedesktop\.org|www\.debian\.org|schemas\.openxmlformats\.org|purl\.org|purl\.oclc\.org|schemas\.microsoft\.com|localhost|127\.0\.0\.1|.*\.example|example\.(com|org))$'
 bad=0
 seen=0
 while IFS= read -r file; do

@@ -7,7 +7,7 @@
 
 #include <QString>
 
-// A line in small type below what a document's pages end with: on each page where it has footers, else once at its end.
+// A line in small type at the foot of every page of a document, below what its own footers say.
 namespace FooterLine {
 
 // text reads from right to left, code after it from left to right. The file is replaced whole or not at all. Returns why it was not, in

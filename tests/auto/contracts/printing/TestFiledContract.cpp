@@ -13,6 +13,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/conversion/PdfConversion.h"
 #include "tests/auto/contracts/printing/PrintedContracts.h"
+#include "tests/suite/utility/documents/DocxMaker.h"
 #include "tests/support/FaultProxy.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -135,6 +136,62 @@ private Q_SLOTS:
         QVERIFY2(text.contains(u"SHA-256 "_s + hash), qPrintable(text));
         QVERIFY2(text.contains(u"نسخه"_s) || text.contains(u"ﻧﺴﺨﻪ"_s) || text.contains(u"هخسن"_s), qPrintable(text));
         QCOMPARE(noticeOf(contract), QString());
+    }
+
+    // An office's template has footers or none, for the first page or even ones alone: whichever page is shown says what it belongs to.
+    void everyPageSaysTheHash_data()
+    {
+        const QByteArray end = "<w:sectPr>%1<w:pgSz w:w=\"8391\" w:h=\"11906\"/><w:pgMar w:top=\"850\" w:right=\"850\" w:bottom=\"850\" w:left=\"850\" w:header=\"400\" w:footer=\"400\" w:gutter=\"0\"/></w:sectPr>";
+        const QByteArray own = "<w:footerReference w:type=\"default\" r:id=\"r0\"/>";
+        const QByteArray between = DocxMaker::paragraph("</w:p><w:p><w:pPr>" + QByteArray(end).replace("%1", "") + "</w:pPr>");
+        QTest::addColumn<QByteArray>("middle");
+        QTest::addColumn<QByteArray>("section");
+        QTest::addColumn<bool>("hasFooter");
+        QTest::addColumn<QByteArray>("settings");
+        const QByteArray none = QByteArray(end).replace("%1", "");
+        QTest::newRow("no footer") << QByteArray() << none << false << QByteArray();
+        QTest::newRow("nothing about its pages") << QByteArray() << QByteArray() << false << QByteArray();
+        QTest::newRow("a footer") << QByteArray() << QByteArray(end).replace("%1", own) << true << QByteArray();
+        QTest::newRow("a footer that nothing shows") << QByteArray() << none << true << QByteArray();
+        QTest::newRow("none on the first page") << QByteArray() << QByteArray(end).replace("%1", own).replace("</w:sectPr>", "<w:titlePg/></w:sectPr>") << true << QByteArray();
+        QTest::newRow("none on even pages") << QByteArray() << QByteArray(end).replace("%1", own) << true << QByteArray("<w:evenAndOddHeaders/>");
+        QTest::newRow("two sections without one") << between << none << false << QByteArray();
+        QTest::newRow("one in the second section alone") << between << QByteArray(end).replace("%1", own) << true << QByteArray();
+    }
+    void everyPageSaysTheHash()
+    {
+        QFETCH(QByteArray, middle);
+        QFETCH(QByteArray, section);
+        QFETCH(bool, hasFooter);
+        QFETCH(QByteArray, settings);
+        QByteArray body;
+        for (int i = 0; i < 110; ++i)
+            body += (i == 55 ? middle : QByteArray()) + DocxMaker::paragraph(DocxMaker::runs("line " + QByteArray::number(i)));
+        DocxMaker maker{QByteArray()};
+        if (hasFooter)
+            maker.addTextPart("footer", DocxMaker::paragraph(DocxMaker::runs("OWN")));
+        if (!settings.isEmpty()) {
+            maker.addRelationship("http://schemas.openxmlformats.org/officeDocument/2006/relationships/settings", "settings.xml");
+            maker.setPart("word/settings.xml", DocxMaker::wrapped("w:settings", settings), "application/vnd.openxmlformats-officedocument.wordprocessingml.settings+xml");
+        }
+        QByteArray document = DocxMaker::wrapped("w:document", "<w:body>" + body + section + "</w:body>");
+        if (!document.contains("xmlns:r="))
+            document.replace("<w:document ", "<w:document xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\" ");
+        maker.setPart("word/document.xml", document);
+        const QDir templates(m_folder->filePath(u"templates"_s));
+        QVERIFY(templates.mkpath(u"."_s) && maker.write(templates.filePath(ContractPrinting::templateName(0))));
+        const int contract = PrintedContracts::add(*m_office, 0);
+        const QString hash = stampOf(contract).hash;
+        ContractFilingDialogs::Options own = options();
+        own.places.templates = templates.path();
+        QVERIFY2(ContractFilingDialogs::run(contract, nullptr, own), qPrintable(g_pDlgWarning->takeShown().join(u'\n')));
+        const QString text = pdfText(QByteArray::fromHex(value(u"SELECT HEX(oData) FROM FileDocs"_s).toLatin1()), m_folder->path());
+        const qsizetype pages = text.count(u'\f');
+        QVERIFY2(pages > 1, qPrintable(text));
+        // On narrow paper the hash has a line of its own.
+        const QStringList each = text.split(u'\f');
+        for (qsizetype page = 0; page < pages; ++page)
+            QVERIFY2(each.at(page).count(hash) == 1, qPrintable(text));
     }
 
     void laterChangeIsToldAtTheNextPrint()
