@@ -510,8 +510,10 @@ void SheetFlow::layClosing()
         const QRectF box(m_area.left(), m_y, square, square);
         add([box, code](QPainter &painter) { code.paint(painter, box); });
     }
-    const double width = (m_area.width() - square) / static_cast<double>(std::max<qsizetype>(1, m_sheet.signatures.size()));
-    double right = m_area.right();
+    // A letter is signed at its left.
+    const double least = m_sheet.isLetter ? 3 : 1;
+    const double width = (m_area.width() - square) / std::max(least, static_cast<double>(m_sheet.signatures.size()));
+    double right = m_sheet.isLetter ? m_area.left() + square + width * static_cast<double>(m_sheet.signatures.size()) : m_area.right();
     for (const PaperSheet::Signature &signature : m_sheet.signatures) {
         const QRectF cell = QRectF(right - width, m_y, width, height).adjusted(millimetres(2), millimetres(2), -millimetres(2), 0);
         const Style role = style(1, true, Qt::AlignHCenter);

@@ -85,7 +85,7 @@ void CDlgLetter::build()
     m_number->setMaxLength(Letter::longestNumber);
     m_subject->setMaxLength(Letter::longestSubject);
     m_body->setMaxLength(Letter::longestBody);
-    m_body->setMinimumHeight(m_body->fontMetrics().lineSpacing() * 12);
+    m_body->setMinimumHeight(m_body->fontMetrics().lineSpacing() * 9);
     auto *page = new CardPage(letterPageWidth, this);
     FormGrid *grid = page->addForm();
     addLabelled(grid, u"گیرنده :"_s, m_to, 4);
