@@ -106,7 +106,7 @@ RecordParts carParts()
     return {.table = table,
             .form = table,
             .references = {person(u"iPersonID"_s), person(u"iPersonBuyerID"_s), {u"iAutomobilType"_s, brandTable, u"برند"_s}, {u"iModel"_s, modelTable, u"مدل"_s}, {u"iBrigade"_s, classTable, u"تیپ"_s}, user()},
-            .parts = {RecordParts::files(kind), RecordParts::pictures(kind), RecordParts::customValues(kind), notes(kind)},
+            .parts = {RecordParts::files(kind), RecordParts::pictures(kind), RecordParts::customValues(kind), notes(kind), RecordParts::byColumn(u"PublicCars"_s, {}, u"iCarID"_s, table)},
             .code = u"iCode"_s};
 }
 

@@ -3,6 +3,7 @@
 
 #include "auto/db/CTblAutomobilInformations.h"
 
+#include "auto/db/CTblPublicCars.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
@@ -27,6 +28,7 @@ bool CTblAutomobilInformations::Delete()
     CTblCustomFieldRecords::DeleteAllRelatedRecords(recordKind, m_iID, 0, database());
     CTblFollowUps::deleteOf(recordKind, m_iID, database());
     RecordPictures::deleteAll(recordKind, m_iID, database());
+    CTblPublicCars::deleteOf(m_iID, database());
     const bool deleted = KMySQL::Delete();
     transaction.commit();
     return deleted;

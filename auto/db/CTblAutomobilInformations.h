@@ -15,7 +15,7 @@ public:
 
     explicit CTblAutomobilInformations(int database = 0);
     ~CTblAutomobilInformations() override;
-    // Also deletes the car's attached files, custom-field values and further pictures; when those cannot be deleted, the row still is.
+    // Also deletes the car's attached files, custom-field values, further pictures and tick for the web; when those cannot be deleted, the row still is.
     bool Delete() override;
 
     // Number under which the suite keeps what belongs to a car: attached files, custom fields.

@@ -91,7 +91,7 @@ void TestOffice::clear()
     for (const char *table :
          {"AutomobilContracts", "AutomobilPayments", "AutomobilInformations", "AutomobilDemands", "AutomobilTariffs", "CarBrands",
           "CarModels", "CarClasses", "Items", "Persons", "Documents", "Docs", "Receipts", "FileDocs", "CustomFieldRecords", "Alarms",
-          "Factors", "FactorStuffs", "Services", "Placeholders", "SearchKeys"})
+          "Factors", "FactorStuffs", "Services", "Placeholders", "PublicCars", "SearchKeys"})
         m_database.run(u"DELETE FROM "_s + QLatin1String(table));
     m_database.run(u"DELETE FROM Properties WHERE sSection NOT IN ('Schema','Documents')"_s);
     const QString file = m_settings.filePath(u"user.ini"_s);

@@ -80,6 +80,7 @@ class TestDeletedRecords : public QObject
         run(u"INSERT INTO Pictures(iTable,iRecordID,iOrder,sName,oPicture,iUserID) VALUES(68,%1,2,'پشت.jpg',REPEAT(X'ff00',600000),1),(68,%1,1,NULL,X'00270a5cff1a',0)"_s.arg(key));
         run(u"INSERT INTO CustomFieldRecords(iTable,iRecordID,iFieldID,sValue) VALUES(68,%1,%2,'1')"_s.arg(key).arg(customField(68)));
         run(u"INSERT INTO FollowUps(iTable,iRecordID,iKind,sNote,datePromised) VALUES(68,%1,2,'زنگ زد',NOW()),(68,%1,1,'',NULL)"_s.arg(key));
+        run(u"INSERT INTO PublicCars(iCarID,iUserID,dateCreate) VALUES(%1,1,NOW())"_s.arg(key));
         return key;
     }
     int wholeDemand()
@@ -169,7 +170,7 @@ private Q_SLOTS:
     {
         m_office->clear();
         m_office->logInAsAdmin();
-        for (const char *table : {"Bin", "BinRows", "FileDocs", "Pictures", "CustomFieldRecords", "CustomFields", "FollowUps", "Alarms", "CarContracts", "Changes", "AutomobilPayments"})
+        for (const char *table : {"Bin", "BinRows", "FileDocs", "Pictures", "CustomFieldRecords", "CustomFields", "FollowUps", "Alarms", "CarContracts", "PublicCars", "Changes", "AutomobilPayments"})
             run(u"DELETE FROM "_s + QLatin1String(table));
     }
 
