@@ -8,6 +8,7 @@
 #include "auto/cars/matching/CDlgMatches.h"
 #include "auto/cars/register/CarFilter.h"
 #include "auto/cars/register/CarListColumns.h"
+#include "auto/cars/register/CarWebCommand.h"
 #include "auto/cars/register/gallery/CarGallery.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
 #include "auto/catalog/CDlgCarsAll.h"
@@ -47,6 +48,7 @@ constexpr std::pair<QStringView, QStringView> wishes[] = {
 CDlgAutomobilInformations::CDlgAutomobilInformations(QWidget *parent)
     : KListPage(u"گالري اتومبيل"_s, u"AutomobilInformations"_s, u"AutomobilInformations"_s,
                 parent)
+    , m_web(std::make_unique<CarWebCommand>(this, [this] { return m_gallery && m_gallery->isShown(); }))
 {
     build();
     m_gallery = new CarGallery(this);
@@ -124,6 +126,7 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
         recordCommand(u"pictures"_s, u"تصویرها"_s, u":/icons/picture.svg"_s),
         recordCommand(u"prices"_s, u"تاریخچه قیمت"_s, u":/icons/history.svg"_s),
         recordCommand(u"priceSheet"_s, u"برگه قیمت"_s, u":/icons/print.svg"_s),
+        m_web->command(),
         recordCommand(u"whatIf"_s, u"برآورد معامله"_s, u":/icons/money.svg"_s),
         printCommand(C::StartsGroup),
         {u"import"_s, u"ورود از فایل"_s, change, [this] { importFile(); }, {}, u":/icons/table.svg"_s, Write},

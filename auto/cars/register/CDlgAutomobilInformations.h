@@ -6,6 +6,7 @@
 #include "suite/accounting/lists/KListPage.h"
 
 class CarGallery;
+class CarWebCommand;
 
 // The list of the cars on offer, and the commands on a car. In select mode another window picks a car with
 // it. The search may begin with the wishes of a customer's demand.
@@ -67,4 +68,5 @@ private:
 
     int m_demandID = 0;
     CarGallery *m_gallery = nullptr;
+    std::unique_ptr<CarWebCommand> m_web;
 };

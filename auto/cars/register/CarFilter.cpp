@@ -3,6 +3,7 @@
 
 #include "auto/cars/register/CarFilter.h"
 
+#include "auto/cars/web/PublicCondition.h"
 #include "auto/lists/ListClauses.h"
 #include "auto/lists/WordChoices.h"
 #include "suite/accounting/lists/FilterClauses.h"
@@ -68,7 +69,7 @@ QList<KListFilter> carFilters(const KListFilter::Choices &types, const KListFilt
     using K = KListFilter::Kind;
     const QString to = u"تا :"_s;
     return {
-        {.key = u"inactive"_s, .label = u"نمايش غير فعال ها"_s, .kind = K::Flag, .place = {3, 2, 2}, .clause = flag(" AND (ai.iStatus=1 OR ai.iStatus=0)", " AND ai.iStatus=0")},
+        {.key = u"inactive"_s, .label = u"نمايش غير فعال ها"_s, .kind = K::Flag, .place = {3, 2}, .clause = flag(" AND (ai.iStatus=1 OR ai.iStatus=0)", " AND ai.iStatus=0")},
         // "Not archived" has no alias: the column is the cars' alone.
         {.key = u"archive"_s, .label = u"وضعيت بايگاني :"_s, .kind = K::Choice, .place = {3, 0}, .clause = ListClauses::archive("iArchiveUserID", "ai.iArchiveUserID"), .initial = notArchivedState, .choices = wordChoices(WordLists::archiveStates())},
         {.key = u"type"_s, .label = u"نوع خودرو :"_s, .kind = K::Choice, .place = {0, 2}, .clause = number(" AND ai.iAutomobilType="), .choices = types, .options = F::NamesOfOffice | F::ReadByReset},
@@ -88,6 +89,7 @@ QList<KListFilter> carFilters(const KListFilter::Choices &types, const KListFilt
         {.key = u"owner"_s, .label = u"نام مالک :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND ai.iPersonID=")},
         {.key = u"chassis"_s, .label = u"شماره شاسي :"_s, .kind = K::Text, .place = {2, 0}, .clause = pattern("ai.sChassisNum"), .maxLength = 50, .options = F::FindGoesHere},
         {.key = u"plate"_s, .label = u"پلاک :"_s, .kind = K::Text, .place = {3, 4}, .clause = &plateClause, .maxLength = 50},
+        {.key = u"web"_s, .label = u"فقط "_s + PublicCondition::caption(), .kind = K::Flag, .place = {3, 3}, .clause = flag(" AND " + PublicCondition::ticked(), {})},
         {.key = u"grouping"_s, .clause = always(" GROUP BY ai.iID")},
     };
 }

@@ -11,6 +11,8 @@ class KExtListCtrl;
 namespace CarListColumns {
 
 QList<KListColumn> further();
+// Whether a car is ticked for the web.
+QString webKey();
 // What comes for all rows at once, as far as it is shown.
 void complete(const KExtListCtrl &list, QVector<KListModel::Row> &rows);
 

@@ -3,6 +3,7 @@
 
 #include "auto/cars/web/PublicCars.h"
 
+#include "auto/cars/web/PublicCondition.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblPublicCars.h"
 #include "suite/accounting/changes/OfficeClosing.h"
@@ -51,7 +52,7 @@ void tick(qint32 car, const QDateTime &now, int database)
 void note(qint32 car, bool ticked, int database)
 {
     const auto word = [](bool on) { return on ? u"بلی"_s : u"خیر"_s; };
-    RecordSubjects::noteOn(CTblAutomobilInformations::recordKind, car, u"PublicCars"_s, {{PublicCars::caption(), word(!ticked), word(ticked)}}, database);
+    RecordSubjects::noteOn(CTblAutomobilInformations::recordKind, car, u"PublicCars"_s, {{PublicCondition::caption(), word(!ticked), word(ticked)}}, database);
 }
 
 }
@@ -99,23 +100,13 @@ QSet<qint32> PublicCars::among(const QList<qint32> &cars, int database)
     return {found.cbegin(), found.cend()};
 }
 
-KSql PublicCars::isTicked()
-{
-    return "EXISTS(SELECT 1 FROM PublicCars web WHERE web.iCarID=ai.iID)";
-}
-
-// What is put aside, or not saved yet, is nothing for strangers either.
+// What is not saved yet is nothing for strangers either.
 KSql PublicCars::isShown()
 {
-    return isTicked() + " AND ai.bSold=0 AND ai.iArchiveUserID=0 AND ai.iStatus=0 AND " + Placeholders::none(carForm, u"ai.iID"_s);
+    return PublicCondition::onOffer() + " AND " + Placeholders::none(carForm, u"ai.iID"_s);
 }
 
 int PublicCars::shownCount(int database)
 {
     return keysBy("SELECT COUNT(*) FROM AutomobilInformations ai WHERE " + isShown(), database).value(0);
-}
-
-QString PublicCars::caption()
-{
-    return u"نمایش در وب"_s;
 }

@@ -7,7 +7,6 @@
 
 #include <QList>
 #include <QSet>
-#include <QString>
 
 // Which cars the office lets anybody see. A car that is sold or archived keeps its tick and is not shown meanwhile.
 namespace PublicCars {
@@ -19,13 +18,8 @@ int set(const QList<qint32> &cars, bool ticked, int *gone = nullptr, int databas
 // Those of the cars that are ticked.
 QSet<qint32> among(const QList<qint32> &cars, int database = 0);
 
-// Conditions on a car, whose table has the alias ai: that it is ticked; that strangers see it now.
-KSql isTicked();
+// The condition on a car, whose table has the alias ai, that strangers see it now; how many they see.
 KSql isShown();
-// How many they see.
 int shownCount(int database = 0);
-
-// "نمایش در وب", as commands, columns and the history call it.
-QString caption();
 
 }

@@ -290,6 +290,10 @@ void KListCommands::addAction(QMenu *menu, const Entry &entry) const
     action->setShortcutVisibleInContextMenu(true);
     ActionHindrance::set(*action, entry.button->isHindered() ? entry.button->toolTip() : QString(), entry.button->toolTip());
     action->setEnabled(entry.button->isEnabled());
+    if (entry.command.isOn) {
+        action->setCheckable(true);
+        m_around.guard([&] { action->setChecked(entry.command.isOn()); });
+    }
 }
 
 void KListCommands::showRowMenu(const QPoint &place)

@@ -44,6 +44,9 @@ struct KListCommand
     // A button whose right the user lacks looks disabled; the command itself checks the right. None: for everybody.
     std::optional<KSecurity::Right> needs = {};
     QString needsForm = {}; // form of the right; empty: the list's own
+    // Of a command that switches something on and off: whether it is on for the marked rows, asked as the row's menu comes up, which shows
+    // it ticked then. Empty: it switches nothing.
+    std::function<bool()> isOn = {};
 
     // Adds a row: the one whose key is Insert.
     bool isAdding() const { return shortcut == QKeySequence(Qt::Key_Insert); }

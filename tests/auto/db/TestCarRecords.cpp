@@ -199,12 +199,13 @@ private Q_SLOTS:
         QVERIFY(car.IsRecordExist(u"iID"_s, key));
         const ObservedStatements statements({u"DELETE"_s});
         QVERIFY(car.Delete());
-        QCOMPARE(statements.taken().size(), 5);
+        QCOMPARE(statements.taken().size(), 6);
         QVERIFY(statements.taken().at(0).startsWith(u"DELETE FROM FileDocs "_s));
         QVERIFY(statements.taken().at(1).startsWith(u"DELETE FROM CustomFieldRecords "_s));
         QVERIFY(statements.taken().at(2).startsWith(u"DELETE FROM FollowUps "_s));
         QVERIFY(statements.taken().at(3).startsWith(u"DELETE FROM Pictures "_s));
-        QVERIFY(statements.taken().at(4).startsWith(u"DELETE FROM AutomobilInformations "_s));
+        QVERIFY(statements.taken().at(4).startsWith(u"DELETE FROM PublicCars "_s));
+        QVERIFY(statements.taken().at(5).startsWith(u"DELETE FROM AutomobilInformations "_s));
         QCOMPARE(relatedRecords(key), 0);
         QCOMPARE(relatedRecords(other), 2);
         // Rows under the same number that belong to a contract stay.

@@ -5,6 +5,7 @@
 
 #include "auto/cars/matching/DemandMatch.h"
 #include "auto/cars/register/gallery/CarStanding.h"
+#include "auto/cars/web/PublicCondition.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/db/records/CTblTemp.h"
@@ -83,12 +84,12 @@ QHash<qint32, CarCard> CarCards::read(const QList<qint32> &keys, bool withDemand
     if (keys.isEmpty())
         return cards;
     CTblTemp query(database);
-    query.ExecuteQuery(KSql::formatted("SELECT ai.iID,ai.iFunction,ai.bSold,ai.iArchiveUserID,COALESCE(ai.dateIntroduction,ai.dateCreate),t.oPicture,IF(ai.bSold<>0,ai.dateBuy,NULL) FROM "
+    query.ExecuteQuery(KSql::formatted("SELECT ai.iID,ai.iFunction,ai.bSold,ai.iArchiveUserID,COALESCE(ai.dateIntroduction,ai.dateCreate),t.oPicture,IF(ai.bSold<>0,ai.dateBuy,NULL),%2 FROM "
                                        "AutomobilInformations ai LEFT JOIN Thumbnails t ON t.iTable=%1 AND t.iRecordID=ai.iID AND t.iPictureID=0 WHERE ai.iID IN (",
-                                       CTblAutomobilInformations::recordKind)
+                                       CTblAutomobilInformations::recordKind, PublicCondition::ticked())
                        + KSql::list(keys) + ")");
     for (; query.HasResultRow(); query.MoveNextResult())
-        cards.insert(query.GetLongFieldValue(0), {.mileage = query.GetLongFieldValue(1), .sold = query.GetLongFieldValue(2) != 0, .archived = query.GetLongFieldValue(3) != 0, .introduced = query.GetDateFieldValue(4).date(), .thumbnail = query.GetBinaryFieldValue(5), .soldOn = query.GetDateFieldValue(6).date()});
+        cards.insert(query.GetLongFieldValue(0), {.mileage = query.GetLongFieldValue(1), .sold = query.GetLongFieldValue(2) != 0, .archived = query.GetLongFieldValue(3) != 0, .introduced = query.GetDateFieldValue(4).date(), .thumbnail = query.GetBinaryFieldValue(5), .soldOn = query.GetDateFieldValue(6).date(), .onWeb = query.GetLongFieldValue(7) != 0});
     if (withDemands && !cards.isEmpty())
         countDemands(cards, today, database);
     return cards;

@@ -30,6 +30,7 @@ struct CarCard
     int demands = 0;      // that it fits, of those that ask for something
     QDate soldOn = {};    // invalid: it is not sold, or nobody entered the day
     bool moreDemands = false; // there may be others, which were not looked at
+    bool onWeb = false;       // ticked to be shown there
 
     // Whole days that it stands; none of a car that is sold, or whose day is not known or to come.
     std::optional<int> days(const QDate &today) const;

@@ -3,6 +3,7 @@
 
 #include "auto/cars/register/gallery/CarFace.h"
 
+#include "auto/cars/web/PublicCondition.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/look/CarPicture.h"
 #include "suite/utility/look/HostColors.h"
@@ -34,6 +35,8 @@ constexpr double mostEnlarged = 1.4; // a photograph beyond what shows all of it
 
 const int leading = Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine;
 const int trailing = Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter | Qt::TextSingleLine;
+
+const QString onWebText = u"وب"_s; // beside what the tip says in full
 
 int lineHeight(Use use)
 {
@@ -163,6 +166,12 @@ std::pair<KChip::Kind, QString> CarFace::state(const CarCard &card) const
     Q_UNREACHABLE();
 }
 
+bool CarFace::isOnWeb(int row) const
+{
+    const auto known = m_cards.constFind(m_list->listModel()->keyAt(row));
+    return known != m_cards.cend() && known->card.onWeb;
+}
+
 void CarFace::paintPicture(QPainter &painter, const QRect &room, int row) const
 {
     painter.save();
@@ -184,6 +193,11 @@ void CarFace::paintPicture(QPainter &painter, const QRect &room, int row) const
         painter.drawPixmap(QRectF(QPointF(QRectF(room).center() - QPointF(shown.width() / 2, shown.height() / 2)), shown), known->picture, QRectF(QPointF(), size));
     }
     painter.restore();
+    if (isOnWeb(row)) {
+        const int inset = LookSizes::scaled(pictureCorner);
+        const QSize size = KChip::sizeOf(onWebText);
+        KChip::paint(painter, {QPoint(room.left() + inset, room.top() + inset), size}, KChip::Kind::Info, onWebText);
+    }
 }
 
 // What is no plate of the common form is written.
@@ -231,7 +245,9 @@ void CarFace::paint(QPainter &painter, const QRect &inside, int row) const
 QString CarFace::text(int row) const
 {
     const QString plate = cell(row, u"plate");
-    return plate.isEmpty() ? title(row) : title(row) + u"، "_s + plate;
+    QStringList parts{title(row), plate, isOnWeb(row) ? PublicCondition::caption() : QString()};
+    parts.removeAll(QString());
+    return parts.join(u"، "_s);
 }
 
 QString CarFace::tip(int row) const
@@ -244,5 +260,7 @@ QString CarFace::tip(int row) const
         lines.append(state(known->card).second);
     if (const QString days = known == m_cards.cend() ? QString() : daysText(known->card, m_frame.today); !days.isEmpty())
         lines.append(days);
+    if (isOnWeb(row))
+        lines.append(PublicCondition::caption());
     return lines.join(u'\n');
 }

@@ -60,6 +60,7 @@ private:
     QString title(int row) const;
     QString particulars(int row) const;
     std::pair<KChip::Kind, QString> state(const CarCard &card) const;
+    bool isOnWeb(int row) const;
     void paintPicture(QPainter &painter, const QRect &room, int row) const;
     void paintPlate(QPainter &painter, const QRect &room, int row) const;
 
