@@ -46,12 +46,16 @@ void keep(const Thumbnails::Source &source, qint32 key, const QByteArray &thumbn
 
 QByteArray Thumbnails::made(const QByteArray &stored)
 {
-    const QImage picture = PictureIntake::decode(stored);
+    return made(PictureIntake::decode(stored), {maxWidth, maxHeight});
+}
+
+QByteArray Thumbnails::made(const QImage &picture, const QSize &longest)
+{
     if (picture.isNull())
         return {};
     QSize size = picture.size();
-    if (size.width() > maxWidth || size.height() > maxHeight)
-        size.scale(maxWidth, maxHeight, Qt::KeepAspectRatio);
+    if (size.width() > longest.width() || size.height() > longest.height())
+        size.scale(longest, Qt::KeepAspectRatio);
     QImage small(size.expandedTo(QSize(1, 1)), QImage::Format_RGB32);
     small.fill(Qt::white);
     QPainter painter(&small);

@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QImage>
 #include <QList>
 #include <QString>
 
@@ -31,6 +32,9 @@ public:
 
     // A JPEG, on white where the picture lets something shine through; empty for bytes that cannot be shown.
     static QByteArray made(const QByteArray &stored);
+    // The same of a picture that is decoded, with other longest sides; a smaller one keeps its size. The file holds its pixels and nothing
+    // else that came with it.
+    static QByteArray made(const QImage &picture, const QSize &longest);
 
     // From now on those of the table follow its rows.
     static void follow(const Source &source);

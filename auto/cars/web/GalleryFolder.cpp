@@ -7,9 +7,13 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -34,11 +38,48 @@ QStringList listed(const QString &folder)
     return names;
 }
 
-void write(const QString &path, const QByteArray &bytes, QIODevice::OpenMode mode)
+// Why the system did not write, as a user can mend it.
+QString reason(int error)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | mode) || file.write(bytes) != bytes.size() || !file.flush() || ::fsync(file.handle()) != 0)
-        throw GalleryFolder::Failure(u"فایل «%1» نوشته نشد: %2"_s.arg(path, file.errorString()));
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return u"روی دیسک جا نیست."_s;
+    case EACCES:
+    case EPERM:
+        return u"اجازه نوشتن در این پوشه را ندارید."_s;
+    case EROFS:
+        return u"این دیسک فقط خواندنی است."_s;
+    default:
+        return QString::fromLocal8Bit(std::strerror(error));
+    }
+}
+
+[[noreturn]] void refuse(const QString &path, int error)
+{
+    throw GalleryFolder::Failure(u"«%1» نوشته نشد: %2"_s.arg(path, reason(error)));
+}
+
+// On the disk when it returns.
+void write(const QString &path, const QByteArray &bytes, int mode)
+{
+    const int file = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | mode, 0644);
+    if (file < 0)
+        refuse(path, errno);
+    qsizetype done = 0;
+    while (done < bytes.size()) {
+        const ssize_t now = ::write(file, bytes.constData() + done, size_t(bytes.size() - done));
+        if (now < 0 && errno == EINTR)
+            continue;
+        if (now < 0)
+            break;
+        done += now;
+    }
+    const int error = done < bytes.size() || ::fsync(file) != 0 ? errno : 0;
+    ::close(file);
+    if (error != 0)
+        refuse(path, error);
 }
 
 }
@@ -46,6 +87,33 @@ void write(const QString &path, const QByteArray &bytes, QIODevice::OpenMode mod
 QString GalleryFolder::listName()
 {
     return u".gallery-files"_s;
+}
+
+// Whoever ends deletes the file; so one that was opened just before may be nobody's any more, and the next is tried.
+GalleryFolder::Lock::Lock(const QString &path)
+    : m_path(QFile::encodeName(path))
+{
+    for (;;) {
+        m_file = ::open(m_path.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0644);
+        if (m_file < 0)
+            refuse(path, errno);
+        // Some disks, such as a telephone's, know no locks.
+        if (::flock(m_file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+            ::close(m_file);
+            throw Failure(u"همین حالا خروجی دیگری در این پوشه نوشته می‌شود. کمی بعد دوباره امتحان کنید."_s);
+        }
+        struct stat held = {};
+        struct stat named = {};
+        if (::fstat(m_file, &held) == 0 && ::stat(m_path.constData(), &named) == 0 && held.st_ino == named.st_ino && held.st_dev == named.st_dev)
+            return;
+        ::close(m_file);
+    }
+}
+
+GalleryFolder::Lock::~Lock()
+{
+    ::unlink(m_path.constData());
+    ::close(m_file);
 }
 
 GalleryFolder::GalleryFolder(const QString &folder)
@@ -56,6 +124,8 @@ GalleryFolder::GalleryFolder(const QString &folder)
     const QString start = QFileInfo(m_folder).path() + u"/."_s + QFileInfo(m_folder).fileName();
     m_beside = start + u".new"_s;
     m_retired = start + u".old"_s;
+    QDir().mkpath(QFileInfo(m_folder).path());
+    m_lock = std::make_unique<Lock>(start + u".lock"_s);
     prepare();
 }
 
@@ -75,9 +145,9 @@ void GalleryFolder::prepare()
     settle(m_beside);
     settle(m_retired);
     QDir().rmdir(m_beside); // empty: a kill before its list was begun
-    if (QFileInfo::exists(m_beside) || !QDir().mkpath(m_beside))
-        throw Failure(u"پوشه «%1» ساخته نشد."_s.arg(m_beside));
-    write(m_beside + u'/' + listName(), {}, QIODevice::Truncate);
+    if (::mkdir(QFile::encodeName(m_beside).constData(), 0755) != 0)
+        refuse(m_beside, errno);
+    write(m_beside + u'/' + listName(), {}, O_TRUNC);
 }
 
 // The name first: a file that is being written at a kill is known to be ours.
@@ -85,9 +155,20 @@ void GalleryFolder::add(const QString &name, const QByteArray &bytes)
 {
     if (!isPlainName(name) || name == listName())
         throw Failure(u"«%1» نام فایل نیست."_s.arg(name));
-    write(m_beside + u'/' + listName(), name.toUtf8() + '\n', QIODevice::Append);
-    write(m_beside + u'/' + name, bytes, QIODevice::Truncate);
+    write(m_beside + u'/' + listName(), name.toUtf8() + '\n', O_APPEND);
+    write(m_beside + u'/' + name, bytes, O_TRUNC);
     m_size += bytes.size();
+}
+
+// It stays in the list, which may name what is not there.
+void GalleryFolder::drop(const QString &name)
+{
+    if (!isPlainName(name) || name == listName())
+        throw Failure(u"«%1» نام فایل نیست."_s.arg(name));
+    QFile file(m_beside + u'/' + name);
+    const qint64 size = file.size();
+    if (file.remove())
+        m_size -= size;
 }
 
 void GalleryFolder::replace()

@@ -109,7 +109,8 @@ QString contact(const GalleryHead &head)
 
 QString GalleryCar::name() const
 {
-    QStringList parts{brand, model, trim};
+    // A model is often named with its brand.
+    QStringList parts{model.startsWith(brand) ? QString() : brand, model, trim};
     parts.removeAll(QString());
     return parts.isEmpty() ? u"خودرو"_s : parts.join(u' ');
 }

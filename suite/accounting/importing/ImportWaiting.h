@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "suite/accounting/TzAccountingExport.h"
 #include "suite/accounting/importing/ImportTask.h"
 
 class QWidget;
@@ -11,6 +12,6 @@ class QWidget;
 namespace ImportWaiting {
 
 // Throws what the work threw, Stopped among it.
-void run(const QString &text, QWidget *window, const ImportTask::Work &work);
+TZACCOUNTING_EXPORT void run(const QString &text, QWidget *window, const ImportTask::Work &work);
 
 }

@@ -30,6 +30,7 @@ private Q_SLOTS:
         QTest::addColumn<GalleryCar>("car");
         QTest::addColumn<QString>("name");
         QTest::newRow("all parts") << GalleryCar{.brand = u"پژو"_s, .model = u"206"_s, .trim = u"تیپ 2"_s} << u"پژو 206 تیپ 2"_s;
+        QTest::newRow("the model names its brand") << GalleryCar{.brand = u"پژو"_s, .model = u"پژو 206"_s} << u"پژو 206"_s;
         QTest::newRow("no class") << GalleryCar{.brand = u"پژو"_s, .model = u"206"_s} << u"پژو 206"_s;
         QTest::newRow("nothing known") << GalleryCar{} << u"خودرو"_s;
     }
