@@ -7,6 +7,8 @@
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/cars/register/gallery/CarGallery.h"
 #include "auto/cars/register/gallery/CarThumbnails.h"
+#include "auto/cars/web/CDlgWebGallery.h"
+#include "auto/cars/web/PublicCars.h"
 #include "auto/catalog/CDlgAddCar.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgAddInputParameter.h"
@@ -477,6 +479,22 @@ void addCars(LookOffice &office, std::vector<Entry> &entries)
                        })});
 }
 
+// Of two ticked cars; written: into a folder that is there while the window is.
+Show webGallery(LookOffice &office, bool written)
+{
+    const int car = office.number(u"SELECT MAX(iID) FROM AutomobilInformations WHERE bSold=0 AND iArchiveUserID=0 AND iStatus=0"_s);
+    const int other = office.number(u"SELECT MIN(iID) FROM AutomobilInformations WHERE bSold=0 AND iArchiveUserID=0 AND iStatus=0"_s);
+    return modal([car, other, written] {
+        const QTemporaryDir folder;
+        PublicCars::set({car, other}, true);
+        CDlgWebGallery dialog;
+        dialog.setFolder(folder.filePath(u"web"_s));
+        if (written)
+            dialog.accept();
+        dialog.exec();
+    });
+}
+
 // A file of persons, one of them with a wrong number and one who is there already, as far as that step.
 Show importing(CDlgImport::Step step)
 {
@@ -508,6 +526,8 @@ void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"person-edit", command(office, persons, u"edit"_s)});
     entries.push_back({"person-show", command(office, persons, u"show"_s)});
     entries.push_back({"person-picker", modal([] { static_cast<void>(CDlgPersons::SelectPerson(nullptr, CDlgPersons::modePickOne, 0)); })});
+    entries.push_back({"web-gallery", webGallery(office, false)});
+    entries.push_back({"web-gallery-written", webGallery(office, true)});
     entries.push_back({"import-file", importing(CDlgImport::File)});
     entries.push_back({"import-columns", importing(CDlgImport::Columns)});
     entries.push_back({"import-check", importing(CDlgImport::Check)});

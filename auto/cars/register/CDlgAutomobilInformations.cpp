@@ -11,6 +11,7 @@
 #include "auto/cars/register/CarWebCommand.h"
 #include "auto/cars/register/gallery/CarGallery.h"
 #include "auto/cars/register/editor/CDlgAddAutomobilInformation.h"
+#include "auto/cars/web/CDlgWebGallery.h"
 #include "auto/catalog/CDlgCarsAll.h"
 #include "auto/catalog/parameters/CDlgInputParameters.h"
 #include "auto/db/CTblAutomobilDemands.h"
@@ -132,6 +133,7 @@ std::vector<KListCommand> CDlgAutomobilInformations::commands()
         {u"import"_s, u"ورود از فایل"_s, change, [this] { importFile(); }, {}, u":/icons/table.svg"_s, Write},
         {u"catalog"_s, u"نام خودرو"_s, C::StartsGroup, [this] { browseCatalog(); }, {}, u":/icons/car.svg"_s, Access, u"CarsAll"_s},
         {u"inputParameters"_s, u"پارامترهاي ورودي"_s, 0, [this] { editInputParameters(); }, {}, u":/icons/settings.svg"_s, Access, u"InputParameters"_s},
+        {u"webPage"_s, u"خروجی وب"_s, C::HiddenInSelect, [this] { CDlgWebGallery::Show(this); }, {}, u":/icons/web.svg"_s, PrintList},
         {u"reset"_s, u"پيش فرض"_s, C::BesideSearch, [this] { resetFilter(); }, {}, u":/icons/refresh.svg"_s},
     };
 }

@@ -89,7 +89,7 @@ QList<KListFilter> carFilters(const KListFilter::Choices &types, const KListFilt
         {.key = u"owner"_s, .label = u"نام مالک :"_s, .kind = K::Person, .place = {0, 0}, .clause = number(" AND ai.iPersonID=")},
         {.key = u"chassis"_s, .label = u"شماره شاسي :"_s, .kind = K::Text, .place = {2, 0}, .clause = pattern("ai.sChassisNum"), .maxLength = 50, .options = F::FindGoesHere},
         {.key = u"plate"_s, .label = u"پلاک :"_s, .kind = K::Text, .place = {3, 4}, .clause = &plateClause, .maxLength = 50},
-        {.key = u"web"_s, .label = u"فقط "_s + PublicCondition::caption(), .kind = K::Flag, .place = {3, 3}, .clause = flag(" AND " + PublicCondition::ticked(), {})},
+        {.key = u"web"_s, .label = u"فقط نمایش در وب"_s, .kind = K::Flag, .place = {3, 3}, .clause = flag(" AND " + PublicCondition::ticked(), {})},
         {.key = u"grouping"_s, .clause = always(" GROUP BY ai.iID")},
     };
 }

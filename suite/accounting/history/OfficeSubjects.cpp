@@ -100,6 +100,7 @@ void enterSettings()
         {u"Twins"_s, u"تنظیمات شماره‌های تکراری"_s},
         {u"Company"_s, u"مشخصات نمایشگاه"_s},
         {u"AutomobilContracts"_s, u"تنظیمات قرارداد"_s},
+        {u"WebGallery"_s, u"تنظیمات خروجی وب"_s},
     };
     // One window changes the first six, which are one history.
     const auto ofTheOffice = [](qint32, int) {
