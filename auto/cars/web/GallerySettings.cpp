@@ -35,7 +35,8 @@ GallerySettings GallerySettings::of(const OfficeSettings &settings)
     if (!kept.title.isEmpty())
         return kept;
     const CompanyDetails office = CompanyDetails::of(settings);
-    QStringList place{office.city, office.address};
+    // Many type the city into the address too.
+    QStringList place{office.address.contains(office.city) ? QString() : office.city, office.address};
     place.removeAll(QString());
     kept.title = office.name();
     kept.telephone = office.telephone.isEmpty() ? office.mobile : office.telephone;

@@ -86,6 +86,10 @@ private Q_SLOTS:
         QCOMPARE(telephone(window)->text(), u"021-5555"_s);
         QCOMPARE(named<KEdit>(window, u"آدرس :"_s)->text(), u"تهران، خیابان آزادی"_s);
         QCOMPARE(prices(window)->currentText(), u"با قیمت"_s);
+        // A city that the address names is not said twice.
+        run(u"UPDATE Properties SET sValue='تهران، خیابان آزادی' WHERE sSection='Company' AND sKey='address'"_s);
+        const CDlgWebGallery again;
+        QCOMPARE(named<KEdit>(again, u"آدرس :"_s)->text(), u"تهران، خیابان آزادی"_s);
     }
 
     void writesThePageAndRemembers()
