@@ -18,6 +18,7 @@
 #include "auto/subjects/AutoWindows.h"
 #include "auto/today/AutoToday.h"
 #include "suite/db/connection/CMySQLException.h"
+#include "auto/messages/AutoMessages.h"
 #include "auto/reports/season/CDlgAutomobilReportSeasons.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KMessageDialog.h"
@@ -82,6 +83,7 @@ int CAutoDBSetting::UpdateDB(int database, double storedVersion, double &reached
     AutoSearch::enter();
     CarActions::enter();
     CarRecordParts::enter();
+    AutoMessages::enter();
     try {
         SchemaUpgrade::run(database, storedVersion, reachedVersion, alterFlag);
         if (database == 0)

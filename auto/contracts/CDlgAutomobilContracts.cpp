@@ -26,6 +26,8 @@
 #include "suite/accounting/books/CDlgAccountDocs.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/crm/messages/CDlgMessageToPerson.h"
+#include "suite/crm/messages/MessageRows.h"
 #include "suite/crm/persons/PersonFilter.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
@@ -161,6 +163,7 @@ std::vector<KListCommand> CDlgAutomobilContracts::commands()
         {u"sellerStatement"_s, u"صورتحساب فروشنده"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::seller); }, {}, u":/icons/document.svg"_s},
         {u"buyerStatement"_s, u"صورتحساب خریدار"_s, C::NeedsRow | C::InRowMenu, [this] { showStatement(ContractSide::buyer); }, {}, u":/icons/document.svg"_s},
         {u"overdue"_s, u"سررسیدهای قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { showOverdue(); }, {}, u":/icons/calendar.svg"_s, Access, u"AutomobilPayments"_s},
+        {u"message"_s, u"متن پیام"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { CDlgMessageToPerson::run(u"contract"_s, MessageRows::marked(*list()), this); }, {}, u":/icons/edit.svg"_s, Read},
         {u"templates"_s, u"قالب‌های قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { CDlgContractTemplates::Show(this); }, {}, u":/icons/document.svg"_s, Read},
         {u"filePrinted"_s, u"بایگانی PDF قرارداد"_s, C::NeedsRow | C::HiddenInSelect | C::InRowMenu, [this] { filePrinted(); }, {}, u":/icons/archive.svg"_s, Modify},
     };

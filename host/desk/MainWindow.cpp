@@ -42,6 +42,7 @@
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/crm/messages/CDlgMessageTexts.h"
 #include "suite/crm/reminders/CDlgAlarms.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/crm/persons/CDlgPersons.h"
@@ -234,7 +235,8 @@ void MainWindow::buildBooksMenu()
                 {u"&خدمات"_s, u"edit"_s, &showPage<CDlgServices>, {}, Command::StartsGroup | Command::OpensPage, u"Services"_s},
                 {u"س&رفصل حساب‌ها"_s, u"database"_s, &showPage<CDlgChartOfAccounts>, {}, Command::OpensPage, u"ChartOfAccounts"_s},
                 {u"&صندوق و بانک"_s, u"money"_s, &showPage<CDlgCashAccounts>, {}, Command::OpensPage, u"Receipts"_s},
-                {u'&' + remindersText, u"reminder"_s, [this] { showReminders(); }, remindersKey, Command::StartsGroup | Command::OpensPage},
+                {u"&متن پیام‌ها"_s, u"edit"_s, &showPage<CDlgMessageTexts>, {}, Command::StartsGroup | Command::OpensPage, u"MessageTexts"_s},
+                {u'&' + remindersText, u"reminder"_s, [this] { showReminders(); }, remindersKey, Command::OpensPage},
             });
 }
 

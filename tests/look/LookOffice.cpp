@@ -4,6 +4,7 @@
 #include "tests/look/LookOffice.h"
 
 #include "auto/bin/CarRecordParts.h"
+#include "auto/messages/AutoMessages.h"
 #include "auto/subjects/AutoFirstSteps.h"
 #include "auto/subjects/AutoSearch.h"
 #include "auto/subjects/AutoSubjects.h"
@@ -103,6 +104,7 @@ void LookOffice::makeSearchable()
     CrmSearch::enter();
     TreasurySearch::enter();
     AutoSearch::enter();
+    AutoMessages::enter();
     CrmWindows::enter();
     CrmToday::enter();
     TreasuryToday::enter();

@@ -75,6 +75,9 @@
 #include "suite/accounting/reports/CDlgReportLayout.h"
 #include "suite/accounting/timeline/CDlgStory.h"
 #include "suite/utility/frame/KDialogHolder.h"
+#include "suite/crm/messages/CDlgAddMessageText.h"
+#include "suite/crm/messages/CDlgMessageToPerson.h"
+#include "suite/crm/messages/CTblMessageTexts.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
@@ -233,6 +236,7 @@ void addPages(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"documents", page(office, documents)});
     entries.push_back({"invoices", page(office, invoices)});
     entries.push_back({"services", page(office, services)});
+    entries.push_back({"message-texts", page(office, u"متن پیام‌ها"_s)});
     entries.push_back({"accounts", page(office, u"سرفصل حساب‌ها"_s)});
     entries.push_back({"cash-accounts", page(office, u"صندوق و بانک"_s)});
     entries.push_back({"receipts", page(office, receipts, [](KListPage &list) {
@@ -386,6 +390,30 @@ void addContracts(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"month", month(office, contracts, u"new"_s, u"تاريخ عقد :"_s)});
     entries.push_back({"seasons", menuEntry(office, u"گزارش فصلي"_s)});
     entries.push_back({"payable", window<CDlgPaymentAmount>(2, quint16(1405))});
+}
+
+// A kind of message with a text of the office's own.
+void addMessageText()
+{
+    CTblMessageTexts text;
+    text.AddNew();
+    text.m_sKind = u"instalment"_s;
+    text.m_sName = u"یادآوری دوستانه برای مشتریان همیشگی نمایشگاه"_s;
+    text.m_sText = u"{نام}، قسط {شماره قسط} به مبلغ {مبلغ} سررسید {تاریخ سررسید} است.\n[{روز دیرکرد} روز دیر شده است.]\n{نمایشگاه}"_s;
+    text.Update(true);
+}
+
+void addPersonMessages(LookOffice &office, std::vector<Entry> &entries)
+{
+    addMessageText();
+    const int text = office.number(u"SELECT MAX(iID) FROM MessageTexts"_s);
+    const int first = office.number(u"SELECT iID FROM AutomobilPayments WHERE iStatus=0 ORDER BY date,iID LIMIT 1"_s);
+    const int second = office.number(u"SELECT iID FROM AutomobilPayments WHERE iStatus=0 ORDER BY date DESC,iID DESC LIMIT 1"_s);
+    entries.push_back({"message-text-new", window<CDlgAddMessageText>(0)});
+    entries.push_back({"message-text", window<CDlgAddMessageText>(text)});
+    entries.push_back({"message-to-person", modal([=] { CDlgMessageToPerson::run(u"instalment"_s, {MessageAbout{first}, MessageAbout{second}}, nullptr); })});
+    const int contract = office.number(u"SELECT MAX(iID) FROM AutomobilContracts WHERE iPersonFirstID>0"_s);
+    entries.push_back({"message-copied", modal([=] { CDlgMessageToPerson::run(u"contract"_s, {MessageAbout{contract}}, nullptr); }, [](QDialog &dialog) { static_cast<CDlgMessageToPerson &>(dialog).copy(); })});
 }
 
 CTblAutomobilContracts &lastContract(LookOffice &office, CTblAutomobilContracts &contract)
@@ -676,6 +704,7 @@ std::vector<Entry> WindowTable::all(LookOffice &office)
     std::vector<Entry> entries;
     addPages(office, entries);
     addContracts(office, entries);
+    addPersonMessages(office, entries);
     addCheques(office, entries);
     addCars(office, entries);
     addPersonsAndBooks(office, entries);

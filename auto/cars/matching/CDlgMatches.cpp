@@ -6,6 +6,8 @@
 #include "suite/accounting/reports/CDlgReportGenerator.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/crm/messages/CDlgMessageToPerson.h"
+#include "suite/crm/messages/MessageRows.h"
 #include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
@@ -59,7 +61,9 @@ void CDlgMatches::build()
     m_list->setAccessibleName(m_table.title);
     m_list->setColumns(m_table.columns);
     m_list->SetSettingName(m_table.section + u"\\List"_s);
-    connect(m_list, &KExtListCtrl::currentKeyChanged, this, [this](int key) { m_show->setEnabled(key > 0); });
+    if (m_table.message)
+        m_list->setSeveralMarkable();
+    connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgMatches::updateButtons);
     connect(m_list, &KExtListCtrl::rowActivated, this, [this] { showSelected(); });
 
     auto *content = new QWidget(this);
@@ -86,6 +90,21 @@ void CDlgMatches::addCommands()
     auto *shortcut = new QShortcut(QKeySequence(QKeySequence::Print), this);
     connect(shortcut, &QShortcut::activated, printButton, &QPushButton::click);
     printButton->setToolTip(shortcut->key().toString(QKeySequence::NativeText));
+    if (!m_table.message)
+        return;
+    m_message = addButton(footer(), u"متن پیام"_s, u":/icons/edit.svg"_s);
+    connect(m_message, &QPushButton::clicked, this, &CDlgMatches::writeMessages);
+    auto *key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_M), this);
+    connect(key, &QShortcut::activated, m_message, &QPushButton::click);
+    m_message->setToolTip(key->key().toString(QKeySequence::NativeText));
+}
+
+void CDlgMatches::writeMessages()
+{
+    QList<MessageAbout> about;
+    for (const MessageAbout &row : MessageRows::marked(*m_list))
+        about.append(m_table.message(row.key));
+    CDlgMessageToPerson::run(u"carFound"_s, about, this);
 }
 
 bool CDlgMatches::load()
@@ -104,8 +123,16 @@ bool CDlgMatches::load()
         m_empty->say(u":/icons/search.svg"_s, m_table.nothing);
     else
         m_empty->dismiss();
-    m_show->setEnabled(m_list->currentKey() > 0);
+    updateButtons();
     return true;
+}
+
+void CDlgMatches::updateButtons()
+{
+    const bool hasRow = m_list->currentKey() > 0;
+    m_show->setEnabled(hasRow);
+    if (m_message)
+        m_message->setEnabled(hasRow);
 }
 
 QString CDlgMatches::subject() const

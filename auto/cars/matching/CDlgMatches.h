@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/lists/KListPage.h"
+#include "suite/crm/messages/MessageKinds.h"
 #include "suite/utility/frame/KDialog.h"
 #include "suite/utility/lists/KListModel.h"
 
@@ -32,6 +33,8 @@ struct MatchTable
     std::function<std::optional<Contents>()> read;
     // Shows the record of a row. True when the list has to be read again.
     std::function<bool(int key, QWidget *parent)> show;
+    // What a message about the row says (MessageKinds). Empty: none is offered.
+    std::function<MessageAbout(int key)> message = {};
 };
 
 // What fits something, best first: cars for a demand, demands for a car. A row is opened read-only; the list can be printed.
@@ -56,11 +59,14 @@ public:
     // The commands behind the buttons.
     void showSelected();
     void print();
+    // Of the marked rows.
+    void writeMessages();
     ListReport report() const;
 
 private:
     void build();
     void addCommands();
+    void updateButtons();
 
     MatchTable m_table;
     QLabel *m_subject;
@@ -68,6 +74,7 @@ private:
     QLabel *m_count;
     KEmptyState *m_empty = nullptr;
     QPushButton *m_show = nullptr;
+    QPushButton *m_message = nullptr; // null: none is offered
 };
 
 // Texts that both windows of matches show.

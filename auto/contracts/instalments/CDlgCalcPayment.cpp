@@ -6,6 +6,7 @@
 #include "auto/contracts/instalments/PlanSheet.h"
 #include "auto/db/PlanTrace.h"
 #include "suite/accounting/changes/HistoryButton.h"
+#include "auto/contracts/instalments/InstalmentFollowUp.h"
 #include "auto/contracts/instalments/InstalmentQuestions.h"
 #include "auto/contracts/instalments/LateFee.h"
 #include "auto/contracts/instalments/PlanFollowing.h"
@@ -18,6 +19,8 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/SuiteMessages.h"
+#include "suite/crm/messages/CDlgMessageToPerson.h"
+#include "suite/crm/messages/MessageRows.h"
 #include "suite/crm/persons/CTblPersonsMini.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
@@ -52,6 +55,7 @@ const QString calculateCaption = u"محاسبه اقساط"_s;
 const QString saveCaption = u"ذخيره اقساط"_s;
 const QString deleteCaption = u"حذف اقساط"_s;
 const QString receiveCaption = u"دريافت قسط"_s;
+const QString messageCaption = u"متن پیام"_s;
 const QString printCaption = u"چاپ"_s;
 const QString pageCaption = u"برگه قرارداد"_s;
 const QString closeCaption = u"بازگشت"_s;
@@ -133,6 +137,7 @@ void CDlgCalcPayment::build(double principal)
     m_list->setAccessibleName(calculateCaption);
     m_list->setColumns(listColumns(m_rates.lateFeePercent > 0));
     m_list->SetSettingName(u"AutomobilPayments\\List"_s);
+    m_list->setSeveralMarkable();
     connect(m_list, &KExtListCtrl::currentKeyChanged, this, &CDlgCalcPayment::updateButtons);
     m_note = new QLabel(
         u"به دليل اينکه حداقل يکي از اقساط پرداخت شده، نمي توانيد  اقساط را تغيير دهيد."_s, this);
@@ -231,6 +236,7 @@ void CDlgCalcPayment::addCommands(QDialogButtonBox *close)
                                                                         {saveCaption, &CDlgCalcPayment::savePlan},
                                                                         {deleteCaption, &CDlgCalcPayment::deletePlan},
                                                                         {receiveCaption, &CDlgCalcPayment::receiveSelected},
+                                                                        {messageCaption, &CDlgCalcPayment::writeMessages},
                                                                         {printCaption, &CDlgCalcPayment::printPlan},
                                                                         {pageCaption, &CDlgCalcPayment::showPage}};
     for (const auto &[caption, command] : commands) {
@@ -287,6 +293,8 @@ void CDlgCalcPayment::updateButtons()
     const auto selected = std::find_if(m_stored.cbegin(), m_stored.cend(), [key](const auto &row) { return row.id == key; });
     const bool isOpen = key > 0 && selected != m_stored.cend() && selected->state().kind != InstalmentState::Paid;
     // A contract that was never confirmed can still be cancelled, and a receipt would outlive it.
+    // A plan that was just calculated is in no one's mind yet.
+    button(messageCaption)->setEnabled(key > 0 && KSecurity::IsGranted(InstalmentFollowUp::form(), KSecurity::Read));
     button(receiveCaption)->setEnabled(m_confirmed && !m_readOnly && !m_settings.isClosed() && isOpen);
 }
 
@@ -547,6 +555,14 @@ void CDlgCalcPayment::showPage()
         return sheet ? QList<PaperSheet>{*sheet} : QList<PaperSheet>();
     };
     CDlgPaper::run(u"AutomobilContracts"_s, KSecurity::PrintList, make, u"لطفا نخست اقساط را ذخیره نمایید."_s, this);
+}
+
+// The rows of a plan that is not stored have keys below 0.
+void CDlgCalcPayment::writeMessages()
+{
+    QList<MessageAbout> about = MessageRows::marked(*m_list);
+    about.removeIf([](const MessageAbout &row) { return row.key <= 0; });
+    CDlgMessageToPerson::run(u"instalment"_s, about, this);
 }
 
 void CDlgCalcPayment::receiveSelected()

@@ -46,6 +46,8 @@ public:
     void savePlan();
     void deletePlan();
     void receiveSelected();
+    // Of the marked instalments.
+    void writeMessages();
     void printPlan();
     void showPage();
     // The plan as the list shows it, on paper.

@@ -5,20 +5,20 @@
 
 #include "auto/contracts/editor/CDlgAddAutomobilContract.h"
 #include "auto/contracts/instalments/CDlgCalcPayment.h"
+#include "auto/contracts/instalments/InstalmentFollowUp.h"
 #include "auto/contracts/instalments/InstalmentQuestions.h"
 #include "auto/contracts/instalments/InstalmentState.h"
 #include "auto/contracts/instalments/LateFee.h"
-#include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/contracts/overdue/CTblDueInstalments.h"
 #include "auto/contracts/overdue/DueDays.h"
 #include "auto/contracts/overdue/OverdueFilter.h"
-#include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilPayments.h"
 #include "suite/accounting/books/CDlgAccountDocs.h"
-#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/crm/messages/CDlgMessageToPerson.h"
+#include "suite/crm/messages/MessageRows.h"
 #include "suite/crm/persons/PersonFilter.h"
 #include "suite/treasury/cheques/CDlgDueCheques.h"
 #include "suite/treasury/followups/CDlgFollowUp.h"
@@ -32,26 +32,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString deskForm = u"AutomobilPayments"_s;
+const QString deskForm = InstalmentFollowUp::form();
 const QString contractForm = u"AutomobilContracts"_s;
 
 // A cell that is empty where there is nothing, so that the eye finds what there is.
 KListColumn::Cell amountCell(double amount)
 {
     return IsEquals(amount, 0) ? KListColumn::Cell{{}, 0.0} : KListColumn::money(amount);
-}
-
-// Another desk may replace the plan while the call is noted.
-CTblFollowUps::Subject instalmentSubject(int contractID, int paymentID, int number)
-{
-    return {.recordKind = CTblAutomobilContracts::recordKind,
-            .recordID = contractID,
-            .paymentID = paymentID,
-            .form = deskForm,
-            .require = [=] {
-                if (StoredInstalments::lock(contractID, paymentID) == StoredInstalments::State::Gone)
-                    throw KAccountingError(u"قسط شماره %1 دیگر در برنامه اقساط این قرارداد نیست. چیزی ثبت نشد."_s.arg(number));
-            }};
 }
 
 QDate officeToday()
@@ -146,6 +133,7 @@ std::vector<KListCommand> CDlgOverdueInstalments::commands()
     return {
         {u"receive"_s, u"دریافت قسط"_s, onRow, [this] { receive(); }, QKeySequence(Qt::Key_F7), u":/icons/receipt.svg"_s, Write, u"Receipts"_s},
         {u"followUp"_s, u"پیگیری"_s, onRow, [this] { followUp(); }, QKeySequence(Qt::Key_F4), u":/icons/reminder.svg"_s, Write},
+        {u"message"_s, u"متن پیام"_s, C::NeedsRow, [this] { CDlgMessageToPerson::run(u"instalment"_s, MessageRows::marked(*list()), this); }, QKeySequence(Qt::CTRL | Qt::Key_M), u":/icons/edit.svg"_s, Read},
         {u"showContract"_s, u"نمایش قرارداد"_s, C::NeedsRow | C::StartsGroup, [this] { showRecord(); }, QKeySequence(Qt::Key_F3), u":/icons/show.svg"_s, Read, contractForm},
         {u"plan"_s, u"اقساط قرارداد"_s, C::NeedsRow, [this] { showPlan(); }, {}, u":/icons/calendar.svg"_s, Read, contractForm},
         {u"statement"_s, u"صورتحساب"_s, C::NeedsRow, [this] { showStatement(); }, QKeySequence(Qt::Key_F6), u":/icons/document.svg"_s},
@@ -242,7 +230,7 @@ void CDlgOverdueInstalments::followUp()
     const QString about = u"%1     %2     قسط شماره %3 قرارداد %4     سررسید %5     مانده %6"_s
                               .arg(list()->cellText(shown, u"person"), list()->cellText(shown, u"mobile"), QString::number(row.number),
                                    list()->cellText(shown, u"contract"), list()->cellText(shown, u"due"), list()->cellText(shown, u"rest"));
-    if (CDlgFollowUp::run(instalmentSubject(row.contractID, row.paymentID, row.number), about, this))
+    if (CDlgFollowUp::run(InstalmentFollowUp::subject(row.contractID, row.paymentID, row.number), about, this))
         refill();
 }
 

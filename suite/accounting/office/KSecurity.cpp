@@ -81,6 +81,7 @@ const QList<KSecurity::Form> &KSecurity::forms()
         {u"Cheques"_s, u"چک‌ها"_s, false},
         {u"AutomobilPayments"_s, u"اقساط و سررسیدها"_s, false},
         {u"CustomFields"_s, u"تعریف فیلدهای اضافی"_s, false},
+        {u"MessageTexts"_s, u"متن پیام‌ها"_s, false},
         {u"Users"_s, u"کاربران و دسترسی ها"_s, false},
         {u"Settings"_s, u"تنظیمات"_s, false},
     };

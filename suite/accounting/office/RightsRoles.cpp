@@ -50,10 +50,10 @@ constexpr FormRights table[] = {
     {u"Cheques", {all, none, all, all, sees}},
     {u"AutomobilPayments", {all, prints, all, all, sees}},
     {u"CustomFields", {all, none, none, none, none}},
+    {u"MessageTexts", {all, enters, sees, sees, sees}},
     {u"Users", {all, none, none, none, none}},
     {u"Settings", {all, none, none, none, none}},
 };
-
 }
 
 QStringList RightsRoles::names()

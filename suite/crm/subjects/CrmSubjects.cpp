@@ -7,6 +7,7 @@
 #include "suite/accounting/changes/SubjectWords.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/crm/importing/CrmImports.h"
+#include "suite/crm/messages/MessageSubjects.h"
 #include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/crm/subjects/PersonStory.h"
@@ -22,6 +23,7 @@ void CrmSubjects::enter()
         return;
     PersonStory::enter();
     CrmImports::enter();
+    MessageSubjects::enter();
     const QStringList kinds{u"حقیقی"_s, u"حقیقی (اتباع خارجی)"_s, u"حقوقی"_s};
     RecordSubjects::enter({.table = u"Persons"_s,
                            .kind = u"شخص"_s,

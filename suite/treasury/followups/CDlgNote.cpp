@@ -30,21 +30,10 @@ namespace {
 const QString noteCaption = u"یادداشت و تماس"_s;
 constexpr CTblFollowUps::Kind offeredKinds[] = {CTblFollowUps::call, CTblFollowUps::note};
 
-// Locked against the deletion of the record until the note is written.
-void requireThere(const QString &table, qint32 key)
-{
-    CTblTemp row;
-    row.Open(true, false, true);
-    row.ExecuteQuery(KSql::formatted("SELECT 1 FROM %1 WHERE iID=%2 LOCK IN SHARE MODE", KSql::name(table), key));
-    if (!row.HasResultRow())
-        throw KAccountingError(u"%1 را کاربر دیگری حذف کرده است. یادداشت ثبت نشد."_s.arg(RecordSubjects::nameOf(table, key)));
-}
-
 void addNote(const QString &table, int recordKind, const QString &form, qint32 key, QWidget *parent)
 {
     GetDBSetting()->RequireOpenDB();
-    const CTblFollowUps::Subject subject{.recordKind = recordKind, .recordID = key, .form = form, .require = [table, key] { requireThere(table, key); }};
-    CDlgNote(subject, RecordSubjects::nameOf(table, key), parent).exec();
+    CDlgNote(CTblFollowUps::subjectOf(table, recordKind, form, key), RecordSubjects::nameOf(table, key), parent).exec();
 }
 
 }

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/changes/RecordSubjects.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -44,6 +45,15 @@ void requireOwnNote(const CTblFollowUps &row)
         throw KAccountingError(u"پیگیری‌های سررسید تغییر نمی‌کنند."_s);
     if (row.m_iUserID != GetDBSetting()->GetUserID())
         throw KAccountingError(u"تنها نویسنده می‌تواند این یادداشت را تغییر دهد یا حذف کند."_s);
+}
+
+void requireThere(const QString &table, int key)
+{
+    CTblTemp row;
+    row.Open(true, false, true);
+    row.ExecuteQuery(KSql::formatted("SELECT 1 FROM %1 WHERE iID=%2 LOCK IN SHARE MODE", KSql::name(table), key));
+    if (!row.HasResultRow())
+        throw KAccountingError(u"%1 را کاربر دیگری حذف کرده است. یادداشت ثبت نشد."_s.arg(RecordSubjects::nameOf(table, key)));
 }
 
 CTblFollowUps::Shown shownOf(const CTblFollowUps &row)
@@ -87,6 +97,11 @@ void CTblFollowUps::DoFieldExchange()
     RFX_Date(u"datePromised", m_datePromised, u"وعده پرداخت");
     RFX_Long(u"iUserID", m_iUserID, u"کاربر", u"Users", u"iID", u"sUser");
     RFX_Long(u"iKind", m_iKind, u"");
+}
+
+CTblFollowUps::Subject CTblFollowUps::subjectOf(const QString &table, int recordKind, const QString &form, int recordID)
+{
+    return {.recordKind = recordKind, .recordID = recordID, .form = form, .require = [table, recordID] { requireThere(table, recordID); }, .kind = note};
 }
 
 int CTblFollowUps::add(const Subject &subject, const QString &note, const QDateTime &promised, int database)

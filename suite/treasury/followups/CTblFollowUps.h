@@ -60,6 +60,9 @@ public:
     ~CTblFollowUps() override;
     QString GetTableName() const override;
 
+    // A note about a record of that table, to who may add such records (form): locked against its deletion until the note is written.
+    static Subject subjectOf(const QString &table, int recordKind, const QString &form, int recordID);
+
     // Adds a row of the current user and of now, by the server's clock, and returns its key. A unit of its own. Throws, with
     // nothing written: FieldRefused ("sNote") without a note and without a promise, FieldRefused ("datePromised") for a promise that
     // is over; KAccountingError without the right, in a closed database and when the record is gone, as far as its ReceiptOwner says;

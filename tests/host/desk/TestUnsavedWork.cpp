@@ -172,6 +172,7 @@ private Q_SLOTS:
         QTest::newRow("invoice, new") << command(u"فاکتورها"_s, u"newSale"_s);
         QTest::newRow("invoice") << command(u"فاکتورها"_s, firstOne);
         QTest::newRow("service, new") << command(u"خدمات"_s, newOne);
+        QTest::newRow("message text, new") << command(u"متن پیام‌ها"_s, newOne);
         QTest::newRow("user, new") << command(u"کاربران و دسترسی‌ها"_s, newOne);
         QTest::newRow("user") << command(u"کاربران و دسترسی‌ها"_s, firstOne);
         QTest::newRow("receipt, new") << command(u"دریافت‌ها و پرداخت‌ها"_s, u"newReceipt"_s);

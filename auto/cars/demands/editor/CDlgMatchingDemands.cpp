@@ -41,7 +41,8 @@ MatchTable::Contents contents(const MatchingDemands &matching)
     return contents;
 }
 
-MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
+// message: as the table has it.
+MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find, const std::function<MessageAbout(int)> &message = {})
 {
     const QString title = u"متقاضیان"_s;
     return {
@@ -76,6 +77,7 @@ MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
             CDlgAddAutomobilDemand::ShowDemand(key, changed, parent);
             return changed;
         },
+        message,
     };
 }
 
@@ -83,7 +85,7 @@ MatchTable tableOf(const std::function<std::optional<MatchingDemands>()> &find)
 
 MatchTable CDlgMatchingDemands::table(int carID)
 {
-    return tableOf([carID] { return MatchingDemands::of(carID); });
+    return tableOf([carID] { return MatchingDemands::of(carID); }, [carID](int key) { return MessageAbout{key, carID}; });
 }
 
 void CDlgMatchingDemands::Show(const OfferedCar &offer, int carCode, QWidget *parent)

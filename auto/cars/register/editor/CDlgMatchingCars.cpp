@@ -86,6 +86,7 @@ MatchTable CDlgMatchingCars::table(int demandID)
             CDlgAddAutomobilInformation::ShowCar(key, changed, parent);
             return changed;
         },
+        [demandID](int key) { return MessageAbout{demandID, key}; },
     };
 }
 
