@@ -33,7 +33,7 @@ const QStringList &suiteTables()
 {
     static const QStringList tables = {u"Users"_s, u"UserRights"_s, u"Persons"_s, u"Items"_s, u"Documents"_s, u"Docs"_s,
                                        u"Receipts"_s, u"Cheques"_s, u"ChequeChanges"_s, u"FollowUps"_s, u"CarContracts"_s, u"FileDocs"_s, u"CustomFields"_s, u"CustomFieldRecords"_s,
-                                       u"ReportLayouts"_s, u"Alarms"_s, u"Services"_s, u"Factors"_s, u"FactorStuffs"_s, u"Bin"_s, u"BinRows"_s};
+                                       u"ReportLayouts"_s, u"Alarms"_s, u"Services"_s, u"Factors"_s, u"FactorStuffs"_s, u"Bin"_s, u"BinRows"_s, u"MessageTexts"_s};
     return tables;
 }
 

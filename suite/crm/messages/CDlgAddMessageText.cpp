@@ -61,8 +61,6 @@ CDlgAddMessageText::CDlgAddMessageText(qint32 key, QWidget *parent)
     // What the fields are belongs to the kind: another kind is another text.
     m_kind->setEnabled(!known);
     kindChosen();
-    if (!known && kind())
-        m_text->setText(kind()->suppliedText);
     if (known)
         m_edit.remember([this] { store(); });
     resize(LookSizes::scaled(760), LookSizes::scaled(680));
@@ -127,6 +125,10 @@ const MessageKind *CDlgAddMessageText::kind() const
 
 void CDlgAddMessageText::kindChosen()
 {
+    // A text that came along gives way to that of the kind; what somebody wrote stays.
+    if (kind() && m_edit.isNew() && (m_text->text().isEmpty() || m_text->text() == m_supplied))
+        m_text->setText(kind()->suppliedText);
+    m_supplied = kind() ? kind()->suppliedText : QString();
     showFields();
     readSample();
     showPreview();
@@ -146,6 +148,7 @@ void CDlgAddMessageText::showFields()
         connect(button, &QPushButton::clicked, this, [this, name = field.name] { insert(name); });
         m_fields->layout()->addWidget(button);
         button->show();
+        setTabOrder(m_fieldButtons.isEmpty() ? static_cast<QWidget *>(m_text) : m_fieldButtons.constLast(), button);
         m_fieldButtons.append(button);
     }
 }

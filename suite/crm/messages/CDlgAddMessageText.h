@@ -61,6 +61,7 @@ private:
     RowEdit m_edit;
     std::optional<PersonMessage> m_sample;
     QString m_noSample; // why there is none
+    QString m_supplied; // the text that came along for the chosen kind
     KDropDown *m_kind;
     KEdit *m_name;
     KTextArea *m_text;

@@ -18,9 +18,11 @@
 #include "suite/crm/messages/MessageFilling.h"
 #include "suite/crm/messages/MessageKinds.h"
 #include "suite/crm/persons/CTblPersons.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/entries/KTextArea.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "tests/auto/contracts/PlannedContract.h"
+#include "tests/support/FaultProxy.h"
 #include "tests/support/Hand.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -52,6 +54,8 @@ private Q_SLOTS:
     void noteOnADeletedDemandIsRefused();
     void whoMayNotAddIsOfferedNoNote();
     void recordsThatAreGoneAreLeftOut();
+    void brokenAtCommitIsNotedOnce_data();
+    void brokenAtCommitIsNotedOnce();
     void opensFromEachList_data();
     void opensFromEachList();
 
@@ -237,6 +241,39 @@ void TestAutoMessages::recordsThatAreGoneAreLeftOut()
         QCOMPARE(read(kind->id, {987654, 987654}).size(), 0);
         QCOMPARE(kind->sample(0).key, 0);
     }
+}
+
+void TestAutoMessages::brokenAtCommitIsNotedOnce_data()
+{
+    QTest::addColumn<FaultProxy::Fault>("fault");
+    QTest::addColumn<bool>("reachable"); // afterwards
+    QTest::addColumn<int>("afterFirst");
+    QTest::newRow("before the server had it") << FaultProxy::Fault::CutBeforeCommit << true << 0;
+    QTest::newRow("after the server had it") << FaultProxy::Fault::CutAfterCommit << true << 1;
+    QTest::newRow("before, and no server answers") << FaultProxy::Fault::CutBeforeCommit << false << 0;
+    QTest::newRow("after, and no server answers") << FaultProxy::Fault::CutAfterCommit << false << 1;
+}
+
+// However the line breaks while the follow-up is saved, and however often it is pressed then, there is one.
+void TestAutoMessages::brokenAtCommitIsNotedOnce()
+{
+    QFETCH(FaultProxy::Fault, fault);
+    QFETCH(bool, reachable);
+    QFETCH(int, afterFirst);
+    const PlannedContract contract = plan();
+    CDlgMessageToPerson window(*MessageKinds::of(u"instalment"_s), read(u"instalment"_s, {contract.row(1).id}));
+    window.show();
+    window.copy();
+    FaultProxy proxy(m_office->database().settings());
+    KConnection::configure(0, proxy.settings());
+    proxy.failAtCommit(fault, reachable);
+    window.noteFollowUp();
+    KConnection::configure(0, m_office->database().settings());
+    QCOMPARE(value(u"SELECT COUNT(*) FROM FollowUps"_s).toInt(), afterFirst);
+    window.noteFollowUp();
+    window.noteFollowUp();
+    QCOMPARE(value(u"SELECT COUNT(*) FROM FollowUps"_s), u"1"_s);
+    QVERIFY(window.statusText().contains(u"نوشته شد"_s));
 }
 
 void TestAutoMessages::opensFromEachList_data()

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void previewIsOfARealRecord();
     void unknownFieldIsToldAndMarked();
     void backToTheSuppliedText();
+    void otherKindBringsItsOwnFieldsAndText();
 
 private:
     static QString settled(const QString &kind, const QString &name, const QString &text)
@@ -328,6 +329,35 @@ void TestMessageTexts::backToTheSuppliedText()
     QCOMPARE(window.text()->text(), MessageOffice::kind().suppliedText);
     window.accept();
     QCOMPARE(m_office.value(u"SELECT sText FROM MessageTexts"_s), MessageOffice::kind().suppliedText);
+}
+
+void TestMessageTexts::otherKindBringsItsOwnFieldsAndText()
+{
+    MessageKinds::enter({.id = u"other"_s,
+                         .title = u"دیگر"_s,
+                         .forms = {},
+                         .fields = {{u"بهانه"_s, {}}},
+                         .suppliedText = u"{بهانه}"_s,
+                         .read = [](const QList<MessageAbout> &, int) { return QList<PersonMessage>(); },
+                         .sample = [](int) { return MessageAbout(); }});
+    {
+        CDlgAddMessageText window(0);
+        window.show();
+        window.kinds()->setCurrentIndex(1);
+        QCOMPARE(window.text()->text(), u"{بهانه}"_s);
+        QCOMPARE(window.fieldButtons().constFirst()->text(), u"بهانه"_s);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.text()->setFocus();
+        Hand::press(Qt::Key_Tab);
+        QCOMPARE(Hand::focus(), static_cast<QWidget *>(window.fieldButtons().constFirst()));
+        // What somebody wrote stays, and what is no field any more is told.
+        window.text()->setText(u"من {بهانه}"_s);
+        window.kinds()->setCurrentIndex(0);
+        QCOMPARE(window.text()->text(), u"من {بهانه}"_s);
+        QVERIFY(FieldNote::of(window.text())->text().contains(u"{بهانه}"_s));
+    }
+    MessageKinds::remove(u"other"_s);
 }
 
 static const RegisteredTest<TestMessageTexts, QApplication> registeredMessageTexts;

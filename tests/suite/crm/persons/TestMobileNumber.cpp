@@ -16,6 +16,8 @@ class TestMobileNumber : public QObject
 private Q_SLOTS:
     void form_data();
     void form();
+    void spellings_data();
+    void spellings();
 };
 
 void TestMobileNumber::form_data()
@@ -42,6 +44,29 @@ void TestMobileNumber::form()
 {
     QFETCH(QString, number);
     QTEST(MobileNumber::isGood(number), "good");
+}
+
+void TestMobileNumber::spellings_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("all");
+    QTest::addColumn<QString>("international");
+    QTest::newRow("one") << u"0912 123-4567"_s << QStringList{u"09121234567"_s} << u"+989121234567"_s;
+    QTest::newRow("Persian digits and the country") << u"+۹۸۹۱۲۱۲۳۴۵۶۷"_s << QStringList{u"09121234567"_s} << u"+989121234567"_s;
+    QTest::newRow("a land line") << u"02188776655"_s << QStringList() << QString();
+    QTest::newRow("several") << u"09121234567، 02188776655 / 0935 111 2233"_s << QStringList{u"09121234567"_s, u"09351112233"_s} << QString();
+    QTest::newRow("between words") << u"همراه 09121234567 منزل ۰۹۳۵۱۱۱۲۲۳۳"_s << QStringList{u"09121234567"_s, u"09351112233"_s} << QString();
+    QTest::newRow("parted by a stroke") << u"09121234567 - 09351112233"_s << QStringList{u"09121234567"_s, u"09351112233"_s} << QString();
+    QTest::newRow("twice the same") << u"09121234567, +98 912 123 4567"_s << QStringList{u"09121234567"_s} << QString();
+    QTest::newRow("hostile") << u"sms:09121234567?body=x"_s << QStringList{u"09121234567"_s} << QString();
+    QTest::newRow("nothing") << QString() << QStringList() << QString();
+}
+
+void TestMobileNumber::spellings()
+{
+    QFETCH(QString, text);
+    QTEST(MobileNumber::allIn(text), "all");
+    QTEST(MobileNumber::international(text), "international");
 }
 
 static const RegisteredTest<TestMobileNumber, QCoreApplication> registeredMobileNumber;
