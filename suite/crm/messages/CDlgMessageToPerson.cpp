@@ -3,13 +3,10 @@
 
 #include "suite/crm/messages/CDlgMessageToPerson.h"
 
-#include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/crm/messages/MessageFilling.h"
 #include "suite/crm/messages/MessageLink.h"
 #include "suite/crm/messages/MessageWords.h"
-#include "suite/db/connection/CMySQLException.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/FieldNote.h"
 #include "suite/utility/entries/KDropDown.h"
@@ -22,7 +19,6 @@
 #include "suite/utility/look/LookFonts.h"
 #include "suite/utility/look/LookMarks.h"
 #include "suite/utility/look/LookSizes.h"
-#include "suite/utility/values/KSettings.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>
@@ -39,8 +35,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString settingSection = u"Messages"_s;
-constexpr int longestNote = 500;   // as follow-ups have room for
 constexpr int messageHeight = 156; // for the six lines of most messages
 
 // A shortcut of the window whose button shows it.
@@ -54,19 +48,12 @@ void setKey(QPushButton *button, const QKeySequence &key)
 
 CDlgMessageToPerson::CDlgMessageToPerson(const MessageKind &kind, QList<PersonMessage> messages, QWidget *parent)
     : KDialog(parent)
-    , m_kind(kind)
-    , m_messages(std::move(messages))
-    , m_entries(CTblMessageTexts::entries(kind.id))
-    , m_states(static_cast<size_t>(m_messages.size()))
+    , m_drafts(kind, std::move(messages))
 {
-    setWindowTitle(u"متن پیام: %1"_s.arg(m_kind.title));
+    setWindowTitle(u"متن پیام: %1"_s.arg(kind.title));
     SetSettingName(u"Messages\\Window"_s);
     build();
     connectControls();
-    // What this user chose last for such a message; one that is gone leaves the office's first.
-    const int last = ReadSetting(settingSection, m_kind.id, -1);
-    const auto chosen = std::ranges::find_if(m_entries, [last](const CTblMessageTexts::Entry &entry) { return entry.key == last; });
-    m_texts->setCurrentIndex(chosen == m_entries.cend() ? 0 : static_cast<int>(chosen - m_entries.cbegin()));
     showMessage(0);
     resize(LookSizes::scaled(700), LookSizes::scaled(440));
     m_text->setFocus();
@@ -98,7 +85,7 @@ void CDlgMessageToPerson::run(const QString &kind, const QList<MessageAbout> &ab
 void CDlgMessageToPerson::build()
 {
     m_texts = new KDropDown(this);
-    for (const CTblMessageTexts::Entry &entry : m_entries)
+    for (const CTblMessageTexts::Entry &entry : m_drafts.entries())
         m_texts->addItem(entry.name, entry.key);
     m_numbers = new KDropDown(this);
     m_text = new KTextArea(this);
@@ -145,7 +132,7 @@ QWidget *CDlgMessageToPerson::buildHead()
     setKey(m_previous, QKeySequence(Qt::CTRL | Qt::Key_PageUp));
     setKey(m_next, QKeySequence(Qt::CTRL | Qt::Key_PageDown));
     for (QWidget *part : std::initializer_list<QWidget *>{m_previous, m_place, m_next})
-        part->setVisible(m_messages.size() > 1);
+        part->setVisible(m_drafts.count() > 1);
     return head;
 }
 
@@ -169,76 +156,66 @@ void CDlgMessageToPerson::connectControls()
     connect(m_open, &QPushButton::clicked, this, &CDlgMessageToPerson::openMessenger);
     connect(m_note, &QPushButton::clicked, this, &CDlgMessageToPerson::noteFollowUp);
     connect(m_texts, &QComboBox::activated, this, &CDlgMessageToPerson::textChosen);
-    connect(m_numbers, &QComboBox::activated, this, [this](int number) { state().number = number; });
+    connect(m_numbers, &QComboBox::activated, this, [this](int number) { m_drafts.setNumber(number); });
     connect(m_text, &QPlainTextEdit::textChanged, this, &CDlgMessageToPerson::textTyped);
 }
 
 void CDlgMessageToPerson::showMessage(int index)
 {
-    m_current = index;
-    m_person->setText(u"%1     %2"_s.arg(message().person, message().about));
-    m_place->setText(u"%1 از %2"_s.arg(index + 1).arg(m_messages.size()));
+    m_drafts.go(index);
+    const PersonMessage &message = m_drafts.message();
+    m_person->setText(u"%1     %2"_s.arg(message.person, message.about));
+    m_place->setText(u"%1 از %2"_s.arg(index + 1).arg(m_drafts.count()));
     m_numbers->clear();
-    m_numbers->addItems(message().numbers);
-    m_numbers->setCurrentIndex(message().numbers.isEmpty() ? -1 : state().number);
-    m_numbers->setEnabled(!message().numbers.isEmpty());
-    FieldNote::of(m_numbers)->showHint(message().numbers.isEmpty() ? u"شماره همراهی در دست نیست"_s : QString());
+    m_numbers->addItems(message.numbers);
+    m_numbers->setCurrentIndex(message.numbers.isEmpty() ? -1 : m_drafts.number());
+    m_numbers->setEnabled(!message.numbers.isEmpty());
+    FieldNote::of(m_numbers)->showHint(message.numbers.isEmpty() ? u"شماره همراهی در دست نیست"_s : QString());
     m_status->clear();
-    if (state().choice < 0)
-        fill(m_texts->currentIndex());
-    else
-        m_texts->setCurrentIndex(state().choice);
+    m_texts->setCurrentIndex(m_drafts.choice());
     showText();
     updateButtons();
-}
-
-void CDlgMessageToPerson::fill(int choice)
-{
-    state().choice = choice;
-    state().filled = MessageFilling::filled(m_entries.value(choice).text, message().values);
-    state().text = state().filled;
 }
 
 void CDlgMessageToPerson::showText()
 {
     m_showing = true;
-    m_text->setText(state().text);
+    m_text->setText(m_drafts.text());
     m_showing = false;
-    FieldNote::of(m_text)->setOwnText(MessageWords::size(state().text));
+    FieldNote::of(m_text)->setOwnText(MessageWords::size(m_drafts.text()));
 }
 
 void CDlgMessageToPerson::textTyped()
 {
     if (m_showing)
         return;
-    state().text = m_text->text();
-    FieldNote::of(m_text)->setOwnText(MessageWords::size(state().text));
+    m_drafts.setText(m_text->text());
+    FieldNote::of(m_text)->setOwnText(MessageWords::size(m_drafts.text()));
     updateButtons();
 }
 
 void CDlgMessageToPerson::textChosen(int choice)
 {
-    if (choice == state().choice)
+    if (choice == m_drafts.choice())
         return;
-    if (state().isEdited() && g_pDlgYesNo->Ask(u"آنچه در متن نوشته‌اید کنار برود و متن دیگری پر شود؟"_s, this) != KMessageDialog::Yes) {
-        m_texts->setCurrentIndex(state().choice);
+    if (m_drafts.isEdited() && g_pDlgYesNo->Ask(u"آنچه در متن نوشته‌اید کنار برود و متن دیگری پر شود؟"_s, this) != KMessageDialog::Yes) {
+        m_texts->setCurrentIndex(m_drafts.choice());
         return;
     }
-    fill(choice);
-    WriteSetting(settingSection, m_kind.id, int(m_entries.at(choice).key));
+    m_drafts.choose(choice);
     showText();
     updateButtons();
 }
 
 void CDlgMessageToPerson::updateButtons()
 {
-    const bool hasText = !state().text.trimmed().isEmpty() && m_text->isEntryValid();
+    const bool hasText = !m_drafts.text().trimmed().isEmpty() && m_text->isEntryValid();
     m_copy->setEnabled(hasText);
-    m_open->setEnabled(hasText && !message().numbers.isEmpty());
-    m_note->setVisible(static_cast<bool>(message().note));
-    m_note->setEnabled(state().isTaken && state().noted != Noted::Yes);
-    m_previous->setEnabled(m_current > 0);
-    m_next->setEnabled(m_current + 1 < m_messages.size());
+    m_open->setEnabled(hasText && !m_drafts.message().numbers.isEmpty());
+    m_note->setVisible(m_drafts.isNoteOffered());
+    m_note->setEnabled(m_drafts.mayNote());
+    m_previous->setEnabled(m_drafts.current() > 0);
+    m_next->setEnabled(m_drafts.current() + 1 < m_drafts.count());
 }
 
 QString CDlgMessageToPerson::statusText() const
@@ -248,17 +225,16 @@ QString CDlgMessageToPerson::statusText() const
 
 void CDlgMessageToPerson::taken(const QString &said)
 {
-    state().isTaken = true;
+    m_drafts.markTaken();
     updateButtons();
-    const bool offersNote = m_note->isVisibleTo(this) && m_note->isEnabled();
-    m_status->setText(said + (offersNote ? u" پس از فرستادن، «ثبت پیگیری» (F4) آن را در سابقه می‌نویسد."_s : QString()));
+    m_status->setText(said + (m_drafts.mayNote() ? u" پس از فرستادن، «ثبت پیگیری» (F4) آن را در سابقه می‌نویسد."_s : QString()));
 }
 
 void CDlgMessageToPerson::copy()
 {
     if (!m_copy->isEnabled())
         return;
-    QGuiApplication::clipboard()->setText(state().text);
+    QGuiApplication::clipboard()->setText(m_drafts.text());
     taken(u"پیام کپی شد."_s);
 }
 
@@ -269,7 +245,7 @@ void CDlgMessageToPerson::openMessenger()
     bool isOpened = false;
     {
         const KWaitCursor wait;
-        isOpened = KProcess::openLink(MessageLink::sms(m_numbers->currentText(), state().text));
+        isOpened = KProcess::openLink(MessageLink::sms(m_numbers->currentText(), m_drafts.text()));
     }
     if (isOpened)
         taken(u"پیام به پیام‌رسان داده شد؛ فرستادن با شما است."_s);
@@ -277,45 +253,29 @@ void CDlgMessageToPerson::openMessenger()
         g_pDlgWarning->Show(u"روی این رایانه برنامه‌ای برای پیامک نیست. پیام را کپی نمایید و در پیام‌رسان خود بچسبانید."_s, this);
 }
 
-// The second press finds it written, or the first one on its way.
 void CDlgMessageToPerson::noteFollowUp()
 {
-    if (m_noting || !m_note->isVisibleTo(this) || !m_note->isEnabled())
+    if (!m_drafts.mayNote())
         return;
-    m_noting = true;
-    const QString said = u"پیام «%1»: %2"_s.arg(m_kind.title, state().text.simplified()).left(longestNote);
-    KErrorBoundary::guarded(this, [&] {
-        try {
-            const KWaitCursor wait;
-            message().note(said);
-            state().noted = Noted::Yes;
-        } catch (const CMySQLException &error) {
-            const bool wasSaved = error.category() == CMySQLException::Category::SavedAfterAll && state().noted == Noted::Unknown;
-            if (error.category() == CMySQLException::Category::OutcomeUnknown)
-                state().noted = Noted::Unknown;
-            if (!wasSaved)
-                throw;
-            state().noted = Noted::Yes;
-        } catch (const KAccountingError &error) {
-            g_pDlgWarning->Show(error.userMessage(), this);
-        }
+    KErrorBoundary::guarded(this, [this] {
+        const KWaitCursor wait;
+        m_drafts.writeNote();
     });
-    m_noting = false;
-    if (state().noted == Noted::Yes)
+    if (m_drafts.isNoted())
         m_status->setText(u"پیگیری در سابقه نوشته شد."_s);
     updateButtons();
 }
 
 void CDlgMessageToPerson::showNext()
 {
-    if (m_current + 1 < m_messages.size())
-        showMessage(m_current + 1);
+    if (m_drafts.current() + 1 < m_drafts.count())
+        showMessage(m_drafts.current() + 1);
 }
 
 void CDlgMessageToPerson::showPrevious()
 {
-    if (m_current > 0)
-        showMessage(m_current - 1);
+    if (m_drafts.current() > 0)
+        showMessage(m_drafts.current() - 1);
 }
 
 // Ctrl+C is the text's own as long as a part of it is marked.
@@ -331,7 +291,6 @@ bool CDlgMessageToPerson::eventFilter(QObject *watched, QEvent *event)
 
 void CDlgMessageToPerson::reject()
 {
-    const bool isLost = std::ranges::any_of(m_states, [](const State &one) { return one.isEdited() && !one.isTaken; });
-    if (!isLost || g_pDlgYesNo->Ask(u"متنی که تغییر داده‌اید کپی نشده است. پنجره بسته شود؟"_s, this) == KMessageDialog::Yes)
+    if (!m_drafts.isAnyLost() || g_pDlgYesNo->Ask(u"متنی که تغییر داده‌اید کپی نشده است. پنجره بسته شود؟"_s, this) == KMessageDialog::Yes)
         KDialog::reject();
 }

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "suite/crm/messages/CTblMessageTexts.h"
-#include "suite/crm/messages/MessageKinds.h"
+#include "suite/crm/messages/MessageDrafts.h"
 #include "suite/crm/TzCRMExport.h"
 #include "suite/utility/frame/KDialog.h"
 
@@ -26,7 +25,7 @@ public:
     // Asks the rights, reads what the records say and opens the window; says why not, and how many records are gone.
     static void run(const QString &kind, const QList<MessageAbout> &about, QWidget *parent);
 
-    int current() const { return m_current; }
+    int current() const { return m_drafts.current(); }
     KDropDown *texts() const { return m_texts; }
     KDropDown *numbers() const { return m_numbers; }
     KTextArea *text() const { return m_text; }
@@ -46,43 +45,18 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    enum class Noted {
-        No,
-        Unknown, // the connection broke while it was saved
-        Yes
-    };
-    struct State
-    {
-        QString text;    // as it stands
-        QString filled;  // as it was made
-        int choice = -1; // -1: as the last one was chosen
-        int number = 0;
-        bool isTaken = false; // copied or passed on
-        Noted noted = Noted::No;
-
-        bool isEdited() const { return text != filled; }
-    };
-
     void build();
     QWidget *buildHead();
     void buildFooter();
     void connectControls();
-    const PersonMessage &message() const { return m_messages.at(m_current); }
-    State &state() { return m_states[static_cast<size_t>(m_current)]; }
     void showMessage(int index);
     void showText();
-    void fill(int choice);
     void textChosen(int choice);
     void textTyped();
     void updateButtons();
     void taken(const QString &said);
 
-    const MessageKind m_kind;
-    const QList<PersonMessage> m_messages;
-    const QList<CTblMessageTexts::Entry> m_entries;
-    std::vector<State> m_states;
-    int m_current = 0;
-    bool m_noting = false;
+    MessageDrafts m_drafts;
     bool m_showing = false; // the window, not the user, changes its controls
     QLabel *m_person = nullptr;
     QLabel *m_place = nullptr;
