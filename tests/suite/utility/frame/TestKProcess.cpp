@@ -30,6 +30,8 @@ private Q_SLOTS:
     void aPathThatIsNotThere();
     void anotherProgramIsStarted();
     void aProgramThatIsNotThere();
+    void linkIsOpenedWhereTheDesktopHasAProgram_data();
+    void linkIsOpenedWhereTheDesktopHasAProgram();
 
 private:
     QList<QUrl> m_opened;
@@ -78,6 +80,35 @@ void TestKProcess::anotherProgramIsStarted()
 void TestKProcess::aProgramThatIsNotThere()
 {
     QVERIFY(!KProcess::Execute(m_folder.filePath(u"no-such-program"_s), u"x"_s));
+}
+
+void TestKProcess::linkIsOpenedWhereTheDesktopHasAProgram_data()
+{
+    QTest::addColumn<QByteArray>("answer"); // of the desktop, as a script
+    QTest::addColumn<bool>("opened");
+    QTest::newRow("it has one") << QByteArray("echo phone.desktop") << true;
+    QTest::newRow("it has none") << QByteArray("echo") << false;
+    QTest::newRow("it cannot say") << QByteArray("exit 3") << true;
+    QTest::newRow("it asks for that very scheme") << QByteArray("[ \"$*\" = 'query default x-scheme-handler/sms' ] && echo phone.desktop || echo") << true;
+}
+
+void TestKProcess::linkIsOpenedWhereTheDesktopHasAProgram()
+{
+    QFETCH(QByteArray, answer);
+    QFile script(m_folder.filePath(u"xdg-mime"_s));
+    QVERIFY(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\n" + answer + '\n');
+    script.close();
+    QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", m_folder.path().toLocal8Bit() + ':' + path);
+    QDesktopServices::setUrlHandler(u"sms"_s, this, "open");
+    QTEST(KProcess::openLink(QUrl(u"sms:+989121234567?body=x"_s)), "opened");
+    QVERIFY(!KProcess::openLink(QUrl()));
+    QDesktopServices::unsetUrlHandler(u"sms"_s);
+    qputenv("PATH", path);
+    QFETCH(bool, opened);
+    QCOMPARE(m_opened.size(), opened ? 1 : 0);
 }
 
 static const RegisteredTest<TestKProcess, QApplication> registeredKProcess;
