@@ -14,7 +14,7 @@ const QString style = uR"css(
 *{box-sizing:border-box}
 body{margin:0;background:var(--back);color:var(--text);font:16px/1.8 Vazirmatn,Tahoma,"Noto Naskh Arabic",sans-serif}
 header,main{max-width:1200px;margin:auto;padding:16px}
-h1,h2,p,dl,dd{margin:0}h1{font-size:1.6rem}h2{font-size:1.15rem;overflow-wrap:anywhere}a{color:var(--strong)}
+h1,h2,p,dl,dd{margin:0}h1,h2,header p{overflow-wrap:anywhere}h1{font-size:1.6rem}h2{font-size:1.15rem}a{color:var(--strong)}
 form{display:flex;flex-wrap:wrap;gap:12px;align-items:end;margin-bottom:8px}
 label{display:grid;flex:1 1 140px;color:var(--quiet)}
 select,input,button{font:inherit;min-height:44px;width:100%;padding:4px 10px;border:1px solid var(--line);border-radius:8px;background:var(--card);color:var(--text)}

@@ -101,7 +101,7 @@ QString contact(const GalleryHead &head)
     if (!digits.isEmpty())
         html += u"<p>تلفن: <a href=\"tel:%1\" dir=\"ltr\">%2</a></p>"_s.arg(digits, escaped(persian(head.telephone)));
     if (!head.address.isEmpty())
-        html += u"<p>"_s + escaped(head.address) + u"</p>"_s;
+        html += u"<p>"_s + escaped(persian(head.address)) + u"</p>"_s;
     return html;
 }
 
