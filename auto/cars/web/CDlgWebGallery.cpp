@@ -144,8 +144,10 @@ void CDlgWebGallery::buildFolder(CardPage &page)
     m_openFolder = addCommand(u"باز کردن پوشه"_s, u":/icons/show.svg"_s, [this] { KProcess::Execute(u"Explorer"_s, QFileInfo(m_page).absolutePath()); });
     grid->addCell(m_openPage);
     grid->addCell(m_openFolder);
-    for (QWidget *later : {static_cast<QWidget *>(m_outcome), static_cast<QWidget *>(m_openPage), static_cast<QWidget *>(m_openFolder)})
-        later->hide();
+    // In their places from the beginning, so that the window need not grow.
+    m_outcome->setText(u"هنوز نوشته نشده است."_s);
+    for (QPushButton *later : {m_openPage, m_openFolder})
+        later->setEnabled(false);
 }
 
 void CDlgWebGallery::showCount()
@@ -270,9 +272,8 @@ void CDlgWebGallery::showWritten(const GalleryExport::Written &written)
     if (written.unreadable > 0)
         text += u" %1 تصویر باز نشد و در صفحه نیست."_s.arg(written.unreadable);
     m_outcome->setText(text);
-    m_outcome->show();
-    m_openPage->show();
-    m_openFolder->show();
+    m_openPage->setEnabled(true);
+    m_openFolder->setEnabled(true);
     showCount();
     m_openPage->setFocus();
 }
