@@ -3,9 +3,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """By the keyboard alone: the rows of a list are narrowed while one types, and a filter is kept, asked for again, renamed and deleted."""
 
-from lib import labels
+from lib import labels, work
 from lib.journey import check, run, step
-from lib.tree import FocusWatch
 from lib.waiting import wait_for
 
 QUICK = "پالایش سریع در فهرست"
@@ -73,25 +72,7 @@ def saved_filter(office):
 
 
 def from_menu(office, text, picture=None):
-    """Runs an entry of the menu of filters, which is no part of the window for a screen reader: it is followed by its focus."""
-    watch = FocusWatch()
-    office.driver.press(FILTERS, office.main)
-
-    def current():
-        watch.listen()
-        return watch.node.name if watch.node and watch.node.role == "menu item" else None
-
-    wait_for(current, "the menu of filters")
-    if picture:
-        office.pictures.take(*picture)
-    for _ in range(5):
-        before = current()
-        if before == text:
-            break
-        office.input.keys("Down")
-        wait_for(lambda before=before: current() != before, "the next entry")
-    check(current() == text, f"the entry {text!r}")
-    office.input.keys("Return")
+    work.choose_from_menu(office, lambda: office.driver.press(FILTERS, office.main), text, picture)
 
 
 def stored(office):

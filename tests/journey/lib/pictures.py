@@ -26,14 +26,14 @@ class Pictures:
                 for name in old:
                     os.remove(os.path.join(folder, name))
 
-    def take(self, name, caption):
-        """One picture of the whole screen; name is its file's name, caption says what it shows."""
+    def take(self, name, caption, of=None):
+        """One picture of the whole screen, or what of() makes; name is its file's name, caption says what it shows."""
         if not self._folder:
             return
         self._count += 1
         file = f"{self._count:02}-{name}.png"
         with open(os.path.join(self._folder, file), "wb") as picture:
-            picture.write(self._settled())
+            picture.write(of() if of else self._settled())
         with open(os.path.join(self._folder, "captions.txt"), "a", encoding="utf-8") as captions:
             captions.write(f"{file}\t{caption}\n")
 

@@ -8,7 +8,7 @@ from dataclasses import dataclass
 from . import labels
 from .figures import Settings, expected, same
 from .drivers import KeyboardDriver, MouseDriver
-from .tree import Node, State, filled_anew
+from .tree import FocusWatch, Node, State, filled_anew
 from .waiting import wait_for
 
 SETTINGS = Settings(tax=9, duty=1, tiers=((1_000_000_000, 0.5), (5_000_000_000, 0.25)))
@@ -182,6 +182,28 @@ def search_archive(office, state):
     """Fills the list with the contracts of an archive state."""
     office.driver.choose(labels.ARCHIVE_STATE, state, office.main)
     office.command(labels.SEARCH)
+
+
+def choose_from_menu(office, open_menu, text, picture=None):
+    """Runs an entry of a menu that is no part of the window for a screen reader: it is followed by its focus, at the keyboard."""
+    watch = FocusWatch()
+    open_menu()
+
+    def current():
+        watch.listen()
+        return watch.node.name if watch.node and watch.node.role.endswith("menu item") else None
+
+    wait_for(current, "the menu")
+    if picture:
+        office.pictures.take(*picture)
+    first = current()
+    while current() != text:
+        before = current()
+        office.input.keys("Down")
+        wait_for(lambda before=before: current() != before, "the next entry")
+        if current() == first:
+            raise AssertionError(f"the menu has no {text!r}")
+    office.input.keys("Return")
 
 
 def answer_file_window(office, title, path, picture=None):
