@@ -390,7 +390,9 @@ void TestDemoData::somethingWaitsForItsPeople()
     int asked = 0;
     CTblAutomobilDemands demand;
     for (demand.Open(true, true, true); !demand.IsEOF(); demand.MoveNext()) {
-        for (const auto &match : MatchingCars::of(demand.m_iID)->cars)
+        const auto found = MatchingCars::of(demand.m_iID);
+        QVERIFY(found);
+        for (const auto &match : found->cars)
             asked += match.id == yesterdays ? 1 : 0;
     }
     QVERIFY2(asked >= 2, qPrintable(QString::number(asked)));
