@@ -222,8 +222,9 @@ class Writer:
             f"</w:tblPr><w:tblGrid>{grid}</w:tblGrid>{''.join(rows)}</w:tbl>"
         )
 
+    # What stays of a table whose rows all leave: it must not part the heading before from the text behind.
     def gap(self):
-        return self.paragraph("", "Gap")
+        return self.paragraph("", "Gap", keep_next=True)
 
     # --- Blocks ---
 

@@ -4,6 +4,7 @@
 
 import os
 import re
+import shutil
 import stat
 import subprocess
 import unicodedata
@@ -108,6 +109,10 @@ def plain(text):
 def line_holds(text, words):
     """Whether one line of a PDF page holds all these words; numbers and words that read from the right change places."""
     return any(set(words.split()) <= set(line.split()) for line in text.splitlines())
+
+
+def has_word_processor():
+    return shutil.which("soffice") is not None
 
 
 def as_pdf(desktop, path, folder):
