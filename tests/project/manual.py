@@ -9,7 +9,7 @@ import pathlib
 import re
 import sys
 
-MOST_PICTURES = 40
+MOST_PICTURES = 60
 LARGEST_PICTURE = 200_000
 # What no user meets as a window: bases, and what only opens another window.
 NO_WINDOWS = {"CDlgRecordEditor"}
@@ -52,6 +52,14 @@ def check_windows(tree, manual):
         if not any(found for top in ("auto", "suite", "host") for found in (tree / top).rglob(f"{name}.h")):
             faults.append(f"windows.md: there is no {name}")
     return faults
+
+
+def check_shown(manual):
+    """A clerk who is lost sees on the page of a window what is in front of him."""
+    pages, _ = window_pages(manual)
+    shown = [(page, manual / f"{page}.md") for page in sorted(set(pages.values()))]
+    return [f"{page}.md: no picture of its window" for page, path in shown
+            if path.exists() and not any(is_picture for is_picture, _ in LINK.findall(path.read_text(encoding="utf-8")))]
 
 
 def check_contents(manual):
@@ -121,8 +129,8 @@ def check_pictures(tree, manual):
         used |= {target for is_picture, target in LINK.findall(page.read_text(encoding="utf-8")) if is_picture}
     faults = []
     for picture in pictures:
-        # The test appends what of a window is shown, such as its second tab.
-        name = re.sub(r"-tab\d+$", "", picture.stem)
+        # The test appends what of a window is shown, such as its second tab or the third step of a tour.
+        name = re.sub(r"-(?:tab|step|place)?\d+$", "", picture.stem)
         if picture.stem not in taken and name not in taken:
             faults.append(f"pictures/{picture.name}: no window of that name is looked at")
         if f"pictures/{picture.name}" not in used:
@@ -138,7 +146,7 @@ def main():
     tree = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else pathlib.Path(__file__).parents[2]).resolve()
     manual = tree / "docs/manual"
     pages = sorted(manual.glob("*.md"))
-    faults = check_windows(tree, manual) + check_contents(manual) + check_pictures(tree, manual)
+    faults = check_windows(tree, manual) + check_contents(manual) + check_shown(manual) + check_pictures(tree, manual)
     program = texts_of_program(tree)
     for page in pages:
         faults += check_quotes(page, program)

@@ -56,6 +56,7 @@ fresh
 sed -i '/png/d' "$manual/cars.md"
 expect_status 1 'a picture that is shown nowhere' check
 expect_output 'the check' 'pictures/cars.png: on no page'
+expect_output 'the check' 'cars.md: no picture of its window'
 
 fresh
 head -c 300000 /dev/zero >"$manual/pictures/cars.png"
@@ -63,11 +64,11 @@ expect_status 1 'a large picture' check
 expect_output 'the check' 'pictures/cars.png: larger than'
 
 fresh
-for number in {1..40}; do
+for number in {1..60}; do
     cp "$manual/pictures/cars.png" "$manual/pictures/cars-tab$number.png"
     printf '![](pictures/cars-tab%s.png)\n' "$number" >>"$manual/cars.md"
 done
 expect_status 1 'many pictures' check
-expect_output 'the check' '41 pictures, more than 40'
+expect_output 'the check' '61 pictures, more than 60'
 
 finish
