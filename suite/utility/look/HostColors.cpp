@@ -199,6 +199,6 @@ std::span<const HostColors::Pair> HostColors::pairs()
 
 double HostColors::contrast(const QColor &one, const QColor &other)
 {
-    const auto [low, high] = std::minmax(luminance(one), luminance(other));
+    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
     return (high + 0.05) / (low + 0.05);
 }
