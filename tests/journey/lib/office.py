@@ -125,8 +125,11 @@ class Office:
         self.driver.press(caption, self.main)
 
     def come_forward(self, window):
-        """Before the other program that shares the screen."""
-        self.input.bring_to_front(self._process.pid, window.name)
+        """Before the other program that shares the screen, which may still be coming forward itself."""
+        def is_in_front():
+            self.input.bring_to_front(self._process.pid, window.name)
+            return self.input.window_with_keys() == window.name
+        wait_for(is_in_front, f"{window!r} to come before the other program")
         self.driver.ready(window)
 
     def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
