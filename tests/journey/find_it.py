@@ -68,7 +68,7 @@ def find_it(office):
 def choose_car(office, heard, owner, plate):
     """Types what was heard, and goes to the car among the hits; the hits that are the car."""
     office.driver.input.type(heard)
-    hits = wait_for(lambda: [hit.name for hit in shown_hits(office) if owner in hit.name and plate in hit.name], "the car among the hits")
+    hits = wait_for(lambda: [name for name, _ in shown_hits(office) if owner in name and plate in name], "the car among the hits")
     check(len(hits) == 1, f"one car has the plate: {hits}")
     while chosen(office) not in hits:
         before = chosen(office)
@@ -78,11 +78,15 @@ def choose_car(office, heard, owner, plate):
 
 
 def shown_hits(office):
-    return [node for node in office.tree.find("list", HITS, office.main).children if node.role == "list item"]
+    """Their names, and whether each is chosen; of one filling, as the list is filled anew with every answer."""
+    def read():
+        items = office.tree.find("list", HITS, office.main).children
+        return ([(node.name, node.has(State.SELECTED)) for node in items if node.role == "list item"],)
+    return wait_for(read, "the hits to hold still")[0]
 
 
 def chosen(office):
-    return next((hit.name for hit in shown_hits(office) if hit.has(State.SELECTED)), None)
+    return next((name for name, is_chosen in shown_hits(office) if is_chosen), None)
 
 
 if __name__ == "__main__":
