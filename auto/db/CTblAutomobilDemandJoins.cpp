@@ -18,6 +18,12 @@ QString CTblAutomobilDemandJoins::fromClause() const
            "(ad.iAutomobilType=it.iID OR ad.iColor=it.iID)"_s;
 }
 
+// Items gives no column; it has more than one row for the brand and the colour of one record.
+KSpareJoin CTblAutomobilDemandJoins::spareJoin() const
+{
+    return {.rest = u"AutomobilDemands ad INNER JOIN Persons p ON ad.iPersonID=p.iID"_s, .grouping = " GROUP BY ad.iID", .names = {"it.", "iType", "sTitle"}};
+}
+
 void CTblAutomobilDemandJoins::DoFieldExchange()
 {
     setAlias(u"ad");

@@ -19,5 +19,6 @@ public:
 
 protected:
     QString fromClause() const override;
+    KSpareJoin spareJoin() const override;
     void DoFieldExchange() override;
 };

@@ -18,6 +18,12 @@ QString CTblAutomobilInformationJoins::fromClause() const
            " JOIN CarModels cm ON ai.iModel=cm.iID LEFT OUTER JOIN CarClasses cc ON ai.iBrigade=cc.iID"_s;
 }
 
+// Items gives no column; it has more than one row for the brand and the colour of one record.
+KSpareJoin CTblAutomobilInformationJoins::spareJoin() const
+{
+    return {.rest = u"AutomobilInformations ai LEFT OUTER JOIN CarModels cm ON ai.iModel=cm.iID LEFT OUTER JOIN CarClasses cc ON ai.iBrigade=cc.iID"_s, .grouping = " GROUP BY ai.iID", .names = {"it.", "iType", "sTitle"}};
+}
+
 void CTblAutomobilInformationJoins::DoFieldExchange()
 {
     setAlias(u"ai");

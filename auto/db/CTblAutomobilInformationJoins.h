@@ -22,5 +22,6 @@ public:
 
 protected:
     QString fromClause() const override;
+    KSpareJoin spareJoin() const override;
     void DoFieldExchange() override;
 };

@@ -127,6 +127,14 @@ KSql KSql::withoutStart(const KSql &start) const
     return rest;
 }
 
+KSql KSql::withoutEnd(const KSql &end) const
+{
+    KSql rest = *this;
+    if (m_utf8.endsWith(end.m_utf8))
+        rest.m_utf8.chop(end.m_utf8.size());
+    return rest;
+}
+
 KSql KSql::filled(std::initializer_list<KSql> values) const
 {
     KSql sql;

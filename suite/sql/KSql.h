@@ -75,6 +75,8 @@ public:
     QString text() const { return QString::fromUtf8(m_utf8); }
     // Without that beginning, where it begins so.
     KSql withoutStart(const KSql &start) const;
+    // Without that end, where it ends so.
+    KSql withoutEnd(const KSql &end) const;
 
     KSql &operator+=(const KSql &other)
     {

@@ -92,19 +92,36 @@ bool KColumns::hold(const KSql &order) const
     return std::all_of(names.cbegin(), names.cend(), [this](const QString &name) { return find(name) != nullptr; });
 }
 
-KSql KColumns::order(const KSql &columns) const
+QList<KRowBound::Term> KColumns::terms(const KSql &columns) const
 {
     static const QString descending = u" DESC"_s;
-    QList<KSql> terms;
-    for (const QString &term : columns.text().split(u',')) {
-        const bool turned = term.endsWith(descending);
-        const QStringView name = QStringView(term).chopped(turned ? descending.size() : 0);
-        if (isText(name))
-            terms.append(KSql::alphabetical(KSql::name(name)) + (turned ? KSql(" DESC") : KSql()));
-        else
-            terms.append(KSql::order(term));
+    static const QString ascending = u" ASC"_s;
+    QList<KRowBound::Term> terms;
+    for (const QString &column : columns.text().split(u',', Qt::SkipEmptyParts)) {
+        const bool isDescending = column.endsWith(descending);
+        const QStringView name = QStringView(column).chopped(isDescending ? descending.size() : column.endsWith(ascending) ? ascending.size()
+                                                                                                                          : 0);
+        terms.append({isText(name) ? KSql::alphabetical(KSql::name(name)) : KSql::order(name), isDescending});
     }
-    return KSql::joined(terms, ",");
+    return terms;
+}
+
+QList<KRowBound::Term> KColumns::totalTerms(const KSql &columns) const
+{
+    QList<KRowBound::Term> terms = this->terms(columns);
+    const KSql key = KSql::name(keyName());
+    const bool hasKey = !terms.isEmpty() && (terms.constLast().expression == key || terms.constLast().expression == KSql::name(keyColumn));
+    if (!hasKey)
+        terms.append({key, !terms.isEmpty() && terms.constLast().isDescending});
+    return terms;
+}
+
+KSql KColumns::ordered(const QList<KRowBound::Term> &terms)
+{
+    QList<KSql> columns;
+    for (const KRowBound::Term &term : terms)
+        columns.append(term.isDescending ? term.expression + " DESC" : term.expression);
+    return KSql::joined(columns, ",");
 }
 
 void KColumns::load(char *const *cells, const unsigned long *lengths) const
@@ -142,6 +159,13 @@ void KColumns::setValues(const std::vector<QVariant> &values) const
 {
     for (size_t i = 0; i < values.size(); ++i)
         m_columns[i].setValue(values[i]);
+}
+
+// A joined view names the key with its table's alias.
+QString KColumns::keyName() const
+{
+    const auto key = std::ranges::find_if(m_columns, [](const KColumn &column) { return isKey(column) || column.name.endsWith(QLatin1String(".iID")); });
+    return key == m_columns.cend() ? keyColumn : key->name;
 }
 
 bool KColumns::isKey(const KColumn &column)

@@ -5,6 +5,7 @@
 
 #include "suite/db/records/KColumn.h"
 #include "suite/db/records/KNameSource.h"
+#include "suite/db/records/KRowBound.h"
 #include "suite/db/records/KRowValues.h"
 #include "suite/sql/KSql.h"
 
@@ -35,7 +36,11 @@ public:
     // Whether each column after ORDER BY is among these.
     bool hold(const KSql &order) const;
     // The columns after ORDER BY, those of texts in the order of the Persian alphabet.
-    KSql order(const KSql &columns) const;
+    KSql order(const KSql &columns) const { return ordered(terms(columns)); }
+    QList<KRowBound::Term> terms(const KSql &columns) const;
+    // The same with the key behind them, in the last one's direction, so that no two rows are alike; the key alone for no columns.
+    QList<KRowBound::Term> totalTerms(const KSql &columns) const;
+    static KSql ordered(const QList<KRowBound::Term> &terms);
     // Sets the members of the columns that are read.
     void load(char *const *cells, const unsigned long *lengths) const;
 
@@ -52,6 +57,7 @@ public:
 
 private:
     QString qualified(QStringView name) const;
+    QString keyName() const;
     bool isText(QStringView name) const;
 
     QString m_alias;

@@ -148,24 +148,75 @@ void KMySQL::noteDeleted()
 
 bool KMySQL::Requery()
 {
-    QByteArray statement = selectColumns();
-    if (!m_filter.isEmpty())
-        statement += " WHERE " + m_filter.utf8();
-    if (!m_sort.isEmpty())
-        statement += " ORDER BY " + m_columns.order(m_sort).utf8();
+    ensureBound();
+    const QList<KRowBound::Term> order = m_isListing ? m_columns.totalTerms(m_sort) : m_columns.terms(m_sort);
+    QByteArray statement = "SELECT " + m_columns.selectList();
+    // What the order says of the last row, behind the columns that are read.
+    const qsizetype noted = m_isListing && m_limit > 0 ? order.size() : 0;
+    for (qsizetype term = 0; term < noted; ++term)
+        statement += ',' + order.at(term).expression.utf8();
+    statement += " FROM " + source();
+    KSql matched = this->matched();
+    if (!m_behind.isEmpty())
+        matched = matched.isEmpty() ? m_behind.behind() : m_behind.behind() + " AND " + matched;
+    if (!matched.isEmpty())
+        statement += " WHERE " + matched.utf8();
+    if (!order.isEmpty())
+        statement += " ORDER BY " + KColumns::ordered(order).utf8();
     if (m_limit > 0)
         statement += " LIMIT " + QByteArray::number(m_limit);
     select(statement);
+    noteLastRow(order.mid(0, noted));
     return true;
 }
 
-qint64 KMySQL::CountMatching()
+// Those of the order stand behind the other columns of the result.
+void KMySQL::noteLastRow(const QList<KRowBound::Term> &order)
+{
+    m_lastRow = {};
+    if (order.isEmpty() || m_count == 0)
+        return;
+    const auto columns = static_cast<qsizetype>(mysql_num_fields(m_rows.get()));
+    MYSQL_ROWS *const next = mysql_row_tell(m_rows.get());
+    mysql_data_seek(m_rows.get(), static_cast<unsigned long long>(m_count - 1));
+    const MYSQL_ROW row = mysql_fetch_row(m_rows.get());
+    const unsigned long *const lengths = mysql_fetch_lengths(m_rows.get());
+    std::vector<KRowBound::Value> values;
+    for (qsizetype column = columns - order.size(); column < columns; ++column)
+        values.push_back(row[column] ? KRowBound::Value(QString::fromUtf8(row[column], static_cast<qsizetype>(lengths[column]))) : std::nullopt);
+    m_lastRow = KRowBound(order, std::move(values));
+    mysql_row_seek(m_rows.get(), next);
+}
+
+bool KMySQL::isSpared() const
+{
+    return m_isListing && spareJoin().isSpared(m_filter, m_sort);
+}
+
+QByteArray KMySQL::source() const
+{
+    return (isSpared() ? spareJoin().rest : fromClause()).toUtf8();
+}
+
+KSql KMySQL::matched() const
+{
+    return isSpared() ? m_filter.withoutEnd(spareJoin().grouping) : m_filter;
+}
+
+QByteArray KMySQL::CountStatement(qint64 most)
 {
     // A filter may end by grouping the rows, and then its groups are what is listed.
-    QByteArray matching = "SELECT 1 FROM " + fromClause().toUtf8();
-    if (!m_filter.isEmpty())
-        matching += " WHERE " + m_filter.utf8();
-    const KConnection::Result result = connection().run("SELECT COUNT(*) FROM (" + matching + ") matching");
+    QByteArray matching = "SELECT 1 FROM " + source();
+    if (const KSql matched = this->matched(); !matched.isEmpty())
+        matching += " WHERE " + matched.utf8();
+    if (most > 0)
+        matching += " LIMIT " + QByteArray::number(most);
+    return "SELECT COUNT(*) FROM (" + matching + ") matching";
+}
+
+qint64 KMySQL::CountMatching(qint64 most)
+{
+    const KConnection::Result result = connection().run(CountStatement(most));
     const MYSQL_ROW row = mysql_fetch_row(result.get());
     return row && row[0] ? QByteArray(row[0]).toLongLong() : 0;
 }
@@ -262,6 +313,17 @@ qint64 KMySQL::GetRecordsCount() const
 void KMySQL::SetLimit(qint64 rows)
 {
     m_limit = rows;
+}
+
+void KMySQL::SetListing(bool on)
+{
+    m_isListing = on;
+    m_behind = {};
+}
+
+void KMySQL::SetBehind(const KRowBound &row)
+{
+    m_behind = row;
 }
 
 bool KMySQL::IsRecordExist(const QString &column, qint32 value, int, const KSql &extra)

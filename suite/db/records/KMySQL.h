@@ -14,6 +14,9 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include "suite/db/records/KRowBound.h"
+#include "suite/db/records/KSpareJoin.h"
+
 #include <QVariant>
 
 #include <functional>
@@ -89,6 +92,8 @@ protected:
 
     // What stands after FROM; a derived class that reads a joined view overrides it.
     virtual QString fromClause() const;
+    // The join of it that a list can do without.
+    virtual KSpareJoin spareJoin() const { return {}; }
 
     // The bindings that follow are of this alias of the FROM clause: "ai" makes "ai.iCode" of iCode. Empty: no alias.
     void setAlias(QStringView alias);
@@ -112,10 +117,20 @@ public:
     void MoveLast();
     // Rows that the last Open or Requery selected (after the limit).
     qint64 GetRecordsCount() const;
-    // Rows that the filter matches as it is now, whatever the limit; asks the database.
-    qint64 CountMatching();
+    // Rows that the filter matches as it is now, whatever the limit; asks the database. most: it counts no further; 0: all.
+    qint64 CountMatching(qint64 most = 0);
+    // The statement that asks for it, for another thread.
+    QByteArray CountStatement(qint64 most = 0);
     // Caps the rows that the next Open or Requery fetches; 0: no cap.
     void SetLimit(qint64 rows);
+    // For a list that is read in parts: the key stands behind the order, so that no two rows are alike in it, and a join that only
+    // repeats rows is left out where it can be.
+    void SetListing(bool on);
+    // In a listing with a limit, the end of the rows that the last Open or Requery fetched; empty where there were none.
+    const KRowBound &LastRow() const { return m_lastRow; }
+    // The next Open or Requery of a listing fetches the rows behind that, of the same filter and order; an empty one: from the first.
+    // Counting asks for all all the same.
+    void SetBehind(const KRowBound &row);
     // Loads the row whose column (KSql::name) equals value; extra is appended to the condition. False when there is none: the
     // members are then as constructed.
     bool IsRecordExist(const QString &column, qint32 value, int reserved = 0, const KSql &extra = {});
@@ -199,6 +214,11 @@ private:
     void ensureBound();
     KConnection &connection() const;
     QByteArray selectColumns();
+    bool isSpared() const;
+    // FROM and WHERE of what the filter matches, without those words.
+    QByteArray source() const;
+    KSql matched() const;
+    void noteLastRow(const QList<KRowBound::Term> &order);
     void select(const QByteArray &statement);
     bool fetchRow();
     void resetMembers();
@@ -225,6 +245,9 @@ private:
     std::vector<QVariant> m_before; // member values when AddNew or Edit began
     bool m_hadValues = false;       // m_hasValues at that time
     qint64 m_limit = 0;
+    bool m_isListing = false;
+    KRowBound m_behind;
+    KRowBound m_lastRow;
     quint64 m_lastInsertedId = 0;
     Noting m_noting = Noting::AsWritten;
     QList<KChangedValue> m_further;

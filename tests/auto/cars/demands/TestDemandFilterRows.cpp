@@ -9,6 +9,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/Day.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QApplication>
@@ -32,7 +33,7 @@ private Q_SLOTS:
     void rowLimitOfZeroSetsNone();
 
 private:
-    QList<int> codes(const KSql &filter, int limit = 0);
+    QList<int> codes(const KSql &filter, int limit = 0, bool isListed = false);
     int addPerson();
     int addItem(int type);
 
@@ -89,12 +90,13 @@ void TestDemandFilterRows::initTestCase()
     add(10, [](Demand &d) { d.m_iPersonID = 999999; });
 }
 
-QList<int> TestDemandFilterRows::codes(const KSql &filter, int limit)
+QList<int> TestDemandFilterRows::codes(const KSql &filter, int limit, bool isListed)
 {
     CTblAutomobilDemandJoins demands;
     demands.m_filter = filter;
     demands.m_sort = "ad.iCode";
     demands.SetLimit(limit);
+    demands.SetListing(isListed);
     QList<int> result;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext())
         result.append(demands.m_iCode);
@@ -131,6 +133,10 @@ void TestDemandFilterRows::rows()
     QFETCH(KFilterValues, values);
     QFETCH(int, user);
     QTEST(codes(KListFilter::condition(demandFilters(), values, user)), "expected");
+    // A list reads the same rows without the join that only repeats them.
+    const ObservedStatements selects({u"SELECT"_s});
+    QTEST(codes(KListFilter::condition(demandFilters(), values, user), 0, true), "expected");
+    QVERIFY(!selects.taken().constLast().contains(u"Items"_s));
 }
 
 void TestDemandFilterRows::demandOfADeletedPersonIsNotListed()

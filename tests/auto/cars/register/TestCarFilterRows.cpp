@@ -8,6 +8,7 @@
 #include "suite/accounting/office/CTblItems.h"
 #include "tests/auto/ModuleTables.h"
 #include "tests/support/Day.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCoreApplication>
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void initTestCase();
     void rows_data();
     void rows();
+    void whatNamesTheRepeatingJoinKeepsIt_data();
+    void whatNamesTheRepeatingJoinKeepsIt();
     void carWhoseTypeAndColorBothNameItemsIsListedOnce();
     void carWhoseModelOrClassWasDeletedIsListedWithEmptyNames();
     void typedQuoteIsLookedFor();
@@ -44,7 +47,7 @@ private Q_SLOTS:
     void everySortKeyOfTheListIsTakenByTheJoin();
 
 private:
-    static QList<int> codes(const KFilterValues &values, const QString &sort = u"ai.iCode"_s, int user = 0);
+    static QList<int> codes(const KFilterValues &values, const QString &sort = u"ai.iCode"_s, int user = 0, bool isListed = false);
 
     TestDatabase m_database;
 };
@@ -76,9 +79,10 @@ void TestCarFilterRows::initTestCase()
     add(9, [](Car &c) { c.m_sChassisNum = u"NAS411100"_s; c.m_iYear = 1395; });
 }
 
-QList<int> TestCarFilterRows::codes(const KFilterValues &values, const QString &sort, int user)
+QList<int> TestCarFilterRows::codes(const KFilterValues &values, const QString &sort, int user, bool isListed)
 {
     CTblAutomobilInformationJoins cars;
+    cars.SetListing(isListed);
     cars.m_filter = KListFilter::condition(carFilters(), values, user);
     cars.m_sort = KSql::order(sort);
     cars.Open(true, true, true);
@@ -147,6 +151,45 @@ void TestCarFilterRows::rows()
     QFETCH(QList<int>, expected);
     QFETCH(int, user);
     QCOMPARE(codes(values, u"ai.iCode"_s, user), expected);
+    // A list reads the same rows without the join that only repeats them.
+    const ObservedStatements selects({u"SELECT"_s});
+    QCOMPARE(codes(values, u"ai.iCode"_s, user, true), expected);
+    QVERIFY(!selects.taken().constLast().contains(u"Items"_s));
+}
+
+void TestCarFilterRows::whatNamesTheRepeatingJoinKeepsIt_data()
+{
+    QTest::addColumn<QString>("sort");
+    QTest::addColumn<KSql>("further");
+    QTest::addColumn<bool>("isKept");
+    QTest::newRow("order by its column") << u"sTitle"_s << KSql() << true;
+    QTest::newRow("order by its column with the alias") << u"it.sTitle"_s << KSql() << true;
+    QTest::newRow("filter by its column") << u"ai.iCode"_s << KSql(" AND it.sName='a'") << true;
+    QTest::newRow("filter by a text that only looks so") << u"ai.iCode"_s << KSql(" AND ai.sDesc<>'it.is' ") << true;
+    QTest::newRow("names of other tables") << u"cm.sName"_s << KSql(" AND ai.iAutomobilType>0 AND (cc.sName IS NULL OR cc.sName<>'x')") << false;
+}
+
+void TestCarFilterRows::whatNamesTheRepeatingJoinKeepsIt()
+{
+    QFETCH(QString, sort);
+    QFETCH(KSql, further);
+    QFETCH(bool, isKept);
+    const auto read = [&](bool isListed) {
+        CTblAutomobilInformationJoins cars;
+        cars.SetListing(isListed);
+        cars.m_filter = "ai.iStatus=0" + further + " GROUP BY ai.iID";
+        cars.m_sort = KSql::order(sort);
+        cars.Open(true, true, true);
+        QStringList rows;
+        for (; !cars.IsEOF(); cars.MoveNext())
+            rows << u"%1 %2 %3"_s.arg(cars.m_iCode).arg(cars.m_sModelName, cars.m_sClassName);
+        rows.sort();
+        return rows << QString::number(cars.CountMatching());
+    };
+    const QStringList stated = read(false);
+    const ObservedStatements selects({u"SELECT"_s});
+    QCOMPARE(read(true), stated);
+    QCOMPARE(selects.taken().filter(u"Items"_s).size(), isKept ? selects.taken().size() : 0);
 }
 
 void TestCarFilterRows::carWhoseTypeAndColorBothNameItemsIsListedOnce()

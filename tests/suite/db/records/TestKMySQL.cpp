@@ -185,6 +185,93 @@ private Q_SLOTS:
         QTEST(record.CountMatching(), "rows");
     }
 
+    void rowsAreCountedUpToABound()
+    {
+        for (int i = 1; i <= 5; ++i)
+            addSample(u"n%1"_s.arg(i), i);
+        SampleRecord record;
+        QCOMPARE(record.CountMatching(3), 3);
+        QCOMPARE(record.CountMatching(9), 5);
+    }
+
+    void aListingReadInPartsIsTheListingReadAtOnce_data()
+    {
+        QTest::addColumn<KSql>("sort");
+        for (const char *sort : {"", "iID", "iID DESC", "sNote", "sNote DESC", "date", "date DESC", "dAmount", "dAmount DESC", "sNote,date DESC", "date DESC,sNote", "dAmount-iUserID DESC", "bFlag,sNote DESC,dAmount"})
+            QTest::newRow(*sort ? sort : "none") << KSql::order(QLatin1String(sort));
+    }
+
+    // Many are alike, many are NULL, and the letters are those that people mix up.
+    void aListingReadInPartsIsTheListingReadAtOnce()
+    {
+        QFETCH(KSql, sort);
+        CTblTemp fill;
+        fill.ExecuteQuery("INSERT INTO Samples(sName,sNote,date,dAmount,bFlag,iUserID) SELECT seq,"
+                          "ELT(1+MOD(seq*7,9),'ي','ی','ک','ك','','آ\\'','ا  ب',NULL,'ا‌ب'),"
+                          "IF(MOD(seq,4)=0,NULL,'2024-03-20'+INTERVAL MOD(seq*5,6) DAY),IF(MOD(seq,11)=0,NULL,MOD(seq*13,7)/3),MOD(seq,3),MOD(seq,5) FROM seq_1_to_97",
+                          true, true);
+        const auto readAll = [&sort](int part) {
+            QList<int> keys;
+            SampleRecord record;
+            record.SetListing(true);
+            record.m_filter = "iID<>50 AND iUserID<4";
+            record.m_sort = sort;
+            record.SetLimit(part);
+            for (;;) {
+                record.Open(true, true, true);
+                const qint64 read = record.GetRecordsCount();
+                for (; !record.IsEOF(); record.MoveNext())
+                    keys.append(record.m_iID);
+                if (read < part)
+                    return keys;
+                record.SetBehind(record.LastRow());
+            }
+        };
+        const QList<int> atOnce = readAll(1000);
+        QVERIFY(atOnce.size() > 70);
+        for (const int part : {1, 2, 7, 30})
+            QCOMPARE(readAll(part), atOnce);
+        // The order that was asked for is kept.
+        SampleRecord record;
+        record.m_sort = sort;
+        record.m_filter = "iID<>50 AND iUserID<4";
+        record.Open(true, true, true);
+        const auto termsOf = [&](int key) {
+            CTblTemp value;
+            value.ExecuteQuery(KSql::formatted("SELECT IFNULL(%1,'none') FROM Samples WHERE iID=%2", sort == KSql("dAmount DESC") ? KSql("dAmount") : sort, key));
+            return value.GetTextFieldValue(0);
+        };
+        if (sort != KSql("date") && sort != KSql("dAmount DESC") && sort != KSql("sNote"))
+            return;
+        for (const int key : atOnce) {
+            QCOMPARE(termsOf(key).isEmpty(), termsOf(record.m_iID).isEmpty());
+            if (sort != KSql("sNote")) // in which several letters are one
+                QCOMPARE(termsOf(key), termsOf(record.m_iID));
+            record.MoveNext();
+        }
+    }
+
+    void rowsBehindOneThatIsGoneAreFound()
+    {
+        for (int i = 1; i <= 6; ++i)
+            addSample(u"n%1"_s.arg(i), 7 - i);
+        SampleRecord record;
+        record.SetListing(true);
+        record.m_sort = "dAmount";
+        record.SetLimit(2);
+        record.Open(true, true, true);
+        record.SetBehind(record.LastRow());
+        CTblTemp other;
+        other.ExecuteQuery("DELETE FROM Samples WHERE sName='n5'");
+        other.ExecuteQuery("UPDATE Samples SET dAmount=100 WHERE sName='n4'");
+        record.Open(true, true, true);
+        QCOMPARE(record.m_sName, u"n3"_s);
+        record.MoveNext();
+        QCOMPARE(record.m_sName, u"n2"_s);
+        // All are counted, not only those behind.
+        QCOMPARE(record.CountMatching(), 5);
+    }
+
     void keyThatIsNotThereLeavesTheMembersAsConstructed()
     {
         const qint32 key = addSample(u"a"_s, 4);
