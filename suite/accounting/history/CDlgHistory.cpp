@@ -170,15 +170,19 @@ void CDlgHistory::completeRows(QVector<KListModel::Row> &rows)
         listed.insert(entry.id);
     if (rowLimit() > 0 && m_read.size() >= rowLimit())
         HistoryRows::addBefore(m_read);
+    // What the last row in the list belongs to is not listed once more.
+    if (isReadingOn())
+        HistoryRows::addBehind(m_read);
+    else
+        m_entries.clear();
     QList<HistoryEntry> entries = HistoryMerge::of(m_read);
     entries.removeIf([&listed](const HistoryEntry &entry) { return !listed.contains(entry.id); });
     HistoryRows::complete(entries);
     m_read.clear();
-    m_entries.clear();
     for (const HistoryEntry &entry : std::as_const(entries))
         m_entries.insert(entry.id, entry);
     rows.removeIf([this](const KListModel::Row &row) { return !m_entries.contains(row.key); });
-    int number = 0;
+    int number = isReadingOn() ? list()->listModel()->allRows() : 0;
     for (KListModel::Row &row : rows) {
         const HistoryEntry &entry = m_entries[row.key];
         const std::pair<QStringView, QString> texts[] = {{u"user", entry.user}, {u"computer", entry.change.computer}, {u"kind", entry.kind}, {u"title", entry.title}, {u"action", entry.action}, {u"changes", HistoryWords::sentence(entry)}};

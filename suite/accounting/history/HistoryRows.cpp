@@ -24,6 +24,14 @@ using Titles = QHash<int, QString>;
 
 constexpr int mostOfOneSave = 100; // notes
 
+void add(QList<HistoryEntry> &entries, const KSql &condition, int database)
+{
+    CTblChanges notes(database);
+    notes.m_filter = condition + " AND " + HistoryRows::readable();
+    for (notes.Open(true, true, true); !notes.IsEOF(); notes.MoveNext())
+        entries.append(HistoryRows::entryOf(notes));
+}
+
 bool isAdministrator()
 {
     return GetDBSetting()->GetUserID() > 0 && GetDBSetting()->IsAdmin();
@@ -166,10 +174,15 @@ void HistoryRows::addBefore(QList<HistoryEntry> &entries, int database)
     if (entries.isEmpty())
         return;
     const int oldest = std::ranges::min_element(entries, {}, &HistoryEntry::id)->id;
-    CTblChanges notes(database);
-    notes.m_filter = KSql::formatted("iID<%1 AND iID>=%2 AND ", oldest, oldest - mostOfOneSave) + readable();
-    for (notes.Open(true, true, true); !notes.IsEOF(); notes.MoveNext())
-        entries.append(entryOf(notes));
+    add(entries, KSql::formatted("iID<%1 AND iID>=%2", oldest, oldest - mostOfOneSave), database);
+}
+
+void HistoryRows::addBehind(QList<HistoryEntry> &entries, int database)
+{
+    if (entries.isEmpty())
+        return;
+    const int newest = std::ranges::max_element(entries, {}, &HistoryEntry::id)->id;
+    add(entries, KSql::formatted("iID>%1 AND iID<=%2", newest, newest + mostOfOneSave), database);
 }
 
 QList<HistoryEntry> HistoryRows::read(const KSql &condition, int limit, int database)

@@ -29,6 +29,8 @@ TZACCOUNTINGDATA_EXPORT void writeLines(QList<HistoryEntry> &entries, int databa
 // Adds the notes just before the oldest one, for a limit may have cut what one save noted: HistoryMerge makes one entry of it again. What
 // else is among them is nobody's. Throws CMySQLException.
 TZACCOUNTINGDATA_EXPORT void addBefore(QList<HistoryEntry> &entries, int database = 0);
+// The same with the notes just behind the newest one, for entries that are read on from others.
+TZACCOUNTINGDATA_EXPORT void addBehind(QList<HistoryEntry> &entries, int database = 0);
 
 // Reads, merges (HistoryMerge) and completes, newest first. limit: of the notes; 0: all. Of what the current user may read.
 TZACCOUNTINGDATA_EXPORT QList<HistoryEntry> read(const KSql &condition, int limit = 0, int database = 0);

@@ -30,17 +30,36 @@ KSql KListAsking::listed(KMySQL &set, const KSql &filter) const
     return filter.isEmpty() ? saved : saved + " AND " + filter;
 }
 
-void KListAsking::open(KMySQL &set, const KSql &filter, const KSql &order, int limit) const
+void KListAsking::open(KMySQL &set, const KSql &filter, const KSql &order, int limit)
 {
-    set.m_filter = listed(set, filter);
-    set.m_sort = order;
-    set.SetLimit(limit);
-    set.Open(true, true, true);
+    m_isReadingOn = false;
+    m_filter = listed(set, filter);
+    m_order = order;
+    read(set, {}, limit);
 }
 
-qint64 KListAsking::leftOut(KMySQL &set, qsizetype shown, int limit)
+void KListAsking::openNext(KMySQL &set, int limit)
 {
-    return limit > 0 && set.GetRecordsCount() >= limit ? set.CountMatching() - shown : 0;
+    m_isReadingOn = true;
+    read(set, m_end, limit);
+}
+
+void KListAsking::read(KMySQL &set, const KRowBound &behind, int limit)
+{
+    set.m_filter = m_filter;
+    set.m_sort = m_order;
+    set.SetListing(true);
+    set.SetBehind(behind);
+    set.SetLimit(limit);
+    set.Open(true, true, true);
+    m_read = set.GetRecordsCount() + (m_isReadingOn ? m_read : 0);
+    m_end = limit > 0 && set.GetRecordsCount() >= limit ? set.LastRow() : KRowBound();
+}
+
+void KListAsking::forgetRows()
+{
+    m_end = {};
+    m_read = 0;
 }
 
 bool KListAsking::hasFurtherRows(KMySQL &set, const KSql &clauses, const KSql &widest, bool hasFilters)

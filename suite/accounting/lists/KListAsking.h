@@ -5,6 +5,7 @@
 
 #include "suite/accounting/TzAccountingDataExport.h"
 #include "suite/accounting/lists/KListRequest.h"
+#include "suite/db/records/KRowBound.h"
 
 #include <optional>
 
@@ -23,10 +24,17 @@ public:
     // Those clauses, and the condition of the request.
     KSql asked(const KSql &clauses) const;
 
-    // Opens the set with the rows of the filter. Throws CMySQLException.
-    void open(KMySQL &set, const KSql &filter, const KSql &order, int limit) const;
-    // How many of the set's rows the limit kept back, where so many are shown.
-    static qint64 leftOut(KMySQL &set, qsizetype shown, int limit);
+    // Opens the set with the first rows of the filter in that order. limit: of the rows; 0: all. Throws CMySQLException.
+    void open(KMySQL &set, const KSql &filter, const KSql &order, int limit);
+    // With as many rows that stand behind those read so far, whatever has become of these. Nothing is forgotten where it throws.
+    void openNext(KMySQL &set, int limit);
+    // Whether the limit may have kept rows back, and how many have been read.
+    bool isCut() const { return !m_end.isEmpty(); }
+    qint64 readSoFar() const { return m_read; }
+    // Whether the rows that are being read stand behind others that the list has.
+    bool isReadingOn() const { return m_isReadingOn; }
+    // Nothing has been read.
+    void forgetRows();
 
     // Whether the list would show rows with another filter: clauses are those that it has, widest those of a filter that asks for all. Asked
     // once until it is forgotten: a search that finds nothing may be one of many, letter by letter. Where it cannot be told, the filter is
@@ -38,8 +46,14 @@ public:
 
 private:
     KSql listed(KMySQL &set, const KSql &filter) const;
+    void read(KMySQL &set, const KRowBound &behind, int limit);
 
     bool m_hasPlaceholders = false;
     KListRequest m_request;
+    KSql m_filter;     // of the rows read so far
+    KSql m_order;      // theirs
+    KRowBound m_end;   // where they end; empty where nothing was kept back
+    qint64 m_read = 0; // how many they are
+    bool m_isReadingOn = false;
     std::optional<bool> m_hasFurtherRows; // what the database said; none until it is asked
 };

@@ -34,11 +34,11 @@ QString KListFoot::countText() const
     return m_count->text();
 }
 
-void KListFoot::tellRows(qint64 leftOut)
+void KListFoot::tellRows(qint64 leftOut, bool isAtLeast)
 {
     QString text = SuiteMessages::count(m_list->count());
     if (leftOut > 0)
-        text += u" از "_s + DToMoney(static_cast<double>(m_list->count() + leftOut), 0);
+        text += (isAtLeast ? u" از بیش از "_s : u" از "_s) + DToMoney(static_cast<double>(m_list->count() + leftOut), 0);
     m_count->setText(text);
     refreshSums();
 }

@@ -38,8 +38,8 @@ public:
     // Whether it has columns that sum.
     bool hasSums() const { return m_sums; }
 
-    // The rows in sight have changed; so many more were left out by the row limit.
-    void tellRows(qint64 leftOut);
+    // The rows in sight have changed; so many more were left out by the row limit, or at least so many.
+    void tellRows(qint64 leftOut, bool isAtLeast);
     void refreshSums();
     // The command that adds the first row, of a bare list; null: there is none.
     void tellEmptiness(Emptiness emptiness, const KListCommand *adding);

@@ -22,6 +22,7 @@
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
+#include "suite/utility/lists/KNextRows.h"
 #include "suite/utility/look/LookSizes.h"
 
 #include <QKeyEvent>
@@ -33,6 +34,34 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// What was asked before is asked again where rows that were read do not come into the list.
+class KeptAsking
+{
+public:
+    explicit KeptAsking(KListAsking &asking)
+        : m_asking(asking)
+        , m_before(asking)
+    {
+    }
+    ~KeptAsking()
+    {
+        if (m_isKept)
+            m_asking = m_before;
+    }
+    KeptAsking(const KeptAsking &) = delete;
+    KeptAsking &operator=(const KeptAsking &) = delete;
+    void giveUp() { m_isKept = false; }
+
+private:
+    KListAsking &m_asking;
+    KListAsking m_before;
+    bool m_isKept = true;
+};
+
+}
 
 KListPage::KListPage(const QString &title, const QString &form, const QString &section, QWidget *parent)
     : KDialogTabPage(parent)
@@ -91,6 +120,12 @@ void KListPage::buildCard()
     m_card = new KListCard(m_list, this);
     m_foot = new KListFoot(m_card, m_list, m_traits);
     connect(m_foot, &KListFoot::mendAsked, this, [this] { guarded([this] { mendEmptiness(); }); });
+    m_next = new KNextRows(m_card);
+    m_card->addBelowRows(m_next);
+    m_next->follow(m_list);
+    connect(m_card, &KListCard::viewAdded, m_next, &KNextRows::follow);
+    connect(m_next, &QPushButton::clicked, this, &KListPage::readNext);
+    connect(&m_count, &KListCount::counted, this, &KListPage::updateCount);
 }
 
 void KListPage::connectList()
@@ -361,18 +396,19 @@ void KListPage::updateCommands()
 
 void KListPage::refill()
 {
-    fill(asked());
+    fill(asked(), rowLimit());
     m_filterBox->takeConditions();
 }
 
-void KListPage::fill(const KSql &filter)
+void KListPage::fill(const KSql &filter, int limit)
 {
     const KWaitCursor wait;
     const int remembered = m_list->currentRow();
     // The rows are complete before the list drops those it shows, so an error leaves the list as it was.
     noteReading();
-    QVector<KListModel::Row> rows = readRows(filter);
+    QVector<KListModel::Row> rows = readRows(filter, limit);
     m_filledWith = filter;
+    m_filledLimit = rowLimit();
     m_list->setUpdatesEnabled(false);
     m_exchangingRows = true;
     m_list->setRows(std::move(rows));
@@ -387,7 +423,9 @@ void KListPage::fillInPlace(const KSql &filter)
 {
     const int key = m_list->currentKey();
     const int top = m_list->verticalScrollBar()->value();
-    fill(filter);
+    // As many as the user has fetched by and by.
+    const int limit = rowLimit();
+    fill(filter, limit > 0 ? qMax(limit, int(m_asking.readSoFar())) : limit);
     // A record that is gone leaves the selection to the row in its place.
     if (m_list->listModel()->rowOfKey(key) >= 0)
         m_list->selectKey(key);
@@ -461,17 +499,19 @@ void KListPage::dropRequestedCondition()
     });
 }
 
-QVector<KListModel::Row> KListPage::readRows(const KSql &filter)
+QVector<KListModel::Row> KListPage::readRows(const KSql &filter, int limit)
 {
     KMySQL &set = records();
-    m_asking.open(set, filter, KSql::order(m_order.sort()), rowLimit());
+    KeptAsking kept(m_asking);
+    m_asking.open(set, filter, KSql::order(m_order.sort()), limit);
     beginRows();
-    QVector<KListModel::Row> rows = makeRows(set);
+    QVector<KListModel::Row> rows = makeRows(set, 1);
     completeRows(rows);
     m_isTableEmpty = rows.isEmpty() && !hasFurtherRows();
     if (!rows.isEmpty())
         m_asking.noteRows();
-    m_leftOut = KListAsking::leftOut(set, rows.size(), rowLimit());
+    countLeftOut();
+    kept.giveUp();
     // The rows hold all that the list shows; the record set need not keep a second copy of them.
     set.Close();
     return rows;
@@ -482,11 +522,55 @@ bool KListPage::hasFurtherRows()
     return m_asking.hasFurtherRows(records(), filterClauses(), filters().widestCondition(GetDBSetting()->GetUserID()), !filters().filters().isEmpty());
 }
 
-QVector<KListModel::Row> KListPage::makeRows(KMySQL &records)
+void KListPage::countLeftOut()
+{
+    if (m_asking.isCut())
+        m_count.count(records(), m_asking.readSoFar());
+    else
+        m_count.forget();
+}
+
+void KListPage::readNext()
+{
+    guarded([this] { readFurther(); });
+}
+
+// The next rows of the same filter in the same order. What goes wrong leaves the list as it was, with the same rows to fetch.
+void KListPage::readFurther()
+{
+    if (!m_filledWith || !m_asking.isCut())
+        return;
+    const KWaitCursor wait;
+    KMySQL &set = records();
+    KeptAsking kept(m_asking);
+    m_asking.openNext(set, m_filledLimit);
+    const int shown = m_list->listModel()->allRows();
+    beginRows();
+    QVector<KListModel::Row> rows = makeRows(set, shown + 1);
+    completeRows(rows);
+    countLeftOut();
+    kept.giveUp();
+    set.Close();
+    const int first = rows.isEmpty() ? 0 : rows.constFirst().key;
+    m_list->appendRows(std::move(rows));
+    if (m_list->listModel()->rowOfKey(first) >= 0)
+        m_list->selectKey(first);
+    updateCommands();
+    updateCount();
+}
+
+int KListPage::nextCount() const
+{
+    if (!m_asking.isCut() || m_count.leftOut() == 0)
+        return 0;
+    return int(qMin<qint64>(m_filledLimit, m_count.leftOut()));
+}
+
+QVector<KListModel::Row> KListPage::makeRows(KMySQL &records, int first)
 {
     KListRows rows(m_readTable, records);
     rows.reserve(records.GetRecordsCount());
-    for (int number = 1; !records.IsEOF(); records.MoveNext())
+    for (int number = first; !records.IsEOF(); records.MoveNext())
         rows.add(number++).warning = isWarning(records);
     return rows.take();
 }
@@ -523,14 +607,16 @@ void KListPage::emptyList()
 {
     m_list->setRows({});
     m_filledWith.reset();
-    m_leftOut = 0;
+    m_asking.forgetRows();
+    m_count.forget();
     updateCommands();
     updateCount();
 }
 
 void KListPage::updateCount()
 {
-    m_foot->tellRows(m_bar->isNarrowed() ? 0 : m_leftOut);
+    m_foot->tellRows(m_bar->isNarrowed() ? 0 : m_count.leftOut(), m_count.isAtLeast());
+    m_next->offer(nextCount());
     m_bar->updateFound();
     if (m_traits.hasOwnTotals)
         showTotals(m_list->listModel()->rows());

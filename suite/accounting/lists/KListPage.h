@@ -7,6 +7,7 @@
 #include "suite/accounting/lists/KListAsking.h"
 #include "suite/accounting/lists/KListColumn.h"
 #include "suite/accounting/lists/KListCommands.h"
+#include "suite/accounting/lists/KListCount.h"
 #include "suite/accounting/lists/KListFilterBox.h"
 #include "suite/accounting/lists/KListFoot.h"
 #include "suite/accounting/lists/KListOrder.h"
@@ -26,6 +27,7 @@ class KExtListCtrl;
 class KListBar;
 class KListCard;
 class KMySQL;
+class KNextRows;
 class SavedFilterMenu;
 class QGridLayout;
 class QPushButton;
@@ -101,6 +103,8 @@ public:
     SavedFilterMenu *savedFilters() const { return m_savedFilters; }
     // What the list says instead of rows; hidden while it has some.
     KEmptyState *emptyState() const { return m_foot->emptyState(); }
+    // Shown while the row limit keeps rows back.
+    KNextRows *nextRows() const { return m_next; }
     QString countText() const;
     QString sortExpression() const { return m_order.sort(); }
     // 0: no limit.
@@ -129,7 +133,8 @@ protected:
     virtual KSql filterClauses() const;
     // A row that stands out: what is overdue or void.
     virtual bool isWarning(KMySQL &) const { return false; }
-    // Called before the first row is made and after the last has its names, for what a list adds to all rows at once.
+    // Called before the first row is made and after the last has its names, for what a list adds to all rows at once; also of rows that are
+    // read behind those that it has (isReadingOn).
     virtual void beginRows() { }
     virtual void completeRows(QVector<KListModel::Row> &) { }
     // The rows in sight have changed, for a list that sums them up itself (hasOwnTotals).
@@ -166,6 +171,8 @@ protected:
     // Read-only mode, or a database that is closed now (this is queried): for a command that is about to change something.
     bool isChangeBlocked() const;
     bool isOpened() const { return m_opened; }
+    // Whether the rows that are made now stand behind those that the list shows.
+    bool isReadingOn() const { return m_asking.isReadingOn(); }
     // Loads the selected row by its key; false without a selection or when the row has vanished.
     bool loadSelected(KMySQL &record) const;
     // requireDeletable, asks, deleteRecord, then recordDeleted. Nothing without the right, nor in select mode unless the list's traits say so.
@@ -209,13 +216,17 @@ private:
     // The filter's clauses, and what was asked besides them.
     KSql asked() const;
     void takeRequest();
-    void fill(const KSql &filter);
+    void fill(const KSql &filter, int limit);
+    void readNext();
+    void readFurther();
+    int nextCount() const;
     void fillInPlace(const KSql &filter);
     void updateCommands();
     void sortBy(int column);
     KMySQL &records();
-    QVector<KListModel::Row> readRows(const KSql &filter);
-    QVector<KListModel::Row> makeRows(KMySQL &records);
+    QVector<KListModel::Row> readRows(const KSql &filter, int limit);
+    QVector<KListModel::Row> makeRows(KMySQL &records, int first);
+    void countLeftOut();
     void restoreSelection(int rememberedRow);
     void updateCount();
     bool hasFurtherRows();
@@ -233,7 +244,8 @@ private:
     int m_chosenKey = 0;
     KListAsking m_asking;
     std::optional<KSql> m_filledWith; // the filter of the rows; none while there are none to refresh
-    qint64 m_leftOut = 0;             // rows that the limit kept out
+    int m_filledLimit = 0;            // the limit that it was filled with
+    KListCount m_count;               // of the rows that it kept out
     bool m_isTableEmpty = false;      // the last fill found no row with any filter
     KListOrder m_order;
     std::unique_ptr<KMySQL> m_records;
@@ -247,4 +259,5 @@ private:
     SavedFilterMenu *m_savedFilters = nullptr;
     KListCommands *m_commands = nullptr;
     KListFoot *m_foot = nullptr;
+    KNextRows *m_next = nullptr;
 };

@@ -364,6 +364,18 @@ void KExtListCtrl::setRows(QVector<KListModel::Row> rows)
         fitColumns();
 }
 
+void KExtListCtrl::appendRows(QVector<KListModel::Row> rows)
+{
+    const int key = currentKey();
+    const int top = verticalScrollBar()->value();
+    m_model->appendRows(std::move(rows));
+    if (!m_userLayout)
+        fitColumns();
+    if (key > 0 && currentKey() != key && m_model->rowOfKey(key) >= 0)
+        selectKey(key);
+    verticalScrollBar()->setValue(top);
+}
+
 bool KExtListCtrl::removeKey(int key)
 {
     return m_model->removeKey(key);

@@ -35,6 +35,8 @@ public:
     KListModel *listModel() const { return m_model; }
     // Replaces all rows; no row is selected afterwards.
     void setRows(QVector<KListModel::Row> rows);
+    // See KListModel::appendRows. What is selected and in sight stays so.
+    void appendRows(QVector<KListModel::Row> rows);
     bool removeKey(int key);
     // Those in sight.
     int count() const;

@@ -41,6 +41,12 @@ void KListCard::addView(QAbstractItemView *view)
     view->setFrameShape(QFrame::NoFrame);
     view->installEventFilter(this);
     m_views->addWidget(view);
+    Q_EMIT viewAdded(view);
+}
+
+void KListCard::addBelowRows(QWidget *line)
+{
+    static_cast<QVBoxLayout *>(layout())->insertWidget(1, line);
 }
 
 // Whoever sends the focus to the list sends it to the view that is seen.

@@ -23,12 +23,17 @@ public:
     // Adds a text to the line at the foot, which is there from the first one on. One that takes the room left goes on below where
     // that ends.
     void addToFoot(QWidget *text, bool takesRoom = false);
+    // Below the rows and above that line.
+    void addBelowRows(QWidget *line);
 
     // Another view of the same rows, which stands in the list's place while it is the shown one.
     void addView(QAbstractItemView *view);
     // The list itself or one that was added.
     void showView(QAbstractItemView *view);
     QAbstractItemView *shownView() const { return m_shown; }
+
+Q_SIGNALS:
+    void viewAdded(QAbstractItemView *view);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 #include <numeric>
@@ -263,6 +264,30 @@ void KListModel::appendRow(Row row)
     const int at = int(m_rows.size());
     beginInsertRows({}, at, at);
     m_rows.append(std::move(row));
+    m_rowKeys.clear();
+    endInsertRows();
+}
+
+void KListModel::appendRows(QVector<Row> rows)
+{
+    if (rows.isEmpty())
+        return;
+    QSet<int> keys;
+    for (const Row &row : std::as_const(rows))
+        keys.insert(row.key);
+    const bool hasMoved = std::ranges::any_of(std::as_const(m_rows), [&keys](const Row &row) { return keys.contains(row.key); });
+    if (isNarrowed() || hasMoved) {
+        beginResetModel();
+        m_rows.removeIf([&keys](const Row &row) { return keys.contains(row.key); });
+        m_rows.append(std::move(rows));
+        m_rowKeys.clear();
+        findInSight();
+        endResetModel();
+        return countRowsFrom(0);
+    }
+    const int first = int(m_rows.size());
+    beginInsertRows({}, first, first + int(rows.size()) - 1);
+    m_rows.append(std::move(rows));
     m_rowKeys.clear();
     endInsertRows();
 }

@@ -97,6 +97,8 @@ public:
     // With those that are out of sight.
     int allRows() const;
     void appendRow(Row row);
+    // The same with several. A row with the key of one of them goes: they are what has become of it.
+    void appendRows(QVector<Row> rows);
     // The rows behind it are counted anew. False when no row has the key.
     bool removeKey(int key);
     void clear();

@@ -13,6 +13,7 @@
 #include "suite/accounting/invoices/CTblServices.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KNextRows.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/RegisteredTest.h"
 
@@ -263,6 +264,16 @@ void TestCDlgHistory::limitCutsNoSaveInTwo()
     page.refill();
     QCOMPARE(page.list()->count(), 1);
     QCOMPARE(page.list()->cellText(0, u"changes"), whole);
+    // Nor is its older half listed once more among the next ones.
+    while (page.nextRows()->isVisibleTo(&page))
+        page.nextRows()->click();
+    QStringList changes;
+    for (int row = 0; row < page.list()->count(); ++row)
+        changes << page.list()->cellText(row, u"changes");
+    QCOMPARE(changes.filter(u"13"_s), QStringList{whole});
+    page.setRowLimit(1000);
+    page.refill();
+    QCOMPARE(page.list()->count(), changes.size());
 }
 
 void TestCDlgHistory::settingsHaveOneHistory()

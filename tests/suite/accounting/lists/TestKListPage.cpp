@@ -10,6 +10,7 @@
 #include "suite/utility/frame/KCommandButton.h"
 #include "suite/utility/lists/KEmptyState.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/lists/KNextRows.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
@@ -451,6 +452,117 @@ private Q_SLOTS:
         page.setRowLimit(1302);
         page.refill();
         QCOMPARE(page.countText(), u"تعداد : 1302"_s);
+    }
+
+    void theLineAtTheEndFetchesTheNextRows()
+    {
+        for (int i = 0; i < 7; ++i)
+            addItem(u"n%1"_s.arg(i), u"4"_s);
+        SampleList page;
+        page.setRowLimit(4);
+        page.open();
+        page.setRowLimit(4);
+        page.refill();
+        page.show();
+        page.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&page));
+        QCOMPARE(page.countText(), u"تعداد : 4 از 10"_s);
+        QCOMPARE(page.nextRows()->text(), u"نمایش 4 ردیف بعدی"_s);
+        page.list()->selectRow(3);
+        page.list()->setFocus();
+        QTest::keyClick(page.list(), Qt::Key_Down);
+        QVERIFY(page.nextRows()->hasFocus());
+        QTest::keyClick(page.nextRows(), Qt::Key_Up);
+        QVERIFY(page.list()->hasFocus());
+        QTest::keyClick(page.list(), Qt::Key_PageDown);
+        QTest::keyClick(page.nextRows(), Qt::Key_Return);
+        QCOMPARE(page.list()->count(), 8);
+        QCOMPARE(page.list()->currentRow(), 4);
+        QCOMPARE(page.list()->cellText(7, u"row"), u"8"_s);
+        QCOMPARE(page.countText(), u"تعداد : 8 از 10"_s);
+        QCOMPARE(page.nextRows()->text(), u"نمایش 2 ردیف بعدی"_s);
+        QVERIFY(page.nextRows()->hasFocus());
+        QTest::keyClick(page.nextRows(), Qt::Key_Space);
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"c"_s, u"a"_s, u"n0"_s, u"n1"_s, u"n2"_s, u"n3"_s, u"n4"_s, u"n5"_s, u"n6"_s}));
+        QCOMPARE(page.countText(), u"تعداد : 10"_s);
+        QVERIFY(!page.nextRows()->isVisible());
+        QVERIFY(page.list()->hasFocus());
+        // A search begins with the first rows again.
+        page.refill();
+        QCOMPARE(page.list()->count(), 4);
+    }
+
+    void aListReadAnewKeepsTheRowsThatWereFetched()
+    {
+        for (int i = 0; i < 7; ++i)
+            addItem(u"n%1"_s.arg(i), {});
+        SampleList page;
+        page.open();
+        page.setRowLimit(3);
+        page.refill();
+        page.nextRows()->click();
+        m_office->database.run(u"UPDATE Items SET sName='new' WHERE sName='n2'"_s);
+        page.refresh();
+        QCOMPARE(names(page), (QStringList{u"b"_s, u"c"_s, u"a"_s, u"n0"_s, u"n1"_s, u"new"_s}));
+        page.nextRows()->click();
+        QCOMPARE(names(page).mid(6), (QStringList{u"n3"_s, u"n4"_s, u"n5"_s}));
+    }
+
+    // Another desk's row that has come to stand behind is shown there alone; the last one, which is gone, hinders nothing.
+    void nextRowsAreThoseOfNow()
+    {
+        for (int i = 0; i < 7; ++i)
+            addItem(u"n%1"_s.arg(i), {});
+        SampleList page;
+        page.open();
+        page.setRowLimit(4);
+        page.refill();
+        // Once turns the order round, twice back.
+        Q_EMIT page.list()->columnClicked(1);
+        Q_EMIT page.list()->columnClicked(1);
+        QCOMPARE(names(page), (QStringList{u"a"_s, u"b"_s, u"c"_s, u"n0"_s}));
+        m_office->database.run(u"DELETE FROM Items WHERE sName='n0'"_s);
+        m_office->database.run(u"UPDATE Items SET sName='n2b' WHERE sName='b'"_s);
+        page.nextRows()->click();
+        QCOMPARE(names(page), (QStringList{u"a"_s, u"c"_s, u"n0"_s, u"n1"_s, u"n2"_s, u"n2b"_s, u"n3"_s}));
+        QCOMPARE(page.list()->cellText(6, u"row"), u"7"_s);
+    }
+
+    void nextRowsThatCannotBeReadLeaveTheListAsItWas()
+    {
+        for (int i = 0; i < 7; ++i)
+            addItem(u"n%1"_s.arg(i), {});
+        SampleList page;
+        page.open();
+        page.setRowLimit(4);
+        page.refill();
+        m_office->database.run(u"RENAME TABLE Items TO ItemsAway"_s);
+        page.nextRows()->click();
+        m_office->database.run(u"RENAME TABLE ItemsAway TO Items"_s);
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(page.list()->count(), 4);
+        page.nextRows()->click();
+        QCOMPARE(page.list()->count(), 8);
+        QCOMPARE(names(page).mid(4, 2), (QStringList{u"n1"_s, u"n2"_s}));
+    }
+
+    void manyRowsAreCountedBeside()
+    {
+        for (int i = 0; i < 12; ++i)
+            addItem(u"n%1"_s.arg(i), {});
+        KListCount::setAtOnce(5);
+        SampleList page;
+        page.open();
+        page.setRowLimit(4);
+        page.refill();
+        QCOMPARE(page.countText(), u"تعداد : 4 از بیش از 9"_s);
+        QTRY_COMPARE(page.countText(), u"تعداد : 4 از 15"_s);
+        page.nextRows()->click();
+        // What is on its way is not waited for.
+        page.refill();
+        KListCount::setAtOnce(5000);
+        page.refill();
+        QCOMPARE(page.countText(), u"تعداد : 4 از 15"_s);
     }
 
     void aDatabaseClosedMeanwhileHidesTheCommands()
