@@ -6,6 +6,7 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 
+#include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookMarks.h"
 
 using namespace Qt::StringLiterals;
@@ -29,6 +30,7 @@ KNextRows::KNextRows(QWidget *parent)
     : QPushButton(parent)
 {
     LookMarks::setButton(this, LookMarks::Button::Flat);
+    setIcon(LookIcons::icon(u":/icons/down.svg"_s));
     setAutoDefault(false);
     hide();
 }
