@@ -26,8 +26,9 @@ struct BackupManifest
     struct Table
     {
         QString name;
-        qint64 rows = -1;                              // -1: not counted
-        std::optional<qint64> checksum = std::nullopt; // the server's CHECKSUM TABLE
+        qint64 rows = -1; // -1: not counted
+        // The server's CHECKSUM TABLE; where the table computes a column, a sum over what its rows hold.
+        std::optional<qint64> checksum = std::nullopt;
         bool operator==(const Table &) const = default;
     };
 

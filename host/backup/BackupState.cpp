@@ -14,6 +14,42 @@ namespace {
 // Kinds of KChange that are changes of rows, or of all.
 constexpr int lastKindOfRows = static_cast<int>(KChange::Kind::Restored);
 
+// The columns whose values stand in the rows; empty where the table computes none of its columns.
+QByteArrayList storedColumns(KConnection &connection, const QString &database, const QString &table)
+{
+    QByteArrayList stored;
+    bool computesSome = false;
+    for (const QByteArrayList &row : rows(connection,
+                                          "SELECT COLUMN_NAME,EXTRA LIKE '%VIRTUAL GENERATED%' FROM information_schema.COLUMNS WHERE TABLE_SCHEMA="
+                                              + text(database) + " AND TABLE_NAME=" + text(table) + " ORDER BY ORDINAL_POSITION")) {
+        if (row[1] == "1")
+            computesSome = true;
+        else
+            stored.append(name(QString::fromUtf8(row[0])));
+    }
+    return computesSome ? stored : QByteArrayList();
+}
+
+// Each value's own sum, so that no row is too long for the server to put together.
+QByteArray sumStatement(const QByteArray &table, const QByteArrayList &columns)
+{
+    QByteArrayList sums;
+    for (const QByteArray &column : columns)
+        sums.append("COALESCE(CRC32(" + column + "),'-')");
+    return "SELECT COALESCE(SUM(CRC32(CONCAT_WS(','," + sums.join(',') + "))),0)%4294967296 FROM " + table;
+}
+
+std::optional<qint64> checksum(KConnection &connection, const QString &database, const QString &table)
+{
+    const QByteArray whole = name(database, table);
+    const QByteArrayList stored = storedColumns(connection, database, table);
+    // The server's own sum takes in what it finds in memory where a column is computed: each time another.
+    const QList<QByteArrayList> sum = stored.isEmpty() ? rows(connection, "CHECKSUM TABLE " + whole) : rows(connection, sumStatement(whole, stored));
+    if (sum.isEmpty() || sum.constFirst().constLast().isNull())
+        return std::nullopt;
+    return sum.constFirst().constLast().toLongLong();
+}
+
 }
 
 namespace BackupState {
@@ -30,9 +66,7 @@ QList<BackupManifest::Table> tables(KConnection &connection, const QString &data
         if (row[1] == "InnoDB") {
             const QByteArray whole = name(database, table.name);
             table.rows = value(connection, "SELECT COUNT(*) FROM " + whole).toLongLong();
-            const QList<QByteArrayList> sum = rows(connection, "CHECKSUM TABLE " + whole);
-            if (!sum.isEmpty() && !sum.constFirst().at(1).isNull())
-                table.checksum = sum.constFirst().at(1).toLongLong();
+            table.checksum = checksum(connection, database, table.name);
         }
         all.append(table);
     }

@@ -6,6 +6,7 @@
 #include "tests/support/PrivateTestServer.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QFileInfo>
 
 #include <atomic>
@@ -89,4 +90,17 @@ QString TestDatabase::value(const QString &statement)
     const KConnection::Result result = KConnection::forThread(m_database).run(statement.toUtf8());
     const MYSQL_ROW row = result ? mysql_fetch_row(result.get()) : nullptr;
     return row && row[0] ? QString::fromUtf8(row[0]) : QString();
+}
+
+// Not the server's CHECKSUM TABLE: that is another each time where the table computes a column.
+QByteArray TestDatabase::sumOf(const QString &table)
+{
+    QCryptographicHash sum(QCryptographicHash::Md5);
+    const KConnection::Result result = KConnection::forThread(m_database).run("SELECT * FROM " + quotedName(table) + " ORDER BY 1");
+    while (const MYSQL_ROW row = mysql_fetch_row(result.get())) {
+        const unsigned long *lengths = mysql_fetch_lengths(result.get());
+        for (unsigned int cell = 0; cell < mysql_num_fields(result.get()); ++cell)
+            sum.addData(row[cell] ? QByteArray::number(qulonglong(lengths[cell])) + ' ' + QByteArray(row[cell], qsizetype(lengths[cell])) : QByteArray("NULL"));
+    }
+    return sum.result().toHex();
 }

@@ -42,6 +42,8 @@ public:
     void run(const QString &statement);
     // First column of the first row as text; empty for NULL or no row.
     QString value(const QString &statement);
+    // Of what all rows of a table hold, to be held against another moment's.
+    QByteArray sumOf(const QString &table);
 
 private:
     std::unique_ptr<PrivateTestServer> m_ownServer; // null when the run's server is used

@@ -348,7 +348,7 @@ private Q_SLOTS:
     {
         const int contract = PrintedContracts::add(*m_office, 0);
         const auto checksums = [this] {
-            return m_office->database().value(u"CHECKSUM TABLE AutomobilContracts"_s)
+            return QString::fromLatin1(m_office->database().sumOf(u"AutomobilContracts"_s))
                 + m_office->database().value(u"SELECT COUNT(*) FROM Documents"_s)
                 + m_office->database().value(u"SELECT GROUP_CONCAT(iID, sName2) FROM Persons"_s);
         };
