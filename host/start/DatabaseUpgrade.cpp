@@ -10,6 +10,7 @@
 #include "suite/db/connection/KTableSchema.h"
 #include "host/frame/StartupClock.h"
 #include "host/backup/BackupTaking.h"
+#include "host/server/TableNames.h"
 #include "host/start/SchemaGuard.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/SuiteSchema.h"
@@ -252,7 +253,9 @@ void DatabaseUpgrade::closeModuleUpgrade()
         return;
     const std::unique_ptr<KLease> lease = takeTurn();
     const KLongWork work;
-    SuiteSchema::afterModuleUpgrade();
+    SuiteSchema::afterModuleUpgrade(0, [this](const QString &table, int number, int count) {
+        m_progress(u"ساخت کلیدهای فهرست‌ها، %1 از %2: %3"_s.arg(number).arg(count).arg(TableNames::shown(table)));
+    });
 }
 
 void DatabaseUpgrade::takeDump()

@@ -321,45 +321,6 @@ bool lacksFiscalYear(int database)
     return !KTableSchema::of(u"AutomobilContracts"_s, database).column(u"iFiscalYear"_s);
 }
 
-// Indexes of the module's tables that the suite's work needs. Who locks the plan of one contract would otherwise lock those of all, and
-// whoever asks for what belongs to a person, for the contracts of some days or for the cars on the lot would read all there is.
-struct ModuleKey
-{
-    const char *table;
-    const char *name;
-    const char *column;
-    const char *statement;
-};
-
-constexpr ModuleKey moduleKeys[] = {
-    {"AutomobilPayments", "contract", "iAutomobilContractID", "ALTER TABLE AutomobilPayments ADD KEY contract (iAutomobilContractID)"},
-    {"AutomobilContracts", "personFirst", "iPersonFirstID", "ALTER TABLE AutomobilContracts ADD KEY personFirst (iPersonFirstID)"},
-    {"AutomobilContracts", "personSecond", "iPersonSecondID", "ALTER TABLE AutomobilContracts ADD KEY personSecond (iPersonSecondID)"},
-    {"AutomobilInformations", "person", "iPersonID", "ALTER TABLE AutomobilInformations ADD KEY person (iPersonID)"},
-    {"AutomobilInformations", "buyer", "iPersonBuyerID", "ALTER TABLE AutomobilInformations ADD KEY buyer (iPersonBuyerID)"},
-    {"AutomobilDemands", "person", "iPersonID", "ALTER TABLE AutomobilDemands ADD KEY person (iPersonID)"},
-    {"AutomobilContracts", "day", "dateContract", "ALTER TABLE AutomobilContracts ADD KEY day (dateContract)"},
-    {"AutomobilInformations", "lot", "iArchiveUserID", "ALTER TABLE AutomobilInformations ADD KEY lot (bSold,iArchiveUserID)"},
-};
-
-// Of the tables and columns that are there.
-QList<const ModuleKey *> lackingKeys(int database)
-{
-    CTblTemp query(database);
-    query.Open(true, false, true);
-    QSet<QString> present;
-    for (query.ExecuteQuery("SELECT CONCAT(TABLE_NAME,' ',INDEX_NAME) FROM information_schema.STATISTICS WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME LIKE 'Automobil%'");
-         query.HasResultRow(); query.MoveNextResult())
-        present.insert(query.GetTextFieldValue(0).toLower());
-    QList<const ModuleKey *> lacking;
-    for (const ModuleKey &key : moduleKeys) {
-        const QString table = QLatin1String(key.table);
-        if (KTableSchema::of(table, database).column(QLatin1String(key.column)) && !present.contains((table + u' ' + QLatin1String(key.name)).toLower()))
-            lacking.append(&key);
-    }
-    return lacking;
-}
-
 }
 
 int SuiteSchema::currentVersion()
@@ -405,10 +366,10 @@ bool SuiteSchema::isVersionStored(int database)
 bool SuiteSchema::isClosingStepDue(int database)
 {
     KTableSchema::forgetAll();
-    return lacksFiscalYear(database) || !lackingKeys(database).isEmpty();
+    return lacksFiscalYear(database) || OfficeKeys::areLacking(database);
 }
 
-void SuiteSchema::afterModuleUpgrade(int database)
+void SuiteSchema::afterModuleUpgrade(int database, const OfficeKeys::Progress &progress)
 {
     // Asked first: an ALTER, even one that has nothing to do, waits for everybody reading the table.
     if (!isClosingStepDue(database))
@@ -417,8 +378,7 @@ void SuiteSchema::afterModuleUpgrade(int database)
     temp.Open(true, false, true);
     if (lacksFiscalYear(database))
         temp.ExecuteQuery("ALTER TABLE AutomobilContracts ADD COLUMN iFiscalYear INT DEFAULT 0", false, true);
-    for (const ModuleKey *key : lackingKeys(database))
-        temp.ExecuteQuery(key->statement, false, true);
+    OfficeKeys::add(progress, database);
     KTableSchema::forgetAll();
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/accounting/office/OfficeKeys.h"
 
 // The suite's own tables, created and upgraded by numbered steps. The number reached stands in Properties (section "Schema",
 // key "Suite"), beside the version that the dealership module reached (key "TzAuto").
@@ -13,9 +14,9 @@ public:
     // Runs every step that the database has not had, in order, and stores each number as it is reached; a step that fails is run again
     // next time. Two programs at once do no harm, but one of them may fail: DatabaseUpgrade lets one go first. Throws CMySQLException, or KAccountingError when the database comes from a newer program.
     static void upgrade(int database = 0);
-    // To be called after the module's own upgrade: adds what the suite needs in the module's tables. Does nothing a
-    // second time.
-    static void afterModuleUpgrade(int database = 0);
+    // To be called after the module's own upgrade: adds what the suite needs in the module's tables, and the indexes of all. Does
+    // nothing a second time.
+    static void afterModuleUpgrade(int database = 0, const OfficeKeys::Progress &progress = {});
     static bool isClosingStepDue(int database = 0);
 
     // Number of the last step that this program knows.

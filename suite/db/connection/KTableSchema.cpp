@@ -43,13 +43,23 @@ const KTableSchema &KTableSchema::of(const QString &table, int database)
         "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME="
         + KSql::quoted(table));
     while (MYSQL_ROW row = mysql_fetch_row(rows.get())) {
+        const QString name = QString::fromUtf8(row[0]);
+        if (name.startsWith(orderPrefix())) {
+            schema.m_orderColumns.insert(name.mid(orderPrefix().size()), name);
+            continue;
+        }
         const QByteArray charset(row[2] ? row[2] : "");
-        schema.m_columns.insert(QString::fromUtf8(row[0]),
+        schema.m_columns.insert(name,
                                 {row[1] ? QByteArray(row[1]).toLongLong() : 0,
                                  charset == "utf8" || charset == "utf8mb3" || charset == "ucs2"});
     }
     QMutexLocker lock(&cache().mutex);
     return cache().tables.insert_or_assign(key, std::move(schema)).first->second;
+}
+
+QString KTableSchema::orderPrefix()
+{
+    return QStringLiteral("orderOf_");
 }
 
 int KTableSchema::textLength(const QString &table, const QString &name, int database)

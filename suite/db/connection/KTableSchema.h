@@ -28,6 +28,13 @@ public:
     const Column *column(const QString &name) const;
     bool isEmpty() const { return m_columns.isEmpty(); }
 
+    // The column by which the table orders that text in the Persian alphabet, so that an index can serve it; empty where it has none.
+    // Such a column is not among the others: nobody writes it.
+    QString orderColumn(const QString &text) const { return m_orderColumns.value(text); }
+    // With which its name begins, before that of the text.
+    static QString orderPrefix();
+
 private:
     QHash<QString, Column> m_columns;
+    QHash<QString, QString> m_orderColumns;
 };

@@ -4,6 +4,7 @@
 #include "suite/db/records/KColumns.h"
 
 #include "suite/db/connection/KColumnValue.h"
+#include "suite/db/connection/KTableSchema.h"
 
 #include <QRegularExpression>
 
@@ -92,7 +93,14 @@ bool KColumns::hold(const KSql &order) const
     return std::all_of(names.cbegin(), names.cend(), [this](const QString &name) { return find(name) != nullptr; });
 }
 
-QList<KRowBound::Term> KColumns::terms(const KSql &columns) const
+bool KColumns::holdText(const KSql &order) const
+{
+    static const QRegularExpression between(u",| ASC| DESC"_s);
+    const QStringList names = order.text().split(between, Qt::SkipEmptyParts);
+    return std::ranges::any_of(names, [this](const QString &name) { return isText(name); });
+}
+
+QList<KRowBound::Term> KColumns::terms(const KSql &columns, const KTableSchema &table) const
 {
     static const QString descending = u" DESC"_s;
     static const QString ascending = u" ASC"_s;
@@ -101,14 +109,26 @@ QList<KRowBound::Term> KColumns::terms(const KSql &columns) const
         const bool isDescending = column.endsWith(descending);
         const QStringView name = QStringView(column).chopped(isDescending ? descending.size() : column.endsWith(ascending) ? ascending.size()
                                                                                                                           : 0);
-        terms.append({isText(name) ? KSql::alphabetical(KSql::name(name)) : KSql::order(name), isDescending});
+        terms.append({isText(name) ? textTerm(name, table) : KSql::order(name), isDescending});
     }
     return terms;
 }
 
-QList<KRowBound::Term> KColumns::totalTerms(const KSql &columns) const
+// The order column has the alias of its text, which is that of the key; those of other tables stay as they are.
+KSql KColumns::textTerm(QStringView name, const KTableSchema &table) const
 {
-    QList<KRowBound::Term> terms = this->terms(columns);
+    const QString key = keyName();
+    const QString alias = key.chopped(keyColumn.size());
+    const qsizetype dot = name.lastIndexOf(u'.');
+    const QString bare = name.mid(dot + 1).toString();
+    const bool isOfTable = dot < 0 ? find(alias + bare) != nullptr : name.left(dot + 1) == alias;
+    const QString ordered = isOfTable ? table.orderColumn(bare) : QString();
+    return ordered.isEmpty() ? KSql::alphabetical(KSql::name(name)) : KSql::name(alias + ordered);
+}
+
+QList<KRowBound::Term> KColumns::totalTerms(const KSql &columns, const KTableSchema &table) const
+{
+    QList<KRowBound::Term> terms = this->terms(columns, table);
     const KSql key = KSql::name(keyName());
     const bool hasKey = !terms.isEmpty() && (terms.constLast().expression == key || terms.constLast().expression == KSql::name(keyColumn));
     if (!hasKey)

@@ -13,6 +13,8 @@
 
 #include <vector>
 
+class KTableSchema;
+
 // The columns of one record object in their order, which of them are read, and where the names behind their keys stand.
 class KColumns
 {
@@ -35,11 +37,13 @@ public:
     QByteArray selectList();
     // Whether each column after ORDER BY is among these.
     bool hold(const KSql &order) const;
-    // The columns after ORDER BY, those of texts in the order of the Persian alphabet.
-    KSql order(const KSql &columns) const { return ordered(terms(columns)); }
-    QList<KRowBound::Term> terms(const KSql &columns) const;
+    // Whether one of them is a text.
+    bool holdText(const KSql &order) const;
+    // The terms after ORDER BY, those of texts in the order of the Persian alphabet.
+    // table: of the record; a text that it has an order column for is ordered by that.
+    QList<KRowBound::Term> terms(const KSql &columns, const KTableSchema &table) const;
     // The same with the key behind them, in the last one's direction, so that no two rows are alike; the key alone for no columns.
-    QList<KRowBound::Term> totalTerms(const KSql &columns) const;
+    QList<KRowBound::Term> totalTerms(const KSql &columns, const KTableSchema &table) const;
     static KSql ordered(const QList<KRowBound::Term> &terms);
     // Sets the members of the columns that are read.
     void load(char *const *cells, const unsigned long *lengths) const;
@@ -59,6 +63,7 @@ private:
     QString qualified(QStringView name) const;
     QString keyName() const;
     bool isText(QStringView name) const;
+    KSql textTerm(QStringView name, const KTableSchema &table) const;
 
     QString m_alias;
     std::vector<KColumn> m_columns;

@@ -149,7 +149,7 @@ void KMySQL::noteDeleted()
 bool KMySQL::Requery()
 {
     ensureBound();
-    const QList<KRowBound::Term> order = m_isListing ? m_columns.totalTerms(m_sort) : m_columns.terms(m_sort);
+    const QList<KRowBound::Term> order = orderTerms();
     QByteArray statement = "SELECT " + m_columns.selectList();
     // What the order says of the last row, behind the columns that are read.
     const qsizetype noted = m_isListing && m_limit > 0 ? order.size() : 0;
@@ -168,6 +168,14 @@ bool KMySQL::Requery()
     select(statement);
     noteLastRow(order.mid(0, noted));
     return true;
+}
+
+// The table is asked about its columns for an order by a text alone.
+QList<KRowBound::Term> KMySQL::orderTerms() const
+{
+    static const KTableSchema unknown;
+    const KTableSchema &table = m_columns.holdText(m_sort) ? KTableSchema::of(GetTableName(), m_database) : unknown;
+    return m_isListing ? m_columns.totalTerms(m_sort, table) : m_columns.terms(m_sort, table);
 }
 
 // Those of the order stand behind the other columns of the result.

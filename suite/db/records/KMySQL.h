@@ -218,6 +218,7 @@ private:
     // FROM and WHERE of what the filter matches, without those words.
     QByteArray source() const;
     KSql matched() const;
+    QList<KRowBound::Term> orderTerms() const;
     void noteLastRow(const QList<KRowBound::Term> &order);
     void select(const QByteArray &statement);
     bool fetchRow();
