@@ -6,7 +6,7 @@
 // statement; plates, drawn cars and the demands that a car fits it does without. Counts what the server sends for a page beside the bytes of the whole pictures, which it must not send.
 
 #include "bench/BenchOffice.h"
-#include "bench/RatioReporter.h"
+#include "bench/SampleReporter.h"
 #include "bench/Trial.h"
 
 #include "auto/cars/register/CDlgAutomobilInformations.h"
@@ -241,8 +241,7 @@ int main(int argc, char **argv)
     view.show();
     QCoreApplication::processEvents();
 
-    RatioReporter reporter;
+    SampleReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    const bool fast = reporter.printRatio("20 pages of 10,000 cars as cards, read and painted / a bare view of icons", "gallery", "bareIcons", 3);
-    return reportPictures() && fast ? 0 : 1;
+    return reportPictures() && reporter.finish() ? 0 : 1;
 }

@@ -6,7 +6,8 @@
 // the bytes of the pictures that it must not send.
 
 #include "bench/BenchOffice.h"
-#include "bench/RatioReporter.h"
+#include "bench/SampleReporter.h"
+#include "bench/SqlPeer.h"
 #include "bench/Trial.h"
 
 #include "auto/words/WordLists.h"
@@ -63,9 +64,18 @@ private:
     std::vector<Row> m_rows;
 };
 
+const QByteArray shownRows =
+    "SELECT b.sName2 AS sBuyer,ai.bSold,o.sName2 AS sOwner,cb.sName AS sBrand,cm.sName AS sModel,cc.sName AS sClass,ai.sNumOfPlates,"
+    "ai.iYear,ai.dateIntroduction,ai.iUsageType,it.sName AS sColor,ai.iFuel,ai.dAmount,ai.sDocumentsDeficit,ai.sFractionalParts,"
+    "ai.iArchiveUserID FROM AutomobilInformations ai "
+    "LEFT JOIN Persons b ON b.iID=ai.iPersonBuyerID LEFT JOIN Persons o ON o.iID=ai.iPersonID "
+    "LEFT JOIN CarBrands cb ON cb.iID=ai.iAutomobilType LEFT JOIN CarModels cm ON cm.iID=ai.iModel "
+    "LEFT JOIN CarClasses cc ON cc.iID=ai.iBrigade LEFT JOIN Items it ON it.iID=ai.iColor ORDER BY ai.iCode LIMIT 10000";
+
 CDlgAutomobilInformations *page = nullptr;
 QTreeView *bareView = nullptr;
 BareModel *bareModel = nullptr;
+SqlPeer::List *peerList = nullptr;
 
 void run(const QString &statement)
 {
@@ -145,12 +155,7 @@ void carList(benchmark::State &state)
 
 void joinAndBareModel(benchmark::State &state)
 {
-    static const QByteArray statement =
-        "SELECT b.sName2,ai.bSold,o.sName2,cb.sName,cm.sName,cc.sName,ai.sNumOfPlates,ai.iYear,ai.dateIntroduction,ai.iUsageType,"
-        "it.sName,ai.iFuel,ai.dAmount,ai.sDocumentsDeficit,ai.sFractionalParts,ai.iArchiveUserID FROM AutomobilInformations ai "
-        "LEFT JOIN Persons b ON b.iID=ai.iPersonBuyerID LEFT JOIN Persons o ON o.iID=ai.iPersonID "
-        "LEFT JOIN CarBrands cb ON cb.iID=ai.iAutomobilType LEFT JOIN CarModels cm ON cm.iID=ai.iModel "
-        "LEFT JOIN CarClasses cc ON cc.iID=ai.iBrigade LEFT JOIN Items it ON it.iID=ai.iColor ORDER BY ai.iCode LIMIT 10000";
+    const QByteArray &statement = shownRows;
     MYSQL *connection = KConnection::forThread().handle();
     for (auto _ : state) {
         if (mysql_real_query(connection, statement.constData(), static_cast<unsigned long>(statement.size())) != 0)
@@ -165,6 +170,14 @@ void joinAndBareModel(benchmark::State &state)
         bareView->viewport()->repaint();
         QCoreApplication::processEvents();
         if (bareModel->rowCount() != carCount)
+            state.SkipWithError("wrong number of rows");
+    }
+}
+
+void sqlTableModel(benchmark::State &state)
+{
+    for (auto _ : state) {
+        if (peerList->fill() != carCount)
             state.SkipWithError("wrong number of rows");
     }
 }
@@ -214,6 +227,7 @@ bool reportPictures()
 }
 
 BENCHMARK(joinAndBareModel)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
+BENCHMARK(sqlTableModel)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
 BENCHMARK(carList)->Unit(benchmark::kMillisecond)->Repetitions(Trial::repetitions(9))->UseRealTime();
 
 int main(int argc, char **argv)
@@ -242,9 +256,10 @@ int main(int argc, char **argv)
     bareView = &view;
     showAll(&view);
 
-    RatioReporter reporter;
+    SqlPeer::List peer(u"BenchCarList"_s, QString::fromUtf8(shownRows));
+    peerList = &peer;
+
+    SampleReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    const bool fast = reporter.printRatio("car list of 10,000 cars, search to painted / one JOIN and a bare model", "carList",
-                                          "joinAndBareModel", 2);
-    return reportPictures() && fast ? 0 : 1;
+    return reportPictures() && reporter.finish() ? 0 : 1;
 }

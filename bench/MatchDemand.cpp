@@ -5,7 +5,7 @@
 // itself.
 
 #include "bench/BenchOffice.h"
-#include "bench/RatioReporter.h"
+#include "bench/SampleReporter.h"
 #include "bench/Trial.h"
 
 #include "auto/cars/matching/MatchingCars.h"
@@ -126,11 +126,9 @@ int main(int argc, char **argv)
     demandID = addDemand();
     carStatement = statementOfTheCars();
 
-    RatioReporter reporter;
+    SampleReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     const auto matching = MatchingCars::of(demandID);
     std::printf("cars that fit: %zu of %d\n", matching->cars.size(), carCount);
-    return reporter.printRatio("one demand matched with 10,000 cars / the one SELECT of the cars", "matchDemand", "bareSelect", 2)
-        ? 0
-        : 1;
+    return reporter.finish() ? 0 : 1;
 }

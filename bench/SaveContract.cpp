@@ -5,7 +5,7 @@
 // but those by which several desks work together (the unit's token, the note of who changed it).
 
 #include "bench/BenchOffice.h"
-#include "bench/RatioReporter.h"
+#include "bench/SampleReporter.h"
 #include "bench/Trial.h"
 
 #include "auto/contracts/document/ContractSaving.h"
@@ -96,11 +96,11 @@ int main(int argc, char **argv)
     contract.Open(true, true, true);
     contractID = contract.m_iID;
 
-    RatioReporter reporter;
+    SampleReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     const bool ready = setBack();
     const auto all = statementsOf(amounts[0], false).size();
     const auto bare = statementsOf(amounts[1], true).size();
     std::printf("statements of a save: %d, of them for several desks: %d%s\n", int(all), int(all - bare), ready ? "" : " (not saved)");
-    return reporter.printRatio("one contract saved / its statements by the bare library", "saveContract", "bareStatements", 2) ? 0 : 1;
+    return reporter.finish() && ready ? 0 : 1;
 }

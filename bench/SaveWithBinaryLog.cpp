@@ -5,7 +5,7 @@
 // same server without it.
 
 #include "bench/BenchOffice.h"
-#include "bench/RatioReporter.h"
+#include "bench/SampleReporter.h"
 #include "bench/Trial.h"
 
 #include "auto/contracts/document/ContractSaving.h"
@@ -74,7 +74,7 @@ int main(int argc, char **argv)
     contract.Open(true, true, true);
     contractID = contract.m_iID;
 
-    RatioReporter reporter;
+    SampleReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    return reporter.printRatio("one contract saved, each commit on the disk: with the binary log / without", "withLog", "withoutLog", 3) ? 0 : 1;
+    return reporter.finish() ? 0 : 1;
 }
