@@ -6,9 +6,9 @@
 // the disk the same way, as waiting for it takes longer than either. A mail merge by python-docx, which keeps every part and
 // makes no plan, stands beside them.
 
-#include "bench/PythonPeer.h"
 #include "bench/SampleReporter.h"
 #include "bench/Trial.h"
+#include "bench/WorkProcess.h"
 
 #include "auto/contracts/printing/ContractMergeFields.h"
 #include "auto/contracts/printing/PlanMergeFields.h"
@@ -119,9 +119,9 @@ void zipAgain(benchmark::State &state)
 void mailMerge(benchmark::State &state)
 {
     const QTemporaryDir folder;
-    PythonPeer peer(u"mail_merge.py"_s, {templatePath, outputPath(folder), u"تهران، خیابان آزادی، 12,500,000"_s});
+    const auto peer = WorkProcess::peer(u"mail_merge.py"_s, {templatePath, outputPath(folder), u"تهران، خیابان آزادی، 12,500,000"_s});
     for (auto _ : state) {
-        if (!peer.work())
+        if (!peer->work())
             state.SkipWithError("the contract was not merged");
     }
 }

@@ -6,9 +6,9 @@
 // the same columns, each on one line where it is known to stand.
 
 #include "bench/BenchOffice.h"
-#include "bench/PythonPeer.h"
 #include "bench/SampleReporter.h"
 #include "bench/Trial.h"
+#include "bench/WorkProcess.h"
 
 #include "auto/contracts/CDlgAutomobilContracts.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -168,9 +168,9 @@ void writeCellsForPeer()
 
 void otherSheet(benchmark::State &state)
 {
-    PythonPeer peer(u"write_sheet.py"_s, {folder + u"/cells.json"_s, folder + u"/other.xlsx"_s});
+    const auto peer = WorkProcess::peer(u"write_sheet.py"_s, {folder + u"/cells.json"_s, folder + u"/other.xlsx"_s});
     for (auto _ : state) {
-        if (!peer.work())
+        if (!peer->work())
             state.SkipWithError("the sheet could not be written");
     }
 }

@@ -83,7 +83,7 @@ def main():
     print(f"bare server: {statistics.median(servers):.0f} ms")
     if options.samples:
         with open(options.samples, "w", encoding="utf-8") as file:
-            json.dump({"total": [run["total"] for run in runs], "server": servers}, file)
+            json.dump({"total": [run["total"] for run in runs], "phase": [run["server"] for run in runs], "server": servers}, file)
     return 0
 
 
