@@ -17,6 +17,9 @@
 // Its holder counts as dead as soon as its process has ended, when it ran on this computer, and never as long as the process is
 // there, halted or not. A holder elsewhere counts as dead when it has not renewed the lease for a minute of the server's clock.
 //
+// Over a local socket, as to the program's private server, all programs run on this computer, so that it is renewed once in ten minutes only: an idle
+// program lets its server sleep. Programs in several containers are expected to have servers or folders of their own.
+//
 // A thread of its own renews the lease, over a connection of its own, which neither the statement observer nor KConnection::changes
 // sees. All operations throw CMySQLException, but the destructor, confirm and isHeld.
 class TZDB_EXPORT KLease

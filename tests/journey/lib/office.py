@@ -100,6 +100,16 @@ class Office:
             self._process = None
 
     @property
+    def process_id(self):
+        return self._process.pid
+
+    @property
+    def server_process_id(self):
+        """Of the program's own server."""
+        with open(os.path.join(self.data_folder, "database", "server.pid"), encoding="ascii") as file:
+            return int(file.read())
+
+    @property
     def database(self):
         return self._server.database if self._server else Database(self.data_folder)
 
