@@ -6,6 +6,9 @@
 // Many rows, made by the server itself: a million contracts take it minutes, and the program's own classes hours.
 namespace BenchFilling {
 
+// An office that an older filling left is filled anew. One more with each change of what is filled in.
+inline constexpr int version = 1;
+
 // Enters the kinds of records that the search finds; once.
 void enterSearch();
 

@@ -48,11 +48,13 @@ void BenchOffice::fill(int contracts)
 {
     setSettingsFile(m_settings.filePath(u"user.ini"_s));
     SuiteSchema::upgrade();
-    double reached = 0;
-    if (GetAutoDBSetting()->UpdateDB(0, 0, reached, false) != 1)
-        qFatal("the module's tables could not be created");
-    SuiteSchema::afterModuleUpgrade();
     // A server of its own may keep the office of an earlier run.
+    const double stored = SuiteSchema::moduleVersion();
+    double reached = stored;
+    if (GetAutoDBSetting()->UpdateDB(0, stored, reached, SuiteSchema::isModuleVersionStored()) != 1)
+        qFatal("the module's tables could not be created");
+    SuiteSchema::raiseModuleVersion(reached);
+    SuiteSchema::afterModuleUpgrade();
     if (!isFilled())
         DemoData::fill(contracts);
     CTblUsers user;

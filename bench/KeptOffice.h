@@ -12,7 +12,7 @@
 #include <optional>
 
 // An office of that many contracts in a folder of its own, on a server as the program starts it. The folder stands in that of the environment's
-// TZ_BENCH_OFFICES, where the next run finds it again; without one it is gone with the object.
+// TZ_BENCH_OFFICES, where the next run finds it again, unless it was broken off while it filled; without one it is gone with the object.
 class KeptOffice
 {
 public:
@@ -21,7 +21,7 @@ public:
     EmbeddedServer &server() { return *m_server; }
 
 private:
-    QTemporaryDir m_own;
+    std::optional<QTemporaryDir> m_own;
     std::optional<EmbeddedServer> m_server;
     std::optional<BenchOffice> m_office;
 };
