@@ -27,6 +27,11 @@ if [ $# -gt 0 ]; then
     only=(--only "$@")
 fi
 
+# What a program that is broken off leaves is gone with the run.
+TMPDIR=$(mktemp --directory --tmpdir tz-bench.XXXXXX)
+export TMPDIR
+trap 'rm -rf "$TMPDIR"' EXIT
+
 samples=build/bench/samples
 rm -rf "$samples"
 mkdir -p "$samples"
@@ -35,6 +40,9 @@ for program in "${programs[@]}"; do
     printf '\n== %s (load %s)\n' "$program" "$(cut -d ' ' -f 1 /proc/loadavg)"
     case $program in
         startup) bench/startup.py build/bench/bin/tzhost --samples "$samples/startup.json" ;;
+        # On the offices that Growth has filled.
+        footprint) bench/footprint.py build/bench/bin/tzhost --samples "$samples/footprint.json" \
+            --office "small=$TZ_BENCH_OFFICES/10000" "large=$TZ_BENCH_OFFICES/1000000" ;;
         *) TZ_BENCH_SAMPLES="$samples/$program.json" "build/bench/bench/$program" --benchmark_enable_random_interleaving=true ;;
     esac || failed+=("$program")
 done

@@ -15,23 +15,18 @@ MOST_PROGRAM_MIB = 120
 MOST_SERVER_MIB = 150
 
 
-def settled(process):
-    """What was begun at the login is over: a second with next to no wake, or the work of a minute would be counted."""
-    return sum(footprint.wakes_meanwhile(process, 1).values()) <= 3
-
-
 def stay_still(office, where):
     step(f"nobody is at the desk: {where}")
     program = office.process_id
-    wait_for(lambda: settled(program), "the program to settle", seconds=60)
+    wait_for(lambda: footprint.is_settled(program, office.database), "the program to settle", seconds=60)
     with footprint.statements_meanwhile(office.database) as statements:
         woken = footprint.wakes_meanwhile(program, STILL_SECONDS)
     rate = sum(woken.values()) / STILL_SECONDS
     step(f"{rate:.2f} wakes a second ({woken}), {len(statements)} statements")
     for name, process, most in (("program", program, MOST_PROGRAM_MIB), ("server", office.server_process_id, MOST_SERVER_MIB)):
         taken = footprint.memory(process)
-        step(f"{name}: {taken['pss'] / 1024:.1f} MiB, {taken['private'] / 1024:.1f} of them its own, at most {taken['peak'] / 1024:.1f}")
-        check(taken["pss"] < most * 1024, f"the idle {name} takes less than {most} MiB")
+        step(f"{name}: {taken['resident'] / 1024:.1f} MiB, {taken['private'] / 1024:.1f} of them its own, at most {taken['peak'] / 1024:.1f}")
+        check(taken["resident"] < most * 1024, f"the idle {name} takes less than {most} MiB")
     check(not statements, f"the idle program asks for nothing: {statements}")
     check(rate <= MOST_WAKES_A_SECOND, f"the idle program wakes at most {MOST_WAKES_A_SECOND:g} times a second, not {rate:.2f}: {woken}")
 

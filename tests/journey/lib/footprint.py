@@ -8,7 +8,8 @@ from contextlib import contextmanager
 
 
 def memory(process):
-    """In KiB: pss (its share of what several programs have), private (what would be free without it), peak (resident)."""
+    """In KiB: resident (with what several programs have), pss (with its share of that), private (what would be free without it), and peak, the
+    most that was resident."""
     figures = {}
     with open(f"/proc/{process}/smaps_rollup", encoding="ascii") as rollup:
         for line in rollup:
@@ -17,7 +18,7 @@ def memory(process):
                 figures[name] = int(rest.split()[0])
     with open(f"/proc/{process}/status", encoding="utf-8") as status:
         peak = next(int(line.split()[1]) for line in status if line.startswith("VmHWM:"))
-    return {"pss": figures["Pss"], "private": figures["Private_Clean"] + figures["Private_Dirty"], "peak": peak}
+    return {"resident": figures["Rss"], "pss": figures["Pss"], "private": figures["Private_Clean"] + figures["Private_Dirty"], "peak": peak}
 
 
 def wakes(process):
@@ -35,6 +36,14 @@ def wakes_meanwhile(process, seconds):
     before = wakes(process)
     time.sleep(seconds)
     return {name: count - before.get(name, 0) for name, count in wakes(process).items() if count > before.get(name, 0)}
+
+
+def is_settled(process, database):
+    """What was begun before is over: no statement runs at the server, which a program may await without a wake, and for a second next to nothing
+    woke the program."""
+    woken = sum(wakes_meanwhile(process, 1).values())
+    running = database.rows("SELECT COUNT(*) AS many FROM information_schema.PROCESSLIST WHERE COMMAND NOT IN ('Sleep','Daemon') AND ID<>CONNECTION_ID()")
+    return woken <= 3 and int(running[0]["many"]) == 0
 
 
 @contextmanager
