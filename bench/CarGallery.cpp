@@ -60,7 +60,7 @@ void multiplyCars()
     CTblTemp columns;
     columns.Open(true, false, true);
     columns.ExecuteQuery("SELECT GROUP_CONCAT(COLUMN_NAME ORDER BY ORDINAL_POSITION) FROM information_schema.COLUMNS WHERE"
-                         " TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilInformations' AND COLUMN_NAME NOT IN ('iID','iCode')");
+                         " TABLE_SCHEMA=DATABASE() AND TABLE_NAME='AutomobilInformations' AND EXTRA NOT LIKE '%GENERATED%' AND COLUMN_NAME NOT IN ('iID','iCode')");
     const QString names = columns.GetTextFieldValue(0);
     run(u"UPDATE AutomobilInformations SET oPicture=(SELECT p FROM (SELECT oPicture p FROM AutomobilInformations WHERE oPicture IS NOT NULL LIMIT 1) one)"
         " WHERE oPicture IS NULL"_s);

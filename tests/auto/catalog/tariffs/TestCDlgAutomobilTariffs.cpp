@@ -26,8 +26,10 @@ private Q_SLOTS:
         QCOMPARE(page.filters().control<KEdit>(u"name")->accessibleName(), u"نام :"_s);
         QCOMPARE(page.filters().control<QCheckBox>(u"inactive")->text(), u"غير فعال ها را نيز نمايش بده"_s);
         QStringList captions;
-        for (const QPushButton *button : page.findChildren<QPushButton *>())
-            captions << button->text();
+        for (const QPushButton *button : page.findChildren<QPushButton *>()) {
+            if (!button->isHidden())
+                captions << button->text();
+        }
         QCOMPARE(captions, (QStringList{u"جستجو"_s, u"ستون‌ها"_s, u"فیلترها"_s, newCaption, editCaption, deleteCaption, u"چاپ"_s}));
         QStringList shown;
         for (int column = 0; column < page.list()->model()->columnCount(); ++column)
