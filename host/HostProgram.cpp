@@ -359,6 +359,7 @@ void HostProgram::prepareSchema()
         [this](const QString &text) { return m_splash.showWaitingOrGiveUp(text); });
     upgrade.setWayBack(m_server ? WayBack(m_folder).sentences() : WayBack::ofOfficeServer());
     upgrade.upgradeSuite();
+    upgrade.sumUpBooks();
     m_clock.reached("suite-schema");
     if (!m_module.entry() && !m_module.load(m_options.moduleDir)) {
         g_pDlgWarning->Show(m_module.errorText() + u"\nبرنامه بدون آن ادامه می‌یابد."_s, &m_splash);

@@ -4,6 +4,7 @@
 #include "auto/today/MonthsToday.h"
 
 #include "auto/reports/income/ComprehensiveReport.h"
+#include "suite/accounting/books/totals/AccountTotals.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -67,9 +68,8 @@ KSql statement(const QList<QDate> &months, const QDate &today, bool tellsIncome)
     const QDate first = months.constFirst();
     const int income[] = {ComprehensiveReport::incomeGroup};
     const auto daily = [&](int row, const KSql &amount, std::span<const int> groups) {
-        return KSql::formatted(" UNION ALL SELECT %1,DATEDIFF(h.date,", row) + dayLiteral(first) + "),COUNT(*),SUM(" + amount
-            + "),0 FROM Documents h JOIN Docs d ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.iStatus=0 AND " + within("h.date", first, today)
-            + " AND " + inGroups(groups) + " GROUP BY 2";
+        return KSql::formatted(" UNION ALL SELECT %1,DATEDIFF(DATE(d.iDate),", row) + dayLiteral(first) + "),SUM(d.iRows),SUM(" + amount + "),0 FROM ("
+            + AccountTotals::days(first, today) + ") d WHERE " + inGroups(groups) + " GROUP BY 2";
     };
     const KSql counted = KSql::formatted("SELECT %1,", int(Contracts)) + monthOf("dateContract", months)
         + " month,COUNT(*),SUM(dAmount),SUM(dCommission) FROM AutomobilContracts WHERE iStatus=0 AND " + within("dateContract", oldest, today) + " AND "

@@ -18,6 +18,7 @@
 #include "host/demo/DemoStories.h"
 #include "host/demo/DemoToday.h"
 #include "host/demo/DemoYear.h"
+#include "suite/accounting/books/totals/TotalsFolding.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/CTblUsers.h"
@@ -163,6 +164,7 @@ void fill(int contracts, const QDate &today, int database)
     DemoToday::write(office.userID, today, database);
     CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
     transaction.commit();
+    TotalsFolding::fold({}, database);
 }
 
 }

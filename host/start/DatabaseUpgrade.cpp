@@ -12,6 +12,7 @@
 #include "host/backup/BackupTaking.h"
 #include "host/server/TableNames.h"
 #include "host/start/SchemaGuard.h"
+#include "suite/accounting/books/totals/TotalsFolding.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/SuiteSchema.h"
 
@@ -24,6 +25,8 @@ namespace {
 
 constexpr int pulseMilliseconds = 50;
 constexpr int pulsesBetweenLooks = 5;
+// Fewer are summed up beside the first reading of balances, in a second or two.
+constexpr int documentsToSumUp = 10000;
 
 const QString leaseName = u"upgrade"_s;
 const QString schemaSection = u"Schema"_s;
@@ -162,6 +165,18 @@ void DatabaseUpgrade::upgradeSuite()
     qCInfo(lcHost) << "suite schema" << stored << "to" << SuiteSchema::currentVersion();
     SuiteSchema::upgrade();
     KTableSchema::forgetAll();
+}
+
+void DatabaseUpgrade::sumUpBooks()
+{
+    if (TotalsFolding::behind(documentsToSumUp) < documentsToSumUp)
+        return;
+    const std::unique_ptr<KLease> lease = takeTurn();
+    const KLongWork work;
+    TotalsFolding::fold([this](int done) {
+        m_progress(u"جمع‌بندی حساب‌ها: %1 سند"_s.arg(done));
+        return true;
+    });
 }
 
 bool DatabaseUpgrade::upgradeModule(CAutoDBSetting &module)

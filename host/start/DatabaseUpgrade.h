@@ -40,6 +40,10 @@ public:
     // Throws as upgradeSuite.
     [[nodiscard]] bool upgradeModule(CAutoDBSetting &module);
 
+    // Takes the documents that are in no kept sum of their accounts into them, where there are many: those of an office from before those sums,
+    // of a filling in one go, or of a run that was broken off. Beside others that work. Throws as upgradeSuite.
+    void sumUpBooks();
+
     // Path of the dump that was taken; empty when none was needed.
     QString dumpTaken() const { return m_dump; }
 

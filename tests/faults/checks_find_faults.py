@@ -21,6 +21,7 @@ SPOILED = {
     "a person is found by a name of before":
         "INSERT INTO SearchKeys SELECT 1,CONCAT('oldname',seq),iPersonFirstID FROM AutomobilContracts JOIN seq_1_to_9 LIMIT 9",
     "a document does not balance": "INSERT INTO Docs(iDocNum,iFiscalYear,dBed) VALUES (:d,:y,5)",
+    "a kept sum of an account is not what its documents say": "UPDATE Documents SET bSummed=1",
     "rows stand under no header": "INSERT INTO Docs(iDocNum,iFiscalYear) VALUES (99,:y)",
     "a contract has no document": "UPDATE AutomobilContracts SET iDocNum=98",
     "two contracts share a document": "INSERT INTO AutomobilContracts(iCode,iDocNum,iFiscalYear) VALUES (7,:d,:y)",

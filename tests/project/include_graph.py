@@ -27,6 +27,7 @@ FLOORS = [
     ["suite/accounting/office"],
     ["suite/accounting/changes"],
     ["suite/accounting/books/chart", "suite/accounting/reports"],
+    ["suite/accounting/books/totals"],
     ["suite/accounting/papers"],
     ["suite/accounting/attachments", "suite/accounting/books", "suite/accounting/invoices", "suite/accounting/taxfile"],
     ["suite/accounting/bin"],

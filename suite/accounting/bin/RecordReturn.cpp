@@ -194,6 +194,8 @@ void RecordReturn::drawDocument(KWholeRow &own)
     }
     document.set(u"iNum", num);
     document.set(u"iFiscalYear", year);
+    // It was taken out of the sums of accounts when it was deleted, whatever it says itself.
+    document.set(u"bSummed", 0);
     own.set(u"iDocNum", num);
     own.set(u"iFiscalYear", year);
     m_document = document;

@@ -3,12 +3,11 @@
 
 #include "suite/accounting/books/CTblDocs.h"
 
-#include "suite/db/records/CTblTemp.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/AccountCode.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/books/totals/AccountTotals.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/utility/values/ShamsiDate.h"
 
 #include <cmath>
 
@@ -28,24 +27,9 @@ bool mayStand(const CTblDocs &row)
         && Accounts::kolOf(row.m_iHesabMoeenCode) == row.m_iHesabKolCode;
 }
 
-KSql validRows(const QDateTime &from, const QDateTime &to)
-{
-    KSql clauses = " FROM Docs d JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
-                   "WHERE h.iStatus=0";
-    if (from.isValid())
-        clauses += " AND h.date>=" + DateToSQL(from);
-    if (to.isValid())
-        clauses += " AND h.date<" + DateToSQL(to.addDays(1));
-    return clauses;
-}
-
 AccountBalance balanceOf(AccountLevel level, int code, const QDateTime &from, const QDateTime &to, int database)
 {
-    CTblTemp query(database);
-    query.Open(true, false, true);
-    query.ExecuteQuery(KSql::formatted("SELECT SUM(d.dBed),SUM(d.dBes)%1 AND d.%2=%3", validRows(from, to),
-                                       KSql::name(AccountChart::docsColumn(level)), code));
-    return {query.GetDoubleFieldValue(0), query.GetDoubleFieldValue(1)};
+    return AccountTotals::read(level, from, to, KSql::formatted("%1=%2", KSql::name(AccountChart::docsColumn(level)), code), database).value(code);
 }
 
 }
@@ -120,16 +104,7 @@ QHash<int, AccountBalance> CTblDocs::balances(AccountLevel level, const QDateTim
                                               int database)
 {
     constexpr int accountsOfGroup = 100;
-    const KSql code = KSql::name(u"d."_s + AccountChart::docsColumn(level));
-    KSql clauses = validRows(from, to) + " AND " + code + ">0";
-    if (group > 0)
-        clauses += KSql::formatted(" AND d.iHesabKolCode BETWEEN %1 AND %2", group * accountsOfGroup,
-                                   group * accountsOfGroup + accountsOfGroup - 1);
-    CTblTemp query(database);
-    query.Open(true, false, true);
-    query.ExecuteQuery(KSql::formatted("SELECT %1,SUM(d.dBed),SUM(d.dBes)%2 GROUP BY %1", code, clauses));
-    QHash<int, AccountBalance> sums;
-    for (; query.HasResultRow(); query.MoveNextResult())
-        sums.insert(query.GetLongFieldValue(0), {query.GetDoubleFieldValue(1), query.GetDoubleFieldValue(2)});
-    return sums;
+    const int first = group * accountsOfGroup;
+    const KSql condition = group > 0 ? KSql::formatted("iHesabKolCode BETWEEN %1 AND %2", first, first + accountsOfGroup - 1) : KSql();
+    return AccountTotals::read(level, from, to, condition, database);
 }

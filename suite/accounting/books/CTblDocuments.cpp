@@ -7,6 +7,7 @@
 #include "suite/db/records/KChangeLog.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/changes/ChangedLines.h"
+#include "suite/accounting/books/totals/AccountTotals.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
@@ -25,6 +26,20 @@ const QString notedRows = u"rows"_s;
 KSql documentFilter(int num, int fiscalYear)
 {
     return KSql::formatted("iNum=%1 AND iFiscalYear=%2", num, fiscalYear);
+}
+
+// Of a document that was released from the sums of its accounts.
+QList<DocumentRow> takenRows(int num, int fiscalYear, int database)
+{
+    QList<DocumentRow> rows;
+    CTblTemp taken(database);
+    taken.Open(true, false, true);
+    taken.FormatAndExecuteQuery("DELETE FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d"
+                                " RETURNING IF(iHesabTafsilyCode>0,iHesabTafsilyCode,iHesabMoeenCode),iPersonID,dBed,dBes,sDesc",
+                                num, fiscalYear);
+    for (; taken.HasResultRow(); taken.MoveNextResult())
+        rows.append({taken.GetLongFieldValue(0), taken.GetLongFieldValue(1), taken.GetDoubleFieldValue(2), taken.GetDoubleFieldValue(3), taken.GetTextFieldValue(4)});
+    return rows;
 }
 
 }
@@ -99,38 +114,52 @@ bool CTblDocuments::EditDoc(int num, int fiscalYear, const QDateTime &date, cons
 {
     if (num < 1 || CDBSetting::IsClosed(database))
         return false;
+    KTransaction transaction(database);
+    AccountTotals::release(num, fiscalYear, database);
     CTblDocuments set(database);
     set.m_filter = documentFilter(num, fiscalYear);
     set.Open(true, true, true);
-    if (set.IsEOF())
-        return false;
-    set.Edit();
-    set.m_date = date;
-    set.m_sDesc = desc;
-    return set.Update(true);
+    bool isWritten = false;
+    if (!set.IsEOF()) {
+        set.Edit();
+        set.m_date = date;
+        set.m_sDesc = desc;
+        isWritten = set.Update(true);
+    }
+    transaction.commit();
+    return isWritten;
+}
+
+std::optional<QList<DocumentRow>> CTblDocuments::Rewrite(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)
+{
+    KTransaction transaction(database);
+    std::optional<QList<DocumentRow>> rows;
+    if (EditDoc(num, fiscalYear, date, desc, database))
+        rows = takenRows(num, fiscalYear, database);
+    transaction.commit();
+    return rows;
 }
 
 void CTblDocuments::EmptyDoc(int num, int fiscalYear, int database)
 {
     if (num < 1)
         return;
+    KTransaction transaction(database);
+    AccountTotals::release(num, fiscalYear, database);
     CTblTemp temp(database);
     temp.Open(true, false, true);
     temp.FormatAndExecuteQuery("DELETE FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d", num, fiscalYear);
+    transaction.commit();
 }
 
 QList<DocumentRow> CTblDocuments::TakeRows(int num, int fiscalYear, int database)
 {
-    QList<DocumentRow> rows;
     if (num < 1)
-        return rows;
-    CTblTemp taken(database);
-    taken.Open(true, false, true);
-    taken.FormatAndExecuteQuery("DELETE FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d"
-                                " RETURNING IF(iHesabTafsilyCode>0,iHesabTafsilyCode,iHesabMoeenCode),iPersonID,dBed,dBes,sDesc",
-                                num, fiscalYear);
-    for (; taken.HasResultRow(); taken.MoveNextResult())
-        rows.append({taken.GetLongFieldValue(0), taken.GetLongFieldValue(1), taken.GetDoubleFieldValue(2), taken.GetDoubleFieldValue(3), taken.GetTextFieldValue(4)});
+        return {};
+    KTransaction transaction(database);
+    AccountTotals::release(num, fiscalYear, database);
+    const QList<DocumentRow> rows = takenRows(num, fiscalYear, database);
+    transaction.commit();
     return rows;
 }
 

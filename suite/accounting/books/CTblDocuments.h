@@ -8,6 +8,8 @@
 #include "suite/db/records/KMySQL.h"
 #include "suite/accounting/TzAccountingDataExport.h"
 
+#include <optional>
+
 // Headers of the accounting documents. A document is known by its number within its fiscal year; number 0 means no
 // document, and every operation here accepts it and then does nothing.
 class TZACCOUNTINGDATA_EXPORT CTblDocuments : public KMySQL, private KLiveCount<CTblDocuments>
@@ -32,6 +34,8 @@ public:
     [[nodiscard]] static int drawNumber(int fiscalYear, int database = 0);
     // Gives an existing header a new date and description. False when there is no such document or the database is closed.
     static bool EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database = 0);
+    // The same, and takes its rows off: what was in it. Nothing when there is no such document or the database is closed.
+    [[nodiscard]] static std::optional<QList<DocumentRow>> Rewrite(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database = 0);
     // Deletes the document's rows and keeps its header.
     static void EmptyDoc(int num, int fiscalYear, int database = 0);
     // The same, and what was in it.

@@ -37,9 +37,10 @@ bool DocumentWriter::add(int kind, int fiscalYear)
 
 bool DocumentWriter::rewrite(int num, int fiscalYear)
 {
-    if (!CTblDocuments::EditDoc(num, fiscalYear, m_content.date, m_content.description, m_database))
+    const auto before = CTblDocuments::Rewrite(num, fiscalYear, m_content.date, m_content.description, m_database);
+    if (!before)
         return false;
-    m_before = CTblDocuments::TakeRows(num, fiscalYear, m_database);
+    m_before = *before;
     m_notesRows = true;
     m_num = num;
     m_fiscalYear = fiscalYear;

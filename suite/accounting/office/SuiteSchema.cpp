@@ -275,6 +275,19 @@ constexpr const char *papers[] = {
     ", PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
 };
 
+// What documents sum up to on each account (AccountTotals): by month, iDay 0, and by day; a document without a date under month 0. Which documents
+// are in it, the header says. What was in it and is to be changed is taken out by rows beside it, so that no desk waits for another's sum.
+constexpr const char *accountTotals[] = {
+    "CREATE TABLE IF NOT EXISTS AccountTotals (iDay INT NOT NULL, iMonth INT NOT NULL, iHesabMoeenCode INT NOT NULL, iHesabTafsilyCode INT NOT NULL"
+    ", iHesabKolCode INT NOT NULL, dBed DECIMAL(50,10) NOT NULL DEFAULT 0, dBes DECIMAL(50,10) NOT NULL DEFAULT 0, iRows BIGINT NOT NULL DEFAULT 0"
+    ", KEY moeen (iHesabMoeenCode,iDay,iMonth), KEY tafsily (iHesabTafsilyCode,iDay,iMonth), KEY kol (iHesabKolCode,iDay,iMonth)"
+    ", PRIMARY KEY (iDay,iMonth,iHesabMoeenCode,iHesabTafsilyCode,iHesabKolCode)) ENGINE=InnoDB CHARSET=utf8",
+    "CREATE TABLE IF NOT EXISTS AccountTotalChanges (iID INT NOT NULL AUTO_INCREMENT, iDay INT NOT NULL, iMonth INT NOT NULL, iHesabMoeenCode INT NOT NULL"
+    ", iHesabTafsilyCode INT NOT NULL, iHesabKolCode INT NOT NULL, dBed DECIMAL(50,10) NOT NULL DEFAULT 0, dBes DECIMAL(50,10) NOT NULL DEFAULT 0"
+    ", iRows BIGINT NOT NULL DEFAULT 0, PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "ALTER TABLE Documents ADD COLUMN bSummed TINYINT NOT NULL DEFAULT 0, ADD KEY summed (bSummed)",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -292,6 +305,7 @@ constexpr Step steps[] = {
     {14, waysBack},
     {15, findings},
     {16, papers},
+    {17, accountTotals},
 };
 
 const QString schemaSection = u"Schema"_s;

@@ -4,6 +4,7 @@
 #include "suite/treasury/subjects/TreasuryToday.h"
 
 #include "suite/accounting/today/TodayPlans.h"
+#include "suite/accounting/books/totals/AccountTotals.h"
 #include "suite/accounting/frame/RecordKinds.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/cheques/ChequesDue.h"
@@ -61,15 +62,13 @@ TodayContent cheques(const TodayFrame &frame)
     return content;
 }
 
-// By account, from the rows of its documents; a void one has none.
+// The accounts that documents stand on.
 TodayContent cashBox(const TodayFrame &frame)
 {
     TodayContent content;
     CTblTemp query(frame.database);
-    query.ExecuteQuery("SELECT m.iCode,m.sName,SUM(d.dBed-d.dBes) FROM HesabMoeen m JOIN Docs d ON d.iHesabMoeenCode=m.iCode JOIN Documents h "
-                       "ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear WHERE m.iHesabKolCode IN (1101,1102) AND h.iStatus=0 "
-                       "GROUP BY m.iCode,m.sName ORDER BY m.iCode",
-                       true, true);
+    query.ExecuteQuery("SELECT m.iCode,m.sName,s.dBed-s.dBes FROM (" + AccountTotals::sums(AccountLevel::Moeen, {}, {}, "iHesabKolCode IN (1101,1102)")
+                       + ") s JOIN HesabMoeen m ON m.iCode=s.code WHERE s.iRows>0 ORDER BY m.iCode");
     for (; query.HasResultRow(); query.MoveNextResult()) {
         ++content.count;
         if (content.lines.size() < TodayContent::mostLines)

@@ -14,6 +14,10 @@
 #include "suite/accounting/bin/BinRestoring.h"
 #include "suite/accounting/bin/RecordPackage.h"
 #include "suite/accounting/bin/RowDeleting.h"
+#include "suite/accounting/books/CTblDocs.h"
+#include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/books/totals/TotalsCheck.h"
+#include "suite/accounting/books/totals/TotalsFolding.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -188,6 +192,27 @@ private Q_SLOTS:
         QCOMPARE(before.differences(), QString());
         QVERIFY2(!restored.message.contains(u'\n'), qPrintable(restored.message));
         QCOMPARE(value(u"SELECT iKind FROM Changes WHERE sTable='%1' AND iRecordID=%2 ORDER BY iID DESC LIMIT 1"_s.arg(table).arg(key)), u"5"_s);
+    }
+
+    // In the sums of its accounts before, and again afterwards; between the two it is in none, whatever its row in the bin says.
+    void aDocumentComesBackIntoTheSumsOfItsAccounts()
+    {
+        const int key = wholeContract();
+        const auto balance = [] { return CTblDocs::GetBedBesHesabMoeen1(Accounts::persons).bed; };
+        const double before = balance();
+        QVERIFY(before > 0);
+        TotalsFolding::fold();
+        const auto isRight = [&](double expected) { return balance() == expected && TotalsCheck::find().isEmpty(); };
+        QVERIFY(isRight(before));
+        const Bin::Entry entry = remove(u"AutomobilContracts"_s, key);
+        QVERIFY(isRight(0));
+        TotalsFolding::fold();
+        QVERIFY(isRight(0));
+        BinRestoring::run(entry);
+        QVERIFY(isRight(before));
+        TotalsFolding::fold();
+        QVERIFY(isRight(before));
+        run(u"DELETE FROM AccountTotals"_s);
     }
 
     // What a kept row holds is read back from bytes; a number of it that is not a double's shortest form would show here.

@@ -8,6 +8,7 @@
 #include "suite/db/connection/KLease.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/books/totals/TotalsCheck.h"
 #include "suite/accounting/office/SuiteSchema.h"
 #include "tests/support/BackupText.h"
 #include "tests/support/RegisteredTest.h"
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void dumpHoldsTheDatabaseAsItWas();
     void olderDatabaseWithoutRowsIsNotDumped();
     void suiteUpgradeWithRowsIsDumpedFirst();
+    void booksAreSummedUpWithProgress();
     void lostVersionStopsTheStart_data();
     void lostVersionStopsTheStart();
     void tablesOfOtherProgramsAreNoLoss();
@@ -187,6 +189,29 @@ void TestDatabaseUpgrade::suiteUpgradeWithRowsIsDumpedFirst()
     upgrade.upgradeSuite();
     QCOMPARE(SuiteSchema::storedVersion(), SuiteSchema::currentVersion());
     QCOMPARE(dumps().size(), 1);
+}
+
+// As an office from before them, and as one whose program was ended while it summed up: the next start goes on.
+void TestDatabaseUpgrade::booksAreSummedUpWithProgress()
+{
+    SuiteSchema::upgrade();
+    m_database.run(u"INSERT INTO Documents(iNum,iFiscalYear,iKind,date) SELECT seq,1405,3,'2026-05-05' FROM seq_1_to_12000"_s);
+    m_database.run(u"INSERT INTO Docs(iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed,dBes) SELECT seq,1405,1101,110101,2,0 FROM seq_1_to_12000"_s);
+    const QString left = u"SELECT COUNT(*) FROM Documents WHERE bSummed=0"_s;
+    DatabaseUpgrade ended(m_backups->path(), [](const QString &) { throw std::runtime_error("ended"); });
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, ended.sumUpBooks());
+    QCOMPARE(m_database.value(left), u"8000"_s);
+    m_database.run(u"INSERT INTO Documents(iNum,iFiscalYear,iKind,date) SELECT seq,1404,3,'2026-03-05' FROM seq_1_to_2000"_s);
+    DatabaseUpgrade next(m_backups->path(), [this](const QString &text) { m_waitedFor.append(text); });
+    next.upgradeSuite();
+    next.sumUpBooks();
+    QCOMPARE(m_waitedFor, (QStringList{u"جمع‌بندی حساب‌ها: 4000 سند"_s, u"جمع‌بندی حساب‌ها: 8000 سند"_s, u"جمع‌بندی حساب‌ها: 10000 سند"_s}));
+    QCOMPARE(m_database.value(left), u"0"_s);
+    QCOMPARE(m_database.value(u"SELECT dBed+0 FROM AccountTotals WHERE iDay=0 AND iHesabMoeenCode=110101"_s).toDouble(), 24000.0);
+    QVERIFY(TotalsCheck::find().isEmpty());
+    m_waitedFor.clear();
+    next.sumUpBooks();
+    QCOMPARE(m_waitedFor, QStringList());
 }
 
 // Whoever created the tables anew would lose what is in them.

@@ -54,6 +54,13 @@ def _register(account, kind, state, side):
             f"WHERE ABS(books-register)>=0.01")
 
 
+# What was taken out of the kept sums since, and the documents in them the other way round, each by its day and by its month.
+_TO_BE_COMPARED = "".join(
+    f"UNION ALL SELECT iMonth, {day}, iHesabMoeenCode, iHesabTafsilyCode, dBed, dBes FROM AccountTotalChanges "
+    f"UNION ALL SELECT YEAR(h.date)*100+MONTH(h.date), {of_row}, d.iHesabMoeenCode, d.iHesabTafsilyCode, -d.dBed, -d.dBes FROM Documents h "
+    f"JOIN Docs d ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.bSummed=1 AND h.iStatus=0 "
+    for day, of_row in (("iDay", "DAY(h.date)"), ("0", "0")))
+
 # What counts as received for a row: valid receipts less valid payments.
 _SIGNED = "IF(r.iKind=0,r.dAmount,-r.dAmount)"
 
@@ -105,6 +112,9 @@ CHECKS = [
     ("a document does not balance",
      "SELECT iDocNum, iFiscalYear, SUM(dBed), SUM(dBes) FROM Docs GROUP BY iDocNum, iFiscalYear "
      "HAVING ABS(SUM(dBed)-SUM(dBes))>=0.0001"),
+    ("a kept sum of an account is not what its documents say",
+     f"SELECT 1 FROM (SELECT iMonth AS m, iDay AS d, iHesabMoeenCode AS a, iHesabTafsilyCode AS t, dBed, dBes FROM AccountTotals {_TO_BE_COMPARED}) AS both_sides "
+     "GROUP BY m, d, a, t HAVING ABS(SUM(dBed))>=0.0001 OR ABS(SUM(dBes))>=0.0001"),
     ("rows stand under no header",
      "SELECT d.iID, d.iDocNum FROM Docs d LEFT JOIN Documents h ON h.iNum=d.iDocNum AND h.iFiscalYear=d.iFiscalYear "
      "WHERE h.iID IS NULL"),

@@ -65,7 +65,9 @@ void TestSuiteSchema::freshDatabaseHoldsEveryTable_data()
     row("HesabKol", "iID,iCode,sName,iStatus");
     row("HesabMoeen", "iID,iCode,sName,iStatus,iHesabKolCode");
     row("HesabTafsily", "iID,iCode,sName,iStatus,iHesabMoeenCode");
-    row("Documents", "iID,iNum,iFiscalYear,iKind,date,sDesc,iUserID,iStatus");
+    row("Documents", "iID,iNum,iFiscalYear,iKind,date,sDesc,iUserID,iStatus,bSummed");
+    row("AccountTotals", "iDay,iMonth,iHesabMoeenCode,iHesabTafsilyCode,iHesabKolCode,dBed,dBes,iRows");
+    row("AccountTotalChanges", "iID,iDay,iMonth,iHesabMoeenCode,iHesabTafsilyCode,iHesabKolCode,dBed,dBes,iRows");
     row("Docs", "iID,iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,iPersonID,dBed,dBes,sDesc");
     row("Receipts", "iID,iPersonID,date,dAmount,sDesc,iDocNum,iFiscalYear,iUserID,iTable,iRecordID,iPaymentID,iStatus,"
                     "iVoidUserID,dateVoid,sVoidReason,iKind,iMethod,iAccount,iFor,iSide,sFor,iChequeID,iVoidDocNum,iVoidFiscalYear,dateCreate");
