@@ -14,6 +14,7 @@
 #include "host/backup/BackupRestoring.h"
 #include "host/backup/BackupTaking.h"
 #include "host/start/BackupCommands.h"
+#include "host/start/BooksCommands.h"
 #include "host/recovery/BackupView.h"
 #include "host/recovery/CDlgDamage.h"
 #include "host/start/CDlgFirstStart.h"
@@ -132,6 +133,12 @@ int HostProgram::start(int argc, char **argv)
         const QCoreApplication application(argc, argv);
         QCoreApplication::setApplicationName(u"tzhost"_s);
         return BackupCommands::run(options, chooseFolder(options), persian);
+    }
+
+    if (options.checkBooks) {
+        const QCoreApplication application(argc, argv);
+        QCoreApplication::setApplicationName(u"tzhost"_s);
+        return BooksCommands::run(options, chooseFolder(options), persian);
     }
 
     // Nothing is shown, and there may be no screen.

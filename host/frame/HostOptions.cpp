@@ -59,6 +59,8 @@ const QList<Option> &shownOptions()
          u"پرونده‌ای که سطر نخست آن پشتیبان را رمز یا باز می‌کند؛ - یعنی ورودی استاندارد"_s},
         {"normal-priority", nullptr, u"with --verify: do not give way to other programs"_s, u"همراه --verify: اولویت برنامه کم نشود"_s},
         {"rebuild-search", nullptr, u"make anew what records are found by, and end"_s, u"بازسازی فهرست جستجو، و پایان"_s},
+        {"check-books", nullptr, u"compare the kept sums of accounts with the documents, and end"_s, u"سنجش جمع‌های حساب‌ها با اسناد، و پایان"_s},
+        {"mend", nullptr, u"with --check-books: correct the sums that differ"_s, u"همراه --check-books: جمع‌هایی که نمی‌خواند درست شود"_s},
         {"manual-pdf", "FILE", u"write the manual into this file as a PDF, and end"_s, u"نوشتن راهنما در این پرونده PDF، و پایان"_s},
         {"help", nullptr, u"show this text"_s, u"نمایش همین متن"_s},
         {"version", nullptr, u"show the version"_s, u"نمایش نسخه برنامه"_s},
@@ -151,6 +153,16 @@ Problem contradictionOfBackups(const QCommandLineParser &parser, const HostOptio
     return {};
 }
 
+Problem contradictionOfBooks(const QCommandLineParser &parser, const HostOptions &options)
+{
+    const QStringList others = namesOf(parser, {"backup", "verify", "restore", "list-backups", "decrypt", "rebuild-search", "manual-pdf", "demo"});
+    if (!others.isEmpty())
+        return {u"--check-books and --%1 cannot be used together."_s.arg(others[0]), u"--check-books و --%1 با هم به کار نمی‌روند."_s.arg(others[0])};
+    if (options.connect && options.passwordFile.isEmpty())
+        return {u"--check-books with --connect needs --password-file."_s, u"--check-books همراه --connect به --password-file نیاز دارد."_s};
+    return {};
+}
+
 Problem contradiction(const QCommandLineParser &parser, const HostOptions &options)
 {
     if (options.connect && options.demo)
@@ -170,6 +182,10 @@ Problem contradiction(const QCommandLineParser &parser, const HostOptions &optio
     }
     if (parser.isSet(u"manual-pdf"_s) && options.manualPdf.isEmpty())
         return {u"--manual-pdf needs the name of a file."_s, u"--manual-pdf به نام پرونده نیاز دارد."_s};
+    if (options.mend && !options.checkBooks)
+        return {u"--mend needs --check-books."_s, u"--mend همراه --check-books معنا دارد."_s};
+    if (options.checkBooks)
+        return contradictionOfBooks(parser, options);
     return contradictionOfBackups(parser, options);
 }
 
@@ -194,6 +210,8 @@ void readValues(const QCommandLineParser &parser, HostOptions &options)
     options.passphraseFile = parser.value(u"passphrase-file"_s);
     options.lookInto = parser.value(u"look-into"_s);
     options.rebuildSearch = parser.isSet(u"rebuild-search"_s);
+    options.checkBooks = parser.isSet(u"check-books"_s);
+    options.mend = parser.isSet(u"mend"_s);
     options.manualPdf = parser.value(u"manual-pdf"_s);
     options.help = parser.isSet(u"help"_s);
     options.version = parser.isSet(u"version"_s);
@@ -260,9 +278,11 @@ QString HostOptions::helpText(bool persian)
         text += form + u"\n        "_s + (persian ? option.persian : option.english) + u'\n';
     }
     text += persian ? u"\nفرمان‌های پشتیبان با این عددها پایان می‌یابند: 0 انجام شد، 1 انجام نشد، 2 گزینه نادرست، 3 پشتیبان ایراد دارد، "
-                      "4 پوشه یا پایگاه داده در دست دیگری است، 5 گذرواژه نادرست، 6 بازگردانده شد ولی نه تا آخرین دقیقه\n"_s
+                      "4 پوشه یا پایگاه داده در دست دیگری است، 5 گذرواژه نادرست، 6 بازگردانده شد ولی نه تا آخرین دقیقه\n"
+                      "--check-books: 0 جمع‌ها می‌خواند یا درست شد، 3 نمی‌خواند\n"_s
                     : u"\nThe commands for backups end with: 0 done, 1 failed, 2 wrong options, 3 the backup is faulty, "
-                      "4 the folder or database is in use, 5 wrong passphrase, 6 restored, but not to the last minute\n"_s;
+                      "4 the folder or database is in use, 5 wrong passphrase, 6 restored, but not to the last minute\n"
+                      "--check-books: 0 the sums agree or were mended, 3 they differ\n"_s;
     return text;
 }
 

@@ -47,6 +47,9 @@ struct HostOptions
 
     bool rebuildSearch = false; // make the keys of the search anew, and end
 
+    bool checkBooks = false; // compare the kept sums of accounts with the documents, and end
+    bool mend = false;       // of checkBooks: bring them to what the documents say
+
     bool help = false;
     bool version = false;
     bool quitAfterLoginShown = false; // for measuring the start

@@ -11,6 +11,7 @@
 #include "host/backup/BackupVerification.h"
 #include "host/frame/HostOptions.h"
 #include "host/server/Platform.h"
+#include "host/start/ConsoleLines.h"
 #include "host/start/OfficeAccess.h"
 #include "host/start/OfficeAccount.h"
 
@@ -25,16 +26,8 @@ namespace {
 
 constexpr int percentBetweenLines = 10;
 
-void say(const QString &line)
-{
-    std::fputs(qUtf8Printable(line + u'\n'), stdout);
-    std::fflush(stdout);
-}
-
-void complain(const QString &line)
-{
-    std::fputs(qUtf8Printable(u"tzhost: "_s + line + u'\n'), stderr);
-}
+using ConsoleLines::complain;
+using ConsoleLines::say;
 
 // A line of the standard error for each tenth of the way.
 class ProgressLines

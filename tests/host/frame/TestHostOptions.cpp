@@ -115,6 +115,12 @@ void TestHostOptions::refused_data()
                                 << "office";
     QTest::newRow("no value") << "--data-dir"
                               << "data-dir";
+    QTest::newRow("mending without a check") << "--mend"
+                                             << "--check-books";
+    QTest::newRow("a check and something else") << "--check-books --list-backups"
+                                                << "--list-backups";
+    QTest::newRow("a check at an office server without a password") << "--check-books --user sara --connect office/books"
+                                                                    << "--password-file";
     QTest::newRow("no database") << "--user sara --connect office"
                                  << "HOST[:PORT][,HOST[:PORT]...]/DATABASE";
     QTest::newRow("empty database") << "--user sara --connect office/"
