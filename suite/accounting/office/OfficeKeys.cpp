@@ -31,6 +31,7 @@ struct Key
 constexpr Key keys[] = {
     {"AutomobilPayments", "contract", "iAutomobilContractID"},
     {"AutomobilPayments", "due", "iStatus,date"},
+    {"AutomobilPayments", "person", "iPersonID"},
     {"AutomobilContracts", "personFirst", "iPersonFirstID"},
     {"AutomobilContracts", "personSecond", "iPersonSecondID"},
     {"AutomobilContracts", "day", "dateContract"},

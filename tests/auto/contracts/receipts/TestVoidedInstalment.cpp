@@ -6,6 +6,7 @@
 #include "suite/treasury/receipts/CDlgReceipts.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/accounting/frame/KMessageDialog.h"
 #include "tests/auto/contracts/PlannedContract.h"
 #include "tests/support/BooksAgree.h"
 #include "tests/support/Hand.h"
