@@ -7,6 +7,7 @@
 #include "suite/db/records/KChangeLog.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblFileDocs.h"
+#include "suite/accounting/office/CodeReservation.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/reminders/CTblAlarm.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
@@ -42,7 +43,7 @@ qint32 CTblAutomobilDemands::nextCode(int database)
     CTblTemp statement(database);
     statement.Open(false, false, true);
     statement.ExecuteQuery("SELECT MAX(iCode) FROM AutomobilDemands", true, true);
-    return statement.GetLongFieldValue(0) + 1;
+    return CodeReservation::next(u"AutomobilDemands"_s, statement.GetLongFieldValue(0), database);
 }
 
 void CTblAutomobilDemands::archive(qint32 code, qint32 userID, int database)

@@ -4,6 +4,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 
 #include "auto/db/CTblPublicCars.h"
+#include "suite/accounting/office/CodeReservation.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
@@ -51,7 +52,7 @@ qint32 CTblAutomobilInformations::nextCode(int database)
     CTblTemp statement(database);
     statement.Open(false, false, true);
     statement.ExecuteQuery("SELECT MAX(iCode) FROM AutomobilInformations", true, true);
-    return statement.GetLongFieldValue(0) + 1;
+    return CodeReservation::next(u"AutomobilInformations"_s, statement.GetLongFieldValue(0), database);
 }
 
 void CTblAutomobilInformations::archive(qint32 code, qint32 userID, int database)

@@ -72,7 +72,6 @@ public:
         , m_names(database)
         , m_persons(database)
         , m_twins(u"AutomobilInformations"_s, twinColumns(), database)
-        , m_nextCode(CTblAutomobilInformations::nextCode(database))
         , m_now(GetDBSetting()->GetDBServerDate())
     {
         for (const CarTwins::Field &field : CarTwins::fields()) {
@@ -96,7 +95,6 @@ private:
     PersonFinder m_persons;
     TwinTable m_twins;
     QSet<QString> m_bound; // columns whose numbers the office takes only once
-    int m_nextCode;
     QDateTime m_now;
 };
 
@@ -110,7 +108,6 @@ void CarRun::check(ImportRow &row)
     checkNumbers(row);
     ImportRecord::requireFits(m_record, m_fields, row);
     findTwin(row);
-    m_nextCode = qMax(m_nextCode, row.values.value(u"iCode"_s).toInt() + 1);
 }
 
 void CarRun::checkNumbers(ImportRow &row) const
@@ -145,9 +142,8 @@ void CarRun::write(const ImportRow &row)
 {
     m_record.AddNew();
     ImportRecord::fill(m_record, row);
-    // A code that another one has gives way.
-    if (m_record.m_iCode < 1 || row.twin)
-        m_record.m_iCode = m_nextCode++;
+    if (!keepsCode(row))
+        m_record.m_iCode = drawCode();
     if (!m_record.m_dateCreate.isValid())
         m_record.m_dateCreate = m_now;
     m_record.m_iUserID = GetDBSetting()->GetUserID();
@@ -221,9 +217,9 @@ QString CarImport::table() const
     return u"AutomobilInformations"_s;
 }
 
-QStringList CarImport::locks() const
+qint32 CarImport::nextCode(int database) const
 {
-    return {table()};
+    return CTblAutomobilInformations::nextCode(database);
 }
 
 std::unique_ptr<ImportRun> CarImport::begin(int database) const

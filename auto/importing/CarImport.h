@@ -16,6 +16,6 @@ public:
     QString form() const override;
     QString table() const override;
     QList<ImportField> fields() const override;
-    QStringList locks() const override;
+    qint32 nextCode(int database) const override;
     std::unique_ptr<ImportRun> begin(int database) const override;
 };

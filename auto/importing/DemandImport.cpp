@@ -37,7 +37,6 @@ private:
     CarNames m_names;
     PersonFinder m_persons;
     QHash<QString, std::pair<qint32, int>> m_wishes; // key and code of who wants the same; without a key: the row of the file
-    int m_nextCode;
     QDateTime m_now;
 };
 
@@ -52,7 +51,6 @@ DemandRun::DemandRun(int database, const QList<ImportField> &fields)
     , m_fields(fields)
     , m_names(database)
     , m_persons(database)
-    , m_nextCode(CTblAutomobilDemands::nextCode(database))
     , m_now(GetDBSetting()->GetDBServerDate())
 {
     CTblTemp query(database);
@@ -103,7 +101,7 @@ void DemandRun::write(const ImportRow &row)
 {
     m_record.AddNew();
     ImportRecord::fill(m_record, row);
-    m_record.m_iCode = m_nextCode++;
+    m_record.m_iCode = drawCode();
     m_record.m_dateCreate = m_now;
     if (!m_record.m_dateReference.isValid())
         m_record.m_dateReference = QDateTime(m_now.date(), QTime(0, 0), Qt::UTC);
@@ -133,9 +131,9 @@ QString DemandImport::table() const
     return u"AutomobilDemands"_s;
 }
 
-QStringList DemandImport::locks() const
+qint32 DemandImport::nextCode(int database) const
 {
-    return {table()};
+    return CTblAutomobilDemands::nextCode(database);
 }
 
 std::unique_ptr<ImportRun> DemandImport::begin(int database) const

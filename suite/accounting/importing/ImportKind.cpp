@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::vector<std::unique_ptr<ImportKind>> &enteredKinds()
@@ -27,6 +29,16 @@ QString ImportRun::fileProblem(const QList<ImportRow> &)
 QString ImportRun::question()
 {
     return {};
+}
+
+bool ImportRun::keepsCode(const ImportRow &row)
+{
+    return row.values.value(u"iCode"_s).toInt() > 0 && !row.twin;
+}
+
+qint32 ImportKind::nextCode(int) const
+{
+    return 0;
 }
 
 void ImportKinds::enter(std::unique_ptr<ImportKind> kind)

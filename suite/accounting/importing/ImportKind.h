@@ -24,6 +24,17 @@ public:
     virtual void write(const ImportRow &row) = 0;
     // Behind the last row.
     virtual void finish() { }
+
+    // Before the first write: where the codes of the rows begin that bring none of their own.
+    void drawCodesFrom(qint32 first) { m_nextCode = first; }
+    // Whether the row's record gets the code that the file says. One that another has gives way.
+    static bool keepsCode(const ImportRow &row);
+
+protected:
+    qint32 drawCode() { return m_nextCode++; }
+
+private:
+    qint32 m_nextCode = 0;
 };
 
 // A kind of record that files are imported of.
@@ -37,8 +48,8 @@ public:
     virtual QString form() const = 0;  // of KSecurity: whose right to add is needed
     virtual QString table() const = 0; // whose records are the twins
     virtual QList<ImportField> fields() const = 0;
-    // The names under which nobody else adds or changes such records meanwhile (NamedLock), in the order in which others take them.
-    virtual QStringList locks() const = 0;
+    // The code that the next record gets; 0: they have none. Codes are those of table(), and drawn under its NamedLock.
+    virtual qint32 nextCode(int database) const;
     // Throws CMySQLException.
     virtual std::unique_ptr<ImportRun> begin(int database) const = 0;
 };

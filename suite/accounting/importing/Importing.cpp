@@ -4,6 +4,8 @@
 #include "suite/accounting/importing/Importing.h"
 
 #include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/accounting/importing/FreshView.h"
+#include "suite/accounting/importing/ImportCodes.h"
 #include "suite/accounting/office/NamedLock.h"
 #include "suite/db/connection/KTransaction.h"
 
@@ -46,9 +48,16 @@ bool agree(Checked &now, const Checked &seen)
         const ImportRow &old = seen.rows.at(i);
         if (row.twin == old.twin)
             row.takesTwin = old.takesTwin;
-        same = same && row.twin == old.twin && row.problems == old.problems;
+        same = same && row.twin == old.twin && row.problems == old.problems && row.values == old.values;
     }
     return same;
+}
+
+QList<ImportRow> requireAgreed(Checked now, const Checked &agreed)
+{
+    if (!agree(now, agreed) || now.bad() > 0 || !now.problem.isEmpty())
+        throw Importing::Changed(std::move(now));
+    return std::move(now.rows);
 }
 
 }
@@ -75,22 +84,17 @@ Importing::Checked Importing::check(const ImportKind &kind, const File &file, co
 
 int Importing::write(const ImportKind &kind, const File &file, const QList<ImportRow> &parsed, const Checked &agreed, const Progress &progress, int database)
 {
+    const ImportCodes codes(kind, agreed, database);
     int written = 0;
     // Each row is looked at once more and then written.
     const int steps = 2 * static_cast<int>(parsed.size());
     KTransaction::runReplayable(
         [&] {
             written = 0;
-            // Before anything is read: what is read then is what stands until the end.
-            NamedLock::take(u"Imports"_s, database);
-            for (const QString &lock : kind.locks())
-                NamedLock::take(lock, database);
-            OfficeClosing::requireOpen(database);
             const std::unique_ptr<ImportRun> run = kind.begin(database);
-            Checked now = checkedBy(*run, kind.id(), file, parsed, progress, steps, database);
-            if (!agree(now, agreed) || now.bad() > 0 || !now.problem.isEmpty())
-                throw Changed(std::move(now));
-            for (const ImportRow &row : std::as_const(now.rows)) {
+            const QList<ImportRow> rows = requireAgreed(checkedBy(*run, kind.id(), file, parsed, progress, steps, database), agreed);
+            run->drawCodesFrom(codes.first());
+            for (const ImportRow &row : rows) {
                 tell(progress, static_cast<int>(parsed.size()) + written, steps);
                 if (!row.isWritten())
                     continue;
@@ -98,6 +102,18 @@ int Importing::write(const ImportKind &kind, const File &file, const QList<Impor
                 ++written;
             }
             run->finish();
+            // Others wait for the lock from here on only. What they saved until then this unit has not seen: it reads as of its beginning.
+            NamedLock::take(u"Imports"_s, database);
+            NamedLock::take(kind.table(), database);
+            OfficeClosing::requireOpen(database);
+            FreshView::read([&] {
+                if (!codes.areTaken() && !codes.areRecordsChanged())
+                    return;
+                Checked now = check(kind, file, parsed, {}, database);
+                if (!agree(now, agreed) || codes.areTaken())
+                    throw Changed(std::move(now));
+            });
+            codes.forget();
             CTblImportedFiles::note(kind.id(), file.hash, file.name, written, database);
         },
         database);

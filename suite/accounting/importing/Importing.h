@@ -50,8 +50,9 @@ struct TZACCOUNTINGDATA_EXPORT Changed : std::exception
 };
 
 // Writes the rows that are to be written (ImportRow::isWritten) and returns how many. parsed: as for check; agreed: what it said, with the
-// user's choices. The dry run is repeated under the locks. Throws Stopped, Changed, KAccountingError in a closed database,
-// CMySQLException; nothing is kept then.
+// user's choices. Others go on adding and changing such records meanwhile: the dry run is repeated at the beginning, and where they did,
+// once more before the end, while nobody can. Throws Stopped, Changed, KAccountingError in a closed database and while another file of
+// the kind is imported, CMySQLException; nothing is kept then.
 TZACCOUNTINGDATA_EXPORT int write(const ImportKind &kind, const File &file, const QList<ImportRow> &parsed, const Checked &agreed,
                                   const Progress &progress = {}, int database = 0);
 

@@ -158,12 +158,6 @@ QString OpeningImport::table() const
     return u"Documents"_s;
 }
 
-// The books are locked where the document draws its number.
-QStringList OpeningImport::locks() const
-{
-    return {};
-}
-
 std::unique_ptr<ImportRun> OpeningImport::begin(int database) const
 {
     return std::make_unique<OpeningRun>(database);

@@ -17,6 +17,5 @@ public:
     QString form() const override;
     QString table() const override;
     QList<ImportField> fields() const override;
-    QStringList locks() const override;
     std::unique_ptr<ImportRun> begin(int database) const override;
 };

@@ -72,7 +72,6 @@ public:
         : m_record(database)
         , m_fields(fields)
         , m_twins(u"Persons"_s, {{u"sNationalCode"_s, Twins::Sort::Number}, {u"sMobile"_s, Twins::Sort::Telephone}, {u"iCode"_s, Twins::Sort::Number}, {u"sName2"_s, Twins::Sort::Number, u"sFatherName"_s}}, database)
-        , m_nextCode(CTblPersons::nextCode(database))
     {
         for (const Number &number : numbers()) {
             if (number.refused && TwinSettings::binds(*number.refused, database))
@@ -95,7 +94,6 @@ private:
     QList<ImportField> m_fields;
     TwinTable m_twins;
     QSet<QString> m_bound; // columns whose numbers the office takes only once
-    int m_nextCode;
 };
 
 void PersonRun::check(ImportRow &row)
@@ -104,7 +102,6 @@ void PersonRun::check(ImportRow &row)
     checkNumbers(row);
     ImportRecord::requireFits(m_record, m_fields, row);
     findTwin(row);
-    m_nextCode = qMax(m_nextCode, row.values.value(u"iCode"_s).toInt() + 1);
 }
 
 // A whole name is the first name up to the first blank; a company's is its name.
@@ -168,10 +165,8 @@ void PersonRun::write(const ImportRow &row)
     m_record.AddNew();
     ImportRecord::fill(m_record, row);
     m_record.m_bNatural = m_record.isNatural() ? 1 : 0;
-    // A code that another one has gives way.
-    const bool keepsCode = m_record.m_iCode > 0 && !row.twin;
-    if (!keepsCode)
-        m_record.m_iCode = m_nextCode++;
+    if (!keepsCode(row))
+        m_record.m_iCode = drawCode();
     m_record.Update(true);
 }
 
@@ -197,9 +192,9 @@ QString PersonImport::table() const
     return u"Persons"_s;
 }
 
-QStringList PersonImport::locks() const
+qint32 PersonImport::nextCode(int database) const
 {
-    return {table()};
+    return CTblPersons::nextCode(database);
 }
 
 std::unique_ptr<ImportRun> PersonImport::begin(int database) const

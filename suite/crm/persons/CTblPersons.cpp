@@ -3,6 +3,7 @@
 
 #include "suite/crm/persons/CTblPersons.h"
 
+#include "suite/accounting/office/CodeReservation.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/TextStandard.h"
 
@@ -87,7 +88,7 @@ int CTblPersons::nextCode(int database)
 {
     CTblTemp temp(database);
     temp.ExecuteQuery("SELECT MAX(iCode) FROM Persons");
-    return temp.GetLongFieldValue(0) + 1;
+    return CodeReservation::next(u"Persons"_s, temp.GetLongFieldValue(0), database);
 }
 
 QString CTblPersons::displayName(const QString &name, const QString &family)

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/accounting/importing/FreshView.h"
 #include "suite/accounting/importing/ImportMapping.h"
 #include "suite/accounting/importing/Importing.h"
 #include "suite/accounting/office/CTblProperties.h"
@@ -15,6 +17,10 @@
 
 #include <QElapsedTimer>
 #include <QTest>
+#include <QThread>
+
+#include <atomic>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -39,6 +45,31 @@ class TestPersonImport : public QObject
     }
     QString persons() { return m_office.db.value(u"SELECT GROUP_CONCAT(iCode,' ',sName2 ORDER BY iCode SEPARATOR '/') FROM Persons"_s); }
     QString count(const QString &table) { return m_office.db.value(u"SELECT COUNT(*) FROM "_s + table); }
+
+    // As the editor of another desk saves.
+    static void saveAsDesk(CTblPersons &person, qint32 key, const RowEdit::Write &enter)
+    {
+        RowEdit edit(person, key);
+        if (key > 0)
+            edit.remember([] { });
+        edit.save(enter, [] { });
+    }
+    static void addAsDesk(const QString &name, const QString &mobile, int code = 0)
+    {
+        CTblPersons person;
+        person.Open(true, false, true);
+        saveAsDesk(person, 0, [&] {
+            person.m_sName = name;
+            person.m_sMobile = mobile;
+            person.m_iCode = code > 0 ? code : CTblPersons::nextCode();
+        });
+    }
+    static void changeAsDesk(qint32 key, const QString &mobile)
+    {
+        CTblPersons person;
+        QVERIFY(person.IsRecordExist(u"iID"_s, key));
+        saveAsDesk(person, key, [&] { person.m_sMobile = mobile; });
+    }
 
 private Q_SLOTS:
     void initTestCase() { CrmSearch::enter(); }
@@ -270,6 +301,116 @@ private Q_SLOTS:
         QCOMPARE(write(csv, agreed), 3);
     }
 
+    // Another desk adds persons while the rows are being written: nobody waits, and no code is drawn twice.
+    void othersGoOn()
+    {
+        const QString csv = u"کد شخص,نام\n,یک\n20,دو\n,سه\n,چهار"_s;
+        const Importing::Checked agreed = check(csv);
+        QElapsedTimer longest;
+        qint64 waited = 0;
+        int added = 0;
+        QCOMPARE(write(csv, agreed, [&](int done, int total) {
+                     if (done >= total / 2) {
+                         FreshView::read([&] {
+                             longest.start();
+                             addAsDesk(u"میز %1"_s.arg(++added), {});
+                             waited = qMax(waited, longest.elapsed());
+                         });
+                     }
+                     return true;
+                 }),
+                 4);
+        QCOMPARE(added, 4);
+        QVERIFY2(waited < 2000, qPrintable(QString::number(waited)));
+        QCOMPARE(persons(), u"20 دو/21 یک/22 سه/23 چهار/24 میز 1/25 میز 2/26 میز 3/27 میز 4"_s);
+        // And the next one of all draws above them, from nothing that was kept back.
+        QCOMPARE(CTblPersons::nextCode(), 28);
+        QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Properties WHERE sSection='CodesReserved'"_s), u"0"_s);
+    }
+
+    // What another desk saves while the rows are being written makes one of them a twin.
+    void aTwinComesMeanwhile_data()
+    {
+        QTest::addColumn<bool>("isOld");
+        QTest::newRow("a new person") << false;
+        QTest::newRow("a person who was there") << true;
+    }
+    void aTwinComesMeanwhile()
+    {
+        QFETCH(bool, isOld);
+        const int old = Office::addPerson(u"دیگری"_s, {});
+        const QString csv = u"نام,موبایل\nیک,09121234567\nدو,09121234568"_s;
+        const Importing::Checked agreed = check(csv);
+        bool done = false;
+        try {
+            write(csv, agreed, [&](int at, int total) {
+                if (at == total - 1 && !std::exchange(done, true))
+                    FreshView::read([&] { isOld ? changeAsDesk(old, u"09121234567"_s) : addAsDesk(u"تازه"_s, u"09121234567"_s); });
+                return true;
+            });
+            QFAIL("it was written");
+        } catch (const Importing::Changed &changed) {
+            QCOMPARE(changed.now.twins(), 1);
+            QCOMPARE(changed.now.rows.constFirst().twin->text, u"شخص کد %1: همان موبایل"_s.arg(isOld ? 1 : 4));
+        }
+        QCOMPARE(count(u"Persons"_s), isOld ? u"1"_s : u"2"_s);
+        QCOMPARE(count(u"ImportedFiles"_s), u"0"_s);
+    }
+
+    // Codes that were kept for an import that came to nothing are drawn again.
+    void codesOfNothing()
+    {
+        const QString csv = u"نام\nیک\nدو"_s;
+        const Importing::Checked agreed = check(csv);
+        QVERIFY_THROWS_EXCEPTION(Importing::Stopped, write(csv, agreed, [](int done, int total) {
+                                     if (done == total - 1)
+                                         return CTblPersons::nextCode() != 3;
+                                     return true;
+                                 }));
+        QCOMPARE(CTblPersons::nextCode(), 1);
+        // A program that died has given nothing back but its lease.
+        CTblProperties::DBWriteSetting(u"CodesReserved"_s, u"Persons"_s, u"400"_s);
+        QCOMPARE(CTblPersons::nextCode(), 1);
+        QCOMPARE(write(csv, agreed), 2);
+        QCOMPARE(persons(), u"1 یک/2 دو"_s);
+    }
+
+    // A code that another desk types, which was kept for a row.
+    void aKeptCodeIsTyped()
+    {
+        const QString csv = u"نام\nیک\nدو"_s;
+        const Importing::Checked agreed = check(csv);
+        bool done = false;
+        QVERIFY_THROWS_EXCEPTION(Importing::Changed, write(csv, agreed, [&](int at, int total) {
+                                     if (at == total - 1 && !std::exchange(done, true))
+                                         FreshView::read([] { addAsDesk(u"میز"_s, {}, 2); });
+                                     return true;
+                                 }));
+        QCOMPARE(write(csv, agreed), 2);
+        QCOMPARE(persons(), u"2 میز/3 یک/4 دو"_s);
+    }
+
+    void twoFilesAtOnce()
+    {
+        const QString csv = u"نام\nیک"_s;
+        const QString other = u"نام\nدو"_s;
+        const Importing::Checked agreed = check(csv);
+        QString said;
+        QCOMPARE(write(csv, agreed, [&](int, int) {
+                     FreshView::read([&] {
+                         try {
+                             write(other, check(other));
+                         } catch (const KAccountingError &error) {
+                             said = error.userMessage();
+                         }
+                     });
+                     return true;
+                 }),
+                 1);
+        QVERIFY2(said.contains(u"اشخاص"_s), qPrintable(said));
+        QCOMPARE(write(other, check(other)), 1);
+    }
+
     void manyRows()
     {
         const int rows = qMax(300, qEnvironmentVariableIntValue("TZ_IMPORT_ROWS"));
@@ -281,10 +422,27 @@ private Q_SLOTS:
         const Importing::Checked checked = check(csv);
         const qint64 checkedIn = clock.restart();
         QCOMPARE(checked.written(), rows);
-        QCOMPARE(write(csv, checked), rows);
-        qInfo("%d rows: dry run %lld ms, import %lld ms", rows, checkedIn, clock.elapsed());
-        QCOMPARE(count(u"Persons"_s), QString::number(rows));
-        QCOMPARE(m_office.db.value(u"SELECT COUNT(DISTINCT iCode) FROM Persons"_s), QString::number(rows));
+        // Another desk saves one person after the other meanwhile.
+        std::atomic_bool written = false;
+        std::pair<int, qint64> desk; // how many it saved, and the longest that one took
+        std::thread saving([&] {
+            QElapsedTimer one;
+            while (!written) {
+                one.start();
+                addAsDesk(u"میز %1"_s.arg(++desk.first), {});
+                desk.second = qMax(desk.second, one.elapsed());
+                QThread::msleep(20);
+            }
+            KConnection::closeThreadConnections();
+        });
+        const int count = write(csv, checked);
+        written = true;
+        saving.join();
+        QCOMPARE(count, rows);
+        qInfo("%d rows: dry run %lld ms, import %lld ms; another desk saved %d meanwhile, in %lld ms at most", rows, checkedIn, clock.elapsed(), desk.first, desk.second);
+        QVERIFY(desk.first > 0);
+        QCOMPARE(m_office.db.value(u"SELECT COUNT(*) FROM Persons"_s), QString::number(rows + desk.first));
+        QCOMPARE(m_office.db.value(u"SELECT COUNT(DISTINCT iCode) FROM Persons"_s), QString::number(rows + desk.first));
     }
 };
 
