@@ -33,6 +33,7 @@ FLOORS = [
     ["suite/accounting/bin"],
     ["suite/accounting/lists"],
     ["suite/accounting/records"],
+    ["suite/accounting/waiting"],
     ["suite/accounting/importing"],
     ["suite/accounting/recovery"],
     ["suite/accounting/history"],

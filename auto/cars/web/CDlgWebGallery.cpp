@@ -10,11 +10,11 @@
 #include "suite/accounting/changes/RowQuestions.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
-#include "suite/accounting/importing/ImportWaiting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/records/RecordWindows.h"
+#include "suite/accounting/waiting/LongWaiting.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDropDown.h"
 #include "suite/utility/entries/KEdit.h"
@@ -253,7 +253,7 @@ void CDlgWebGallery::write()
     const GalleryHead head{m_kept.title, m_kept.telephone, m_kept.address, m_moneyUnit, m_kept.withPrices};
     GalleryExport::Written written;
     try {
-        ImportWaiting::run(u"صفحه وب نوشته می‌شود."_s, this, [&](const ReportProgress &progress) { written = GalleryExport::write(target, head, progress); });
+        LongWaiting::run(u"صفحه وب نوشته می‌شود."_s, this, [&](const ReportProgress &progress) { written = GalleryExport::write(target, head, progress); });
     } catch (const GalleryExport::Stopped &) {
         refuse(u"نوشتن متوقف شد. خروجی پیشین دست نخورده است."_s, m_folder);
         return;

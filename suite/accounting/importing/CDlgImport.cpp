@@ -12,11 +12,11 @@
 #include "suite/accounting/importing/ImportFilePage.h"
 #include "suite/accounting/importing/ImportSample.h"
 #include "suite/accounting/importing/ImportTexts.h"
-#include "suite/accounting/importing/ImportWaiting.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/accounting/reports/ReportFile.h"
+#include "suite/accounting/waiting/LongWaiting.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -239,7 +239,7 @@ bool CDlgImport::checkRows()
         return refuse(u"زیر عنوان‌ها سطری نیست."_s, m_columns->choice(m_kind.fields().constFirst().key));
     Importing::Checked checked;
     try {
-        ImportWaiting::run(u"فایل بررسی می‌شود."_s, this, [&](const Importing::Progress &progress) { checked = Importing::check(m_kind, m_content, m_parsed, progress); });
+        LongWaiting::run(u"فایل بررسی می‌شود."_s, this, [&](const Importing::Progress &progress) { checked = Importing::check(m_kind, m_content, m_parsed, progress); });
     } catch (const Importing::Stopped &) {
         return false;
     }
@@ -268,7 +268,7 @@ bool CDlgImport::importRows()
     const Importing::Checked agreed = m_check->checked();
     int written = 0;
     try {
-        ImportWaiting::run(u"ردیف‌ها وارد می‌شوند."_s, this,
+        LongWaiting::run(u"ردیف‌ها وارد می‌شوند."_s, this,
                            [&](const Importing::Progress &progress) { written = Importing::write(m_kind, m_content, m_parsed, agreed, progress); });
     } catch (const Importing::Stopped &) {
         return refuse(u"ورود متوقف شد و چیزی وارد نشد."_s, m_check->list());

@@ -4,9 +4,9 @@
 #include "suite/accounting/importing/Importing.h"
 
 #include "suite/accounting/changes/OfficeClosing.h"
-#include "suite/accounting/importing/FreshView.h"
 #include "suite/accounting/importing/ImportCodes.h"
 #include "suite/accounting/office/NamedLock.h"
+#include "suite/accounting/waiting/FreshView.h"
 #include "suite/db/connection/KTransaction.h"
 
 #include <algorithm>

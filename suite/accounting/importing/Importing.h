@@ -6,19 +6,15 @@
 #include "suite/accounting/TzAccountingDataExport.h"
 #include "suite/accounting/importing/CTblImportedFiles.h"
 #include "suite/accounting/importing/ImportKind.h"
+#include "suite/accounting/waiting/LongTask.h"
 
 #include <exception>
 
 // The dry run of a file, and its import: all of it in one unit of work, or nothing. May run on a thread of its own.
 namespace Importing {
 
-// Reports the progress; false stops the work.
-using Progress = std::function<bool(int done, int total)>;
-
-// The work was stopped; nothing was written.
-struct TZACCOUNTINGDATA_EXPORT Stopped : std::exception
-{
-};
+using Progress = LongTask::Progress;
+using Stopped = LongTask::Stopped;
 
 struct TZACCOUNTINGDATA_EXPORT Checked
 {

@@ -3,11 +3,11 @@
 
 #include "suite/accounting/changes/RowEdit.h"
 #include "suite/accounting/frame/KAccountingError.h"
-#include "suite/accounting/importing/FreshView.h"
 #include "suite/accounting/importing/ImportMapping.h"
 #include "suite/accounting/importing/Importing.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/twins/TwinSettings.h"
+#include "suite/accounting/waiting/FreshView.h"
 #include "suite/crm/importing/PersonImport.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/utility/sheets/CsvText.h"

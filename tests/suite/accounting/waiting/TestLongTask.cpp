@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/importing/ImportTask.h"
+#include "suite/accounting/waiting/LongTask.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QSignalSpy>
@@ -10,16 +10,16 @@
 #include <stdexcept>
 
 // A long work on a thread of its own: told, stopped, and what it throws.
-class TestImportTask : public QObject
+class TestLongTask : public QObject
 {
     Q_OBJECT
 
     // Goes on until it is stopped.
-    static void endless(const Importing::Progress &progress)
+    static void endless(const LongTask::Progress &progress)
     {
         for (int step = 0;; ++step) {
             if (!progress(step, 100))
-                throw Importing::Stopped();
+                throw LongTask::Stopped();
             QThread::msleep(1);
         }
     }
@@ -27,10 +27,10 @@ class TestImportTask : public QObject
 private Q_SLOTS:
     void runsElsewhereAndEnds()
     {
-        ImportTask task;
-        QSignalSpy ended(&task, &ImportTask::ended);
+        LongTask task;
+        QSignalSpy ended(&task, &LongTask::ended);
         QThread *where = nullptr;
-        task.start([&](const Importing::Progress &) { where = QThread::currentThread(); });
+        task.start([&](const LongTask::Progress &) { where = QThread::currentThread(); });
         QVERIFY(ended.wait());
         QVERIFY(where && where != QThread::currentThread());
         QVERIFY(!task.error());
@@ -38,21 +38,21 @@ private Q_SLOTS:
 
     void isStoppedAtItsNextStep()
     {
-        ImportTask task;
-        QSignalSpy ended(&task, &ImportTask::ended);
-        QSignalSpy progressed(&task, &ImportTask::progressed);
-        task.start(&TestImportTask::endless);
+        LongTask task;
+        QSignalSpy ended(&task, &LongTask::ended);
+        QSignalSpy progressed(&task, &LongTask::progressed);
+        task.start(&TestLongTask::endless);
         QVERIFY(progressed.wait());
         task.stop();
         QVERIFY(ended.wait());
-        QVERIFY_THROWS_EXCEPTION(Importing::Stopped, std::rethrow_exception(task.error()));
+        QVERIFY_THROWS_EXCEPTION(LongTask::Stopped, std::rethrow_exception(task.error()));
     }
 
     void whatItThrowsComesOver()
     {
-        ImportTask task;
-        QSignalSpy ended(&task, &ImportTask::ended);
-        task.start([](const Importing::Progress &) { throw std::runtime_error("broken"); });
+        LongTask task;
+        QSignalSpy ended(&task, &LongTask::ended);
+        task.start([](const LongTask::Progress &) { throw std::runtime_error("broken"); });
         QVERIFY(ended.wait());
         QVERIFY_THROWS_EXCEPTION(std::runtime_error, std::rethrow_exception(task.error()));
     }
@@ -62,12 +62,12 @@ private Q_SLOTS:
     {
         std::atomic_bool over = false;
         {
-            ImportTask task;
-            QSignalSpy progressed(&task, &ImportTask::progressed);
-            task.start([&](const Importing::Progress &progress) {
+            LongTask task;
+            QSignalSpy progressed(&task, &LongTask::progressed);
+            task.start([&](const LongTask::Progress &progress) {
                 try {
                     endless(progress);
-                } catch (const Importing::Stopped &) {
+                } catch (const LongTask::Stopped &) {
                     over = true;
                     throw;
                 }
@@ -78,5 +78,5 @@ private Q_SLOTS:
     }
 };
 
-static const RegisteredTest<TestImportTask, QCoreApplication> registeredImportTask;
-#include "TestImportTask.moc"
+static const RegisteredTest<TestLongTask, QCoreApplication> registeredLongTask;
+#include "TestLongTask.moc"

@@ -4,7 +4,6 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
-#include "suite/accounting/importing/Importing.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -17,16 +16,22 @@
 
 // One long work on a thread of its own, with a database connection of its own, so that windows go on. Signals arrive in the thread that
 // this object lives in; ended is the last.
-class TZACCOUNTINGDATA_EXPORT ImportTask : public QObject
+class TZACCOUNTINGDATA_EXPORT LongTask : public QObject
 {
     Q_OBJECT
 
 public:
-    using Work = std::function<void(const Importing::Progress &progress)>;
+    // Reports the progress; false stops the work.
+    using Progress = std::function<bool(int done, int total)>;
+    using Work = std::function<void(const Progress &progress)>;
+    // The work was stopped; nothing of it is kept.
+    struct TZACCOUNTINGDATA_EXPORT Stopped : std::exception
+    {
+    };
 
-    explicit ImportTask(QObject *parent = nullptr);
+    explicit LongTask(QObject *parent = nullptr);
     // Stops the work and waits for it.
-    ~ImportTask() override;
+    ~LongTask() override;
 
     // Once.
     void start(const Work &work);

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/importing/ImportTask.h"
+#include "suite/accounting/waiting/LongTask.h"
 
 #include "suite/db/connection/KConnection.h"
 
@@ -13,17 +13,17 @@ constexpr int millisecondsBetween = 40;
 
 }
 
-ImportTask::ImportTask(QObject *parent)
+LongTask::LongTask(QObject *parent)
     : QObject(parent) { }
 
-ImportTask::~ImportTask()
+LongTask::~LongTask()
 {
     stop();
     if (m_thread)
         m_thread->wait();
 }
 
-void ImportTask::start(const Work &work)
+void LongTask::start(const Work &work)
 {
     Q_ASSERT(!m_thread);
     m_thread.reset(QThread::create([this, work] { run(work); }));
@@ -32,7 +32,7 @@ void ImportTask::start(const Work &work)
 }
 
 // On the thread of the work.
-void ImportTask::run(const Work &work)
+void LongTask::run(const Work &work)
 {
     QElapsedTimer last;
     last.start();

@@ -4,14 +4,14 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingExport.h"
-#include "suite/accounting/importing/ImportTask.h"
+#include "suite/accounting/waiting/LongTask.h"
 
 class QWidget;
 
 // Waits for a long work while the windows go on being painted: after a second with its progress and a button to stop it.
-namespace ImportWaiting {
+namespace LongWaiting {
 
 // Throws what the work threw, Stopped among it.
-TZACCOUNTING_EXPORT void run(const QString &text, QWidget *window, const ImportTask::Work &work);
+TZACCOUNTING_EXPORT void run(const QString &text, QWidget *window, const LongTask::Work &work);
 
 }

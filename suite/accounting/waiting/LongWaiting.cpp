@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "suite/accounting/importing/ImportWaiting.h"
+#include "suite/accounting/waiting/LongWaiting.h"
 
 #include "suite/accounting/reports/ReportProgressWindow.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -38,20 +38,20 @@ private:
 
 }
 
-void ImportWaiting::run(const QString &text, QWidget *window, const ImportTask::Work &work)
+void LongWaiting::run(const QString &text, QWidget *window, const LongTask::Work &work)
 {
-    ImportTask task;
+    LongTask task;
     {
         const KWaitCursor wait;
         const Disabled disabled(window);
         ReportProgressWindow progress(text, window);
         const ReportProgress report = progress.callback();
         QEventLoop loop;
-        QObject::connect(&task, &ImportTask::progressed, &loop, [&](int done, int total) {
+        QObject::connect(&task, &LongTask::progressed, &loop, [&](int done, int total) {
             if (!report(done, total))
                 task.stop();
         });
-        QObject::connect(&task, &ImportTask::ended, &loop, &QEventLoop::quit);
+        QObject::connect(&task, &LongTask::ended, &loop, &QEventLoop::quit);
         task.start(work);
         loop.exec();
     }
