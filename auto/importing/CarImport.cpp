@@ -82,7 +82,7 @@ public:
     }
 
     void check(ImportRow &row) override;
-    void write(const ImportRow &row) override;
+    qint32 write(const ImportRow &row) override;
 
 private:
     void checkNumbers(ImportRow &row) const;
@@ -138,7 +138,7 @@ void CarRun::findTwin(ImportRow &row)
     takeTwin(row, u"iCode"_s, u"کد"_s, false);
 }
 
-void CarRun::write(const ImportRow &row)
+qint32 CarRun::write(const ImportRow &row)
 {
     m_record.AddNew();
     ImportRecord::fill(m_record, row);
@@ -148,6 +148,7 @@ void CarRun::write(const ImportRow &row)
         m_record.m_dateCreate = m_now;
     m_record.m_iUserID = GetDBSetting()->GetUserID();
     m_record.Update(true);
+    return m_record.m_iID;
 }
 
 QList<ImportField> placeFields()

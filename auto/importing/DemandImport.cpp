@@ -25,7 +25,7 @@ public:
     DemandRun(int database, const QList<ImportField> &fields);
 
     void check(ImportRow &row) override;
-    void write(const ImportRow &row) override;
+    qint32 write(const ImportRow &row) override;
 
 private:
     void checkRanges(ImportRow &row) const;
@@ -97,7 +97,7 @@ void DemandRun::findTwin(ImportRow &row)
         m_wishes.insert(wish, {0, row.number});
 }
 
-void DemandRun::write(const ImportRow &row)
+qint32 DemandRun::write(const ImportRow &row)
 {
     m_record.AddNew();
     ImportRecord::fill(m_record, row);
@@ -107,6 +107,7 @@ void DemandRun::write(const ImportRow &row)
         m_record.m_dateReference = QDateTime(m_now.date(), QTime(0, 0), Qt::UTC);
     m_record.m_iUserID = GetDBSetting()->GetUserID();
     m_record.Update(true);
+    return m_record.m_iID;
 }
 
 }

@@ -58,10 +58,14 @@
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/changes/CDlgRowConflict.h"
 #include "suite/accounting/changes/RowChanged.h"
+#include "suite/accounting/changes/RowEdit.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/history/CDlgHistory.h"
 #include "suite/accounting/lists/CDlgSavedFilters.h"
+#include "suite/accounting/imported/CDlgImportedFiles.h"
 #include "suite/accounting/importing/CDlgImport.h"
+#include "suite/accounting/importing/ImportMapping.h"
+#include "suite/accounting/importing/Importing.h"
 #include "suite/accounting/lists/CDlgSaveFilter.h"
 #include "suite/accounting/lists/CDlgListColumns.h"
 #include "suite/accounting/lists/KListBar.h"
@@ -80,6 +84,7 @@
 #include "suite/crm/messages/CTblMessageTexts.h"
 #include "suite/crm/persons/CDlgAddCompanyProps.h"
 #include "suite/crm/persons/CDlgPersons.h"
+#include "suite/crm/persons/CTblPersons.h"
 #include "suite/crm/reminders/CDlgDueAlarms.h"
 #include "suite/image/Thumbnails.h"
 #include "suite/accounting/attachments/RecordPictures.h"
@@ -93,6 +98,7 @@
 #include "suite/accounting/invoices/InvoiceSheet.h"
 #include "suite/accounting/papers/CDlgPaper.h"
 #include "suite/accounting/frame/RecordKinds.h"
+#include "suite/crm/importing/PersonImport.h"
 #include "suite/crm/letters/CDlgEarlierLetters.h"
 #include "suite/crm/letters/CDlgLetter.h"
 #include "suite/crm/letters/LetterSheet.h"
@@ -102,6 +108,7 @@
 #include "suite/treasury/receiving/CDlgVoiding.h"
 #include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/utility/lists/KExtListCtrl.h"
+#include "suite/utility/sheets/CsvText.h"
 #include "suite/utility/values/ShamsiDate.h"
 #include "tests/look/LookOffice.h"
 #include "tests/look/Showing.h"
@@ -540,6 +547,31 @@ Show importing(CDlgImport::Step step)
     });
 }
 
+// Two files came in; of the last one somebody has changed a person since.
+Show importedFiles()
+{
+    return modal([] {
+        const PersonImport kind;
+        const auto import = [&kind](const QString &name, const QByteArray &text) {
+            const Sheet sheet = CsvText::read(text);
+            const QList<ImportRow> rows = ImportMapping::rows(sheet, 0, kind.fields(), ImportMapping::matched(kind.fields(), ImportMapping::titlesIn(sheet, 0)));
+            const Importing::File file{name, name};
+            Importing::write(kind, file, rows, Importing::check(kind, file, rows));
+        };
+        import(u"مشتریان تابستان.xlsx"_s, u"نام,نام خانوادگی\nپرویز,نیک‌پور\n"_s.toUtf8());
+        import(u"مشتریان پاییز.xlsx"_s, u"نام,نام خانوادگی\nسیاوش,مهرآذر\nمینا,فرهمند\nکاوه,آهنگری\n"_s.toUtf8());
+        CTblPersons person;
+        person.m_sort = "iID DESC";
+        person.SetLimit(1);
+        person.Open(true, true, true);
+        RowEdit edit(person, person.m_iID);
+        edit.remember([] {});
+        edit.save([&] { person.m_sTel = u"02188776655"_s; });
+        CDlgImportedFiles dialog(kind);
+        dialog.exec();
+    });
+}
+
 void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
 {
     const int document = office.number(u"SELECT MAX(iNum) FROM Documents"_s);
@@ -559,6 +591,7 @@ void addPersonsAndBooks(LookOffice &office, std::vector<Entry> &entries)
     entries.push_back({"import-file", importing(CDlgImport::File)});
     entries.push_back({"import-columns", importing(CDlgImport::Columns)});
     entries.push_back({"import-check", importing(CDlgImport::Check)});
+    entries.push_back({"import-earlier", importedFiles()});
     entries.push_back({"company", window<CDlgAddCompanyProps>()});
     entries.push_back({"office-logo", window<CDlgOfficeLogo>()});
     entries.push_back({"document-new", command(office, documents, u"new"_s)});

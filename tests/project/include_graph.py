@@ -34,6 +34,7 @@ FLOORS = [
     ["suite/accounting/lists"],
     ["suite/accounting/records"],
     ["suite/accounting/waiting"],
+    ["suite/accounting/imported"],
     ["suite/accounting/importing"],
     ["suite/accounting/recovery"],
     ["suite/accounting/history"],

@@ -7,6 +7,7 @@
 #include "suite/accounting/changes/FieldRefused.h"
 #include "suite/accounting/frame/KErrorBoundary.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/imported/CDlgImportedFiles.h"
 #include "suite/accounting/importing/ImportCheckPage.h"
 #include "suite/accounting/importing/ImportColumnsPage.h"
 #include "suite/accounting/importing/ImportFilePage.h"
@@ -85,6 +86,7 @@ CDlgImport::CDlgImport(const QString &kind, QWidget *parent)
     connect(m_back, &QPushButton::clicked, this, guarded([this] { back(); }));
     connect(m_file, &ImportFilePage::fileWanted, this, guarded([this] { chooseFile(); }));
     connect(m_file, &ImportFilePage::sampleWanted, this, guarded([this] { saveSample(); }));
+    connect(m_file, &ImportFilePage::earlierWanted, this, guarded([this] { m_tookBack = CDlgImportedFiles::run(m_kind, this) || m_tookBack; }));
     connect(m_columns, &ImportColumnsPage::keepWanted, this, guarded([this] { keepColumns(); }));
     connect(m_columns, &ImportColumnsPage::dropWanted, this, [this](const CTblImportMappings::Entry &entry) { KErrorBoundary::guarded(this, [&] { dropColumns(entry.name); }); });
     connect(m_check, &ImportCheckPage::twinWanted, this, [this](qint32 key) { KErrorBoundary::guarded(this, [&] { RecordWindows::open(m_kind.table(), key, false, this); }); });
@@ -102,7 +104,7 @@ bool CDlgImport::run(const QString &kind, QWidget *parent)
         return false;
     }
     CDlgImport dialog(kind, parent);
-    return dialog.exec() == Accepted;
+    return dialog.exec() == Accepted || dialog.m_tookBack;
 }
 
 CDlgImport::Step CDlgImport::step() const

@@ -31,7 +31,7 @@ public:
     explicit CDlgImport(const QString &kind, QWidget *parent = nullptr);
     ~CDlgImport() override;
 
-    // Opens the window where the user may add such records and the office is open. Whether anything was imported.
+    // Opens the window where the user may add such records and the office is open. Whether anything was imported or taken back.
     static bool run(const QString &kind, QWidget *parent);
 
     // Reads the file, as choosing it does. False, with a message, when it is none.
@@ -59,6 +59,7 @@ private:
     Importing::File m_content;
     QList<ImportRow> m_parsed;
     QString m_folder;
+    bool m_tookBack = false;
     QStackedWidget *m_steps;
     ImportFilePage *m_file;
     ImportColumnsPage *m_columns;

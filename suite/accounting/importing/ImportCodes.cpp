@@ -23,7 +23,7 @@ bool isThere(const KSql &statement, int database)
 
 }
 
-ImportCodes::ImportCodes(const ImportKind &kind, const Importing::Checked &agreed, int database)
+ImportCodes::ImportCodes(const ImportKind &kind, const QList<ImportRow> &rows, int database)
     : m_table(kind.table())
     , m_database(database)
 {
@@ -32,7 +32,7 @@ ImportCodes::ImportCodes(const ImportKind &kind, const Importing::Checked &agree
     m_reservation.emplace(m_table, u"ورود فایل در فهرست «%1»"_s.arg(kind.title()), database);
     qint64 wanted = 0;
     qint64 highest = 0; // of those that the file brings; the others stand above them
-    for (const ImportRow &row : agreed.rows) {
+    for (const ImportRow &row : rows) {
         highest = qMax(highest, row.values.value(u"iCode"_s).toLongLong());
         wanted += row.isWritten() && !ImportRun::keepsCode(row) ? 1 : 0;
     }

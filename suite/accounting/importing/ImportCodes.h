@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "suite/accounting/importing/Importing.h"
+#include "suite/accounting/importing/ImportKind.h"
 #include "suite/accounting/office/CodeReservation.h"
 
 #include <optional>
@@ -13,7 +13,7 @@ class ImportCodes
 {
 public:
     // A unit of its own. Throws KAccountingError while another file of the kind is imported, CMySQLException.
-    ImportCodes(const ImportKind &kind, const Importing::Checked &agreed, int database);
+    ImportCodes(const ImportKind &kind, const QList<ImportRow> &rows, int database);
 
     qint32 first() const { return m_first; }
     // For somebody who holds the NamedLock of the table, by what is saved right now (FreshView):

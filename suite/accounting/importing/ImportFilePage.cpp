@@ -45,10 +45,12 @@ ImportFilePage::ImportFilePage(const ImportKind &kind, QWidget *parent)
     m_choose = addButton(line, u"انتخاب فایل"_s, u":/icons/attach.svg"_s);
     QPushButton *sample = addButton(line, u"فایل نمونه"_s, u":/icons/save.svg"_s);
     line->addStretch(1);
+    QPushButton *earlier = addButton(line, u"ورودهای پیشین"_s, u":/icons/history.svg"_s);
     m_rows->setAccessibleName(u"سطرهای فایل"_s);
     m_rows->setColumns({{u"سطر"_s, Qt::AlignHCenter, 30}});
     addList(m_rows);
     connect(m_choose, &QPushButton::clicked, this, &ImportFilePage::fileWanted);
+    connect(earlier, &QPushButton::clicked, this, &ImportFilePage::earlierWanted);
     connect(sample, &QPushButton::clicked, this, &ImportFilePage::sampleWanted);
     connect(m_sheet, &QComboBox::currentIndexChanged, this, &ImportFilePage::sheetChosen);
     connect(m_titleRow, &QSpinBox::valueChanged, this, &ImportFilePage::preview);

@@ -30,6 +30,7 @@ public:
 Q_SIGNALS:
     void fileWanted();
     void sampleWanted();
+    void earlierWanted();
 
 private:
     void sheetChosen();

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
+#include "suite/accounting/imported/ImportedKind.h"
 #include "suite/accounting/importing/ImportField.h"
 
 #include <memory>
@@ -20,10 +21,10 @@ public:
     virtual QString fileProblem(const QList<ImportRow> &rows);
     // What the user is asked before such a file is taken; empty: nothing.
     virtual QString question();
-    // Writes a checked row, within the caller's transaction. Throws CMySQLException.
-    virtual void write(const ImportRow &row) = 0;
-    // Behind the last row.
-    virtual void finish() { }
+    // Writes a checked row, within the caller's transaction. Throws CMySQLException. Returns the key of its record; 0: finish() makes it.
+    virtual qint32 write(const ImportRow &row) = 0;
+    // Behind the last row: one record of all of them. Returns its key; 0: there is none.
+    virtual qint32 finish() { return 0; }
 
     // Before the first write: where the codes of the rows begin that bring none of their own.
     void drawCodesFrom(qint32 first) { m_nextCode = first; }
@@ -37,16 +38,12 @@ private:
     qint32 m_nextCode = 0;
 };
 
-// A kind of record that files are imported of.
-class TZACCOUNTINGDATA_EXPORT ImportKind
+// A kind of record that files are imported of. The twins of its rows are records of its table.
+class TZACCOUNTINGDATA_EXPORT ImportKind : public ImportedKind
 {
 public:
-    virtual ~ImportKind();
+    ~ImportKind() override;
 
-    virtual QString id() const = 0;    // plain English; kept with what is remembered of its files
-    virtual QString title() const = 0; // "اشخاص"
-    virtual QString form() const = 0;  // of KSecurity: whose right to add is needed
-    virtual QString table() const = 0; // whose records are the twins
     virtual QList<ImportField> fields() const = 0;
     // The code that the next record gets; 0: they have none. Codes are those of table(), and drawn under its NamedLock.
     virtual qint32 nextCode(int database) const;

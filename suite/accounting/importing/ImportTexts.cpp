@@ -45,6 +45,6 @@ QString ImportTexts::counts(const Importing::Checked &checked)
 
 QString ImportTexts::outcome(int written, qsizetype skipped)
 {
-    const QString text = u"%1 ردیف وارد شد."_s.arg(written);
-    return skipped == 0 ? text : text + u"\n%1 سطر تکراری کنار گذاشته شد."_s.arg(skipped);
+    const QString left = skipped == 0 ? QString() : u"\n%1 سطر تکراری کنار گذاشته شد."_s.arg(skipped);
+    return u"%1 ردیف وارد شد."_s.arg(written) + left + u"\nاگر نادرست بود، «ورود از فایل» را باز کنید و با «ورودهای پیشین» آن را یکجا برگردانید."_s;
 }

@@ -84,13 +84,18 @@ Importing::Checked Importing::check(const ImportKind &kind, const File &file, co
 
 int Importing::write(const ImportKind &kind, const File &file, const QList<ImportRow> &parsed, const Checked &agreed, const Progress &progress, int database)
 {
-    const ImportCodes codes(kind, agreed, database);
+    const ImportCodes codes(kind, agreed.rows, database);
     int written = 0;
     // Each row is looked at once more and then written.
     const int steps = 2 * static_cast<int>(parsed.size());
     KTransaction::runReplayable(
         [&] {
             written = 0;
+            QList<qint32> records;
+            const auto keep = [&](qint32 key) {
+                if (key > 0)
+                    records.append(key);
+            };
             const std::unique_ptr<ImportRun> run = kind.begin(database);
             const QList<ImportRow> rows = requireAgreed(checkedBy(*run, kind.id(), file, parsed, progress, steps, database), agreed);
             run->drawCodesFrom(codes.first());
@@ -98,10 +103,10 @@ int Importing::write(const ImportKind &kind, const File &file, const QList<Impor
                 tell(progress, static_cast<int>(parsed.size()) + written, steps);
                 if (!row.isWritten())
                     continue;
-                run->write(row);
+                keep(run->write(row));
                 ++written;
             }
-            run->finish();
+            keep(run->finish());
             // Others wait for the lock from here on only. What they saved until then this unit has not seen: it reads as of its beginning.
             NamedLock::take(u"Imports"_s, database);
             NamedLock::take(kind.table(), database);
@@ -114,7 +119,7 @@ int Importing::write(const ImportKind &kind, const File &file, const QList<Impor
                     throw Changed(std::move(now));
             });
             codes.forget();
-            CTblImportedFiles::note(kind.id(), file.hash, file.name, written, database);
+            CTblImportedFiles::note(kind.id(), file.hash, file.name, written, records, database);
         },
         database);
     return written;

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "suite/accounting/TzAccountingDataExport.h"
-#include "suite/accounting/importing/CTblImportedFiles.h"
+#include "suite/accounting/imported/CTblImportedFiles.h"
 #include "suite/accounting/importing/ImportKind.h"
 #include "suite/accounting/waiting/LongTask.h"
 

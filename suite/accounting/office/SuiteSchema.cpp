@@ -288,6 +288,14 @@ constexpr const char *accountTotals[] = {
     "ALTER TABLE Documents ADD COLUMN bSummed TINYINT NOT NULL DEFAULT 0, ADD KEY summed (bSummed)",
 };
 
+// Which records a file brought, so that they go back as one; and what became of them.
+constexpr const char *imports[] = {
+    "CREATE TABLE IF NOT EXISTS ImportedRows (iID INT NOT NULL AUTO_INCREMENT, iFileID INT NOT NULL, iRecordID INT NOT NULL"
+    ", UNIQUE KEY fileRecord (iFileID,iRecordID), PRIMARY KEY (iID)) ENGINE=InnoDB CHARSET=utf8",
+    "ALTER TABLE ImportedFiles ADD COLUMN iTakenBack INT DEFAULT 0, ADD COLUMN iReturnUserID INT DEFAULT 0"
+    ", ADD COLUMN dateReturn DATETIME DEFAULT NULL",
+};
+
 constexpr Step steps[] = {
     {1, users},
     {2, sharedRecords},
@@ -306,6 +314,7 @@ constexpr Step steps[] = {
     {15, findings},
     {16, papers},
     {17, accountTotals},
+    {18, imports},
 };
 
 const QString schemaSection = u"Schema"_s;

@@ -3,9 +3,11 @@
 
 #include "suite/crm/importing/OpeningImport.h"
 
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/ManualDocument.h"
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/importing/ImportParsers.h"
 #include "suite/accounting/office/OfficeSettings.h"
 #include "suite/crm/importing/PersonFinder.h"
@@ -32,8 +34,8 @@ public:
     void check(ImportRow &row) override;
     QString fileProblem(const QList<ImportRow> &rows) override;
     QString question() override;
-    void write(const ImportRow &row) override;
-    void finish() override;
+    qint32 write(const ImportRow &row) override;
+    qint32 finish() override;
 
 private:
     void settleAccount(ImportRow &row) const;
@@ -126,14 +128,20 @@ QString OpeningRun::question()
     return u"سال %1 سند افتتاحیه دارد (سند %2). سند افتتاحیه دیگری هم ثبت شود؟"_s.arg(m_settings.fiscalYear()).arg(query.GetLongFieldValue(0));
 }
 
-void OpeningRun::write(const ImportRow &row)
+qint32 OpeningRun::write(const ImportRow &row)
 {
     m_document.rows.append(documentRow(row));
+    return 0;
 }
 
-void OpeningRun::finish()
+qint32 OpeningRun::finish()
 {
+    if (m_document.rows.isEmpty())
+        return 0;
     m_document.save(m_database);
+    CTblDocuments header(m_database);
+    header.IsRecordExist(u"iNum"_s, m_document.num, 0, KSql::formatted(" AND iFiscalYear=%1", m_document.fiscalYear));
+    return header.m_iID;
 }
 
 }
@@ -156,6 +164,20 @@ QString OpeningImport::form() const
 QString OpeningImport::table() const
 {
     return u"Documents"_s;
+}
+
+QString OpeningImport::keptBecause(qint32 key, int database) const
+{
+    CTblDocuments header(database);
+    return header.IsRecordExist(u"iID"_s, key) ? ManualDocument::changeRefusal(header.m_iNum, header.m_iFiscalYear, database) : QString();
+}
+
+void OpeningImport::takeBack(qint32 key, int database) const
+{
+    CTblDocuments header(database);
+    if (!header.IsRecordExist(u"iID"_s, key))
+        throw RowChanged(RowChanged::Kind::Gone, header, key);
+    ManualDocument::remove(header.m_iNum, header.m_iFiscalYear, key, database);
 }
 
 std::unique_ptr<ImportRun> OpeningImport::begin(int database) const

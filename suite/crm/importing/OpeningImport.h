@@ -16,6 +16,8 @@ public:
     QString title() const override;
     QString form() const override;
     QString table() const override;
+    QString keptBecause(qint32 key, int database) const override;
+    void takeBack(qint32 key, int database) const override;
     QList<ImportField> fields() const override;
     std::unique_ptr<ImportRun> begin(int database) const override;
 };

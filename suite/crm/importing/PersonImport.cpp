@@ -81,7 +81,7 @@ public:
     }
 
     void check(ImportRow &row) override;
-    void write(const ImportRow &row) override;
+    qint32 write(const ImportRow &row) override;
 
 private:
     void checkName(ImportRow &row) const;
@@ -160,7 +160,7 @@ void PersonRun::findTwin(ImportRow &row)
     }
 }
 
-void PersonRun::write(const ImportRow &row)
+qint32 PersonRun::write(const ImportRow &row)
 {
     m_record.AddNew();
     ImportRecord::fill(m_record, row);
@@ -168,6 +168,7 @@ void PersonRun::write(const ImportRow &row)
     if (!keepsCode(row))
         m_record.m_iCode = drawCode();
     m_record.Update(true);
+    return m_record.m_iID;
 }
 
 }

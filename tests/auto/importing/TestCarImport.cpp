@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "auto/cars/register/CDlgAutomobilInformations.h"
+#include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/importing/CarImport.h"
 #include "auto/importing/DemandImport.h"
 #include "suite/accounting/frame/KApplication.h"
+#include "suite/accounting/imported/ImportReturn.h"
 #include "suite/accounting/importing/ImportMapping.h"
 #include "suite/accounting/importing/ImportSample.h"
 #include "suite/accounting/importing/Importing.h"
@@ -193,6 +195,29 @@ private Q_SLOTS:
             QCOMPARE(rows.size(), 1);
             QCOMPARE(problems(rows.constFirst()), QString());
         }
+    }
+
+    // A car that a contract or a public page names stays when its file goes back; so does a demand with a reminder.
+    void whatIsUsedStays()
+    {
+        const QString csv = u"نوع خودرو;مدل;شماره شاسی\nپژو;206;NAAM01\nپژو;206;NAAM02\nپژو;206;NAAM03"_s;
+        QCOMPARE(write(m_cars, csv.toUtf8()), 3);
+        const auto car = [&](const QString &chassis) { return value(u"SELECT iID FROM AutomobilInformations WHERE sChassisNum='%1'"_s.arg(chassis)).toInt(); };
+        m_office->database().run(u"INSERT INTO CarContracts(iContractID,iCarID) VALUES(1,%1)"_s.arg(car(u"NAAM01"_s)));
+        m_office->database().run(u"INSERT INTO PublicCars(iCarID) VALUES(%1)"_s.arg(car(u"NAAM02"_s)));
+        const ImportReturn::Plan cars = ImportReturn::plan(m_cars, value(u"SELECT MAX(iID) FROM ImportedFiles"_s).toInt());
+        QCOMPARE(cars.staying.size(), 2);
+        QVERIFY2(cars.staying.constFirst().why.contains(u"قرارداد"_s), qPrintable(cars.staying.constFirst().why));
+        QCOMPARE(cars.going, QList<qint32>{car(u"NAAM03"_s)});
+        QCOMPARE(ImportReturn::run(m_cars, cars), 1);
+
+        QCOMPARE(write(m_demands, u"متقاضی,خودرو درخواستی\n7,پژو\nمریم کریمی,پژو"_s.toUtf8()), 2);
+        const int demand = value(u"SELECT MIN(iID) FROM AutomobilDemands"_s).toInt();
+        m_office->database().run(u"INSERT INTO Alarms(iTable,iRecordID) VALUES(%1,%2)"_s.arg(CTblAutomobilDemands::recordKind).arg(demand));
+        const ImportReturn::Plan demands = ImportReturn::plan(m_demands, value(u"SELECT MAX(iID) FROM ImportedFiles"_s).toInt());
+        QCOMPARE(demands.staying.size(), 1);
+        QCOMPARE(ImportReturn::run(m_demands, demands), 1);
+        QCOMPARE(value(u"SELECT COUNT(*) FROM AutomobilDemands"_s), u"1"_s);
     }
 
     void demands()

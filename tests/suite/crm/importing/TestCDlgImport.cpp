@@ -24,6 +24,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString wayBack = u"\nاگر نادرست بود، «ورود از فایل» را باز کنید و با «ورودهای پیشین» آن را یکجا برگردانید."_s;
+
+}
+
 // The window of an import, from the file to what was written.
 class TestCDlgImport : public QObject
 {
@@ -86,7 +92,7 @@ private Q_SLOTS:
         QCOMPARE(window.step(), CDlgImport::Check);
         QCOMPARE(lines(window), (QStringList{u"4 وارد می‌شود"_s, u"5 وارد می‌شود"_s}));
         QVERIFY(window.OnOK());
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"2 ردیف وارد شد."_s});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"2 ردیف وارد شد."_s + wayBack});
         QCOMPARE(persons(), u"علی رضایی/زهرا احمدی"_s);
     }
 
@@ -121,7 +127,7 @@ private Q_SLOTS:
         QTest::keyClick(window.checkPage()->list(), Qt::Key_Space);
         QCOMPARE(lines(window), (QStringList{u"2 تکراری، کنار می‌ماند"_s, u"3 تکراری، وارد می‌شود"_s}));
         QVERIFY(window.OnOK());
-        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"2 ردیف وارد شد.\n1 سطر تکراری کنار گذاشته شد."_s});
+        QCOMPARE(g_pDlgMessage->takeShown(), QStringList{u"2 ردیف وارد شد.\n1 سطر تکراری کنار گذاشته شد."_s + wayBack});
         QCOMPARE(persons(), u"علی/دو/سه"_s);
     }
 
