@@ -40,10 +40,7 @@ QList<QStringList> CTblAutomobilDemands::fieldGroups()
 
 qint32 CTblAutomobilDemands::nextCode(int database)
 {
-    CTblTemp statement(database);
-    statement.Open(false, false, true);
-    statement.ExecuteQuery("SELECT MAX(iCode) FROM AutomobilDemands", true, true);
-    return CodeReservation::next(u"AutomobilDemands"_s, statement.GetLongFieldValue(0), database);
+    return CodeReservation::next(u"AutomobilDemands"_s, database);
 }
 
 void CTblAutomobilDemands::archive(qint32 code, qint32 userID, int database)

@@ -49,10 +49,7 @@ QList<QStringList> CTblAutomobilInformations::fieldGroups()
 
 qint32 CTblAutomobilInformations::nextCode(int database)
 {
-    CTblTemp statement(database);
-    statement.Open(false, false, true);
-    statement.ExecuteQuery("SELECT MAX(iCode) FROM AutomobilInformations", true, true);
-    return CodeReservation::next(u"AutomobilInformations"_s, statement.GetLongFieldValue(0), database);
+    return CodeReservation::next(u"AutomobilInformations"_s, database);
 }
 
 void CTblAutomobilInformations::archive(qint32 code, qint32 userID, int database)

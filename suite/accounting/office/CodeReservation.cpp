@@ -59,8 +59,14 @@ void CodeReservation::forget() const
     statement.ExecuteQuery(KSql::formatted("DELETE FROM Properties WHERE sSection=%1 AND sKey=%2", KSql::quoted(reservedSection), KSql::quoted(m_table)));
 }
 
-qint32 CodeReservation::next(const QString &table, qint32 highest, int database)
+// One statement, as whoever opens a window for a new row waits for it.
+qint32 CodeReservation::next(const QString &table, int database)
 {
-    const int reserved = CTblProperties::DBReadSettingInt(reservedSection, table, 0, database);
+    CTblTemp statement(database);
+    statement.Open(true, false, true);
+    statement.ExecuteQuery(KSql::formatted("SELECT MAX(iCode) FROM %1 UNION ALL SELECT sValue FROM Properties WHERE sSection=%2 AND sKey=%3", KSql::name(table),
+                                           KSql::quoted(reservedSection), KSql::quoted(table)));
+    const qint32 highest = statement.GetLongFieldValue(0);
+    const qint32 reserved = statement.MoveNextResult() ? statement.GetLongFieldValue(0) : 0;
     return (reserved > highest && KLease::isAlive(leaseName(table), database) ? reserved : highest) + 1;
 }

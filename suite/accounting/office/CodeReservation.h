@@ -27,9 +27,9 @@ public:
     // Within the unit that wrote the rows with the codes, or in one that gives them up.
     void forget() const;
 
-    // The code that is drawn next where highest is the highest that a row has. To be asked where highest was read, in a unit that holds the
-    // table's NamedLock; elsewhere it is a proposal.
-    static qint32 next(const QString &table, qint32 highest, int database = 0);
+    // The code that is drawn next: above the highest that a row of the table has. In a unit that holds the table's NamedLock; elsewhere it is a
+    // proposal.
+    static qint32 next(const QString &table, int database = 0);
 
 private:
     QString m_table;

@@ -86,9 +86,7 @@ void CTblPersons::standardize()
 
 int CTblPersons::nextCode(int database)
 {
-    CTblTemp temp(database);
-    temp.ExecuteQuery("SELECT MAX(iCode) FROM Persons");
-    return CodeReservation::next(u"Persons"_s, temp.GetLongFieldValue(0), database);
+    return CodeReservation::next(u"Persons"_s, database);
 }
 
 QString CTblPersons::displayName(const QString &name, const QString &family)
