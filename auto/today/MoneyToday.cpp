@@ -55,13 +55,16 @@ TodayContent MoneyToday::instalments(const TodayFrame &frame)
     // Of the current department, which is the first.
     const KSql counted = "ap.iDepartmentID=COALESCE((SELECT MIN(iID) FROM Departments),ap.iDepartmentID) AND ap.iStatus=0 AND ac.iStatus=0 AND ac.iArchiveUserID=0 AND " + due + " AND " + Placeholders::none(u"AutomobilContracts"_s, u"ac.iID"_s);
     CTblTemp query(frame.database);
+    // All that is due is counted, but only of what stands on the card is read what it says.
+    const KSql shown = "SELECT ap.iID,COUNT(*) OVER() found FROM AutomobilPayments ap JOIN AutomobilContracts ac ON ac.iID=ap.iAutomobilContractID WHERE " + counted
+        + KSql::formatted(" ORDER BY ap.date,ap.iID LIMIT %1", int(TodayContent::mostLines));
     query.ExecuteQuery(KSql::formatted(
                            "SELECT ap.iID,ap.date,ap.dAmount-COALESCE((SELECT SUM(IF(r.iKind=%1,-r.dAmount,r.dAmount)) FROM Receipts r WHERE r.iTable=%2"
                            " AND r.iRecordID=ac.iID AND r.iPaymentID=ap.iID AND r.iStatus=%3),0),COALESCE(NULLIF(p.sName2,''),ac.sName2),ap.iNum,"
-                           "IF(ac.iNum<>0,ac.iNum,ac.iCode),COUNT(*) OVER() FROM AutomobilPayments ap JOIN AutomobilContracts ac ON "
-                           "ac.iID=ap.iAutomobilContractID LEFT JOIN Persons p ON p.iID=ap.iPersonID WHERE ",
+                           "IF(ac.iNum<>0,ac.iNum,ac.iCode),shown.found FROM (",
                            int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(CTblReceipts::valid))
-                       + counted + KSql::formatted(" ORDER BY ap.date,ap.iID LIMIT %1", int(TodayContent::mostLines)));
+                       + shown + ") shown JOIN AutomobilPayments ap ON ap.iID=shown.iID JOIN AutomobilContracts ac ON ac.iID=ap.iAutomobilContractID"
+                                 " LEFT JOIN Persons p ON p.iID=ap.iPersonID ORDER BY ap.date,ap.iID");
     for (; query.HasResultRow(); query.MoveNextResult()) {
         const int days = static_cast<int>(frame.today.daysTo(query.GetDateFieldValue(1).date()));
         content.count = query.GetLongFieldValue(6);

@@ -17,7 +17,8 @@ QStringList storedTexts(const char *table, const char *column)
     CTblTemp statement;
     const KSql name = KSql::name(QLatin1String(column));
     statement.Open(false, false, true);
-    statement.ExecuteQuery(KSql::formatted("SELECT DISTINCT %1 FROM %2 WHERE %1<>'' ORDER BY %3 LIMIT %4", name,
+    // What differs is found first, by a key where there is one; ordering the rows would read each of them.
+    statement.ExecuteQuery(KSql::formatted("SELECT %1 FROM (SELECT DISTINCT %1 FROM %2 WHERE %1>'') texts ORDER BY %3 LIMIT %4", name,
                                            KSql::name(QLatin1String(table)), KSql::alphabetical(name), most));
     QStringList texts;
     for (bool found = statement.HasResultRow(); found; found = statement.MoveNextResult())

@@ -6,6 +6,7 @@
 #include "host/desk/MainWindow.h"
 #include "tests/support/TestDatabase.h"
 
+#include <QScopedValueRollback>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -23,9 +24,15 @@ public:
 
     MainWindow &window() const { return *m_window; }
     DataFolder folder() const { return DataFolder(m_folder.path()); }
-    // The first number that the query finds; 0 without a row.
-    QString text(const QString &query) { return m_database.value(query); }
-    int number(const QString &query) { return m_database.value(query).toInt(); }
+    // What the query finds first, for whoever opens a window; empty, or 0, without a row.
+    QString text(const QString &query)
+    {
+        const QScopedValueRollback asking(m_isAsking, true);
+        return m_database.value(query);
+    }
+    int number(const QString &query) { return text(query).toInt(); }
+    // Whether the statement of this moment is one of those, and none of the program's.
+    bool isAsking() const { return m_isAsking; }
 
     // The entry of a menu; null when there is none.
     QAction *entry(const QString &text) const;
@@ -41,6 +48,7 @@ private:
     void fillCheques();
 
     TestDatabase m_database;
+    bool m_isAsking = false;
     QTemporaryDir m_folder;
     std::unique_ptr<MainWindow> m_window;
 };

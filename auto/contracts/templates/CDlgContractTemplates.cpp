@@ -97,8 +97,10 @@ int newestCode(int contractType)
 {
     CTblTemp query;
     query.Open(true, false, true);
-    query.FormatAndExecuteQuery("SELECT MAX(iCode) FROM AutomobilContracts WHERE iContractType=%d AND iID NOT IN (SELECT iRecordID FROM Placeholders WHERE sTable='AutomobilContracts')", contractType);
-    return query.GetLongFieldValue(0);
+    query.FormatAndExecuteQuery("SELECT iCode FROM AutomobilContracts WHERE iContractType=%d AND iID NOT IN (SELECT iRecordID FROM Placeholders WHERE sTable='AutomobilContracts')"
+                                " ORDER BY iCode DESC LIMIT 1",
+                                contractType);
+    return query.HasResultRow() ? query.GetLongFieldValue(0) : 0;
 }
 
 }

@@ -43,10 +43,11 @@ TodayContent cheques(const TodayFrame &frame)
     content.listTable = u"Cheques"_s;
     content.request = {.condition = dueCheques(frame), .conditionText = u"سررسید تا %1 روز دیگر"_s.arg(daysAhead)};
     CTblTemp query(frame.database);
-    query.ExecuteQuery(KSql::formatted("SELECT Cheques.iID,Cheques.iKind,sBank,sNumber,dAmount,dateDue,IF(sDrawer<>'' AND Cheques.iKind=%1,sDrawer,p.sName2),COUNT(*) OVER() "
-                                       "FROM Cheques LEFT JOIN Persons p ON p.iID=Cheques.iPersonID WHERE ",
+    // All that are due are counted, but only of those on the card the drawer is looked up.
+    query.ExecuteQuery(KSql::formatted("SELECT c.iID,c.iKind,c.sBank,c.sNumber,c.dAmount,c.dateDue,IF(c.sDrawer<>'' AND c.iKind=%1,c.sDrawer,p.sName2),c.found FROM ("
+                                       "SELECT iID,iKind,sBank,sNumber,dAmount,dateDue,sDrawer,iPersonID,COUNT(*) OVER() found FROM Cheques WHERE ",
                                        int(CTblReceipts::received))
-                       + dueCheques(frame) + KSql::formatted(" ORDER BY dateDue,Cheques.iID LIMIT %1", int(TodayContent::mostLines)));
+                       + dueCheques(frame) + KSql::formatted(" ORDER BY dateDue,iID LIMIT %1) c LEFT JOIN Persons p ON p.iID=c.iPersonID ORDER BY c.dateDue,c.iID", int(TodayContent::mostLines)));
     for (; query.HasResultRow(); query.MoveNextResult()) {
         const int days = static_cast<int>(frame.today.daysTo(query.GetDateFieldValue(5).date()));
         content.count = query.GetLongFieldValue(7);
