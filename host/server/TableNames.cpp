@@ -30,6 +30,8 @@ QString TableNames::shown(const QString &table)
         {u"HesabTafsily"_s, u"حساب‌های تفصیلی"_s},
         {u"Documents"_s, u"اسناد حسابداری"_s},
         {u"Docs"_s, u"ردیف‌های اسناد حسابداری"_s},
+        {u"AccountTotals"_s, u"جمع‌های حساب‌ها"_s},
+        {u"AccountTotalChanges"_s, u"تغییر جمع‌های حساب‌ها"_s},
         {u"Receipts"_s, u"دریافت‌ها و پرداخت‌ها"_s},
         {u"Cheques"_s, u"چک‌ها"_s},
         {u"ChequeChanges"_s, u"گردش چک‌ها"_s},

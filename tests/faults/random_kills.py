@@ -36,7 +36,7 @@ class Work:
         while True:
             self._count += 1
             living = sorted(self._known.texts)
-            work = random.choice((self._add, self._edit, self._edit, self._delete, self._receive)) if living else self._add
+            work = random.choice((self._add, self._edit, self._edit, self._delete, self._receive, self._sum_up)) if living else self._add
             work(desk, random.choice(living) if living else None)
             self.done += 1
 
@@ -67,6 +67,9 @@ class Work:
         text = f"receipt {self._count}"
         desk.do("receive", self._persons[0], self._office.random.randint(1, 1000), text)
         self._known.receipts.add(text)
+
+    def _sum_up(self, desk, _):
+        desk.do("sum", "up")
 
 
 def stands(office, known, after):

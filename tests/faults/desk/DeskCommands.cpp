@@ -19,6 +19,7 @@
 #include "suite/treasury/receiving/ReceiptPosting.h"
 #include "suite/accounting/bin/BinRestoring.h"
 #include "suite/accounting/books/chart/Accounts.h"
+#include "suite/accounting/books/totals/TotalsFolding.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
@@ -340,6 +341,12 @@ Then report(Desk &desk, const Words &)
     return Then::AnswerDone;
 }
 
+Then summedUp(Desk &, const Words &)
+{
+    TotalsFolding::fold();
+    return Then::AnswerDone;
+}
+
 // --- Questions ---
 
 Then asking(Desk &desk, const Words &words)
@@ -396,6 +403,7 @@ QHash<QString, Desk::Command> DeskCommands::all()
         {u"back"_s, DeskMoney::takeBack},
         {u"bin"_s, DeskBin::takeBack},
         {u"report"_s, report},
+        {u"sum"_s, summedUp},
         {u"asking"_s, asking},
         {u"notices"_s, notices},
         {u"answer"_s, answer},

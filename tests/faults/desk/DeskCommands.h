@@ -28,6 +28,7 @@
 //   instalments CONTRACT PERSON       opens the window of the plan
 //   bin TABLE KEY                     as DeskBin.h says
 //   report                            value: total income in credit, by the comprehensive report
+//   sum up                            new documents are taken into the sums of their accounts
 //   add, merge, hold, let go          as DeskContention.h says
 //   window                            the modal window on top
 //   asking on|off, answer yes|no      questions wait for the test
