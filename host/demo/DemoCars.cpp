@@ -86,7 +86,7 @@ DemoCars::DemoCars(const Office &office, const DemoCatalog &catalog, const QList
 
 void DemoCars::write(int count)
 {
-    RecordBulkInsert rows(m_car);
+    RecordBulkInsert rows(m_car, RecordBulkInsert::IntoEmptyTable);
     const qint64 days = m_office.firstDay.daysTo(m_office.lastDay);
     for (int code = 1; code <= count; ++code) {
         makeCar(code, m_office.firstDay.addDays(days * code / count));

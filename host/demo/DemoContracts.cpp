@@ -49,9 +49,9 @@ DemoContracts::DemoContracts(const Office &office, const QList<DemoPersons::Pers
     , m_contract(database)
     , m_document(database)
     , m_row(database)
-    , m_contracts(m_contract)
-    , m_documents(m_document)
-    , m_rows(m_row)
+    , m_contracts(m_contract, RecordBulkInsert::IntoEmptyTable)
+    , m_documents(m_document, RecordBulkInsert::IntoEmptyTable)
+    , m_rows(m_row, RecordBulkInsert::IntoEmptyTable)
 {
 }
 

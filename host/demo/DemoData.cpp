@@ -5,6 +5,7 @@
 
 #include "auto/contracts/receipts/ContractReceiptOwner.h"
 #include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KLongWork.h"
 #include "suite/db/connection/KTransaction.h"
 #include "host/demo/DemoCarContracts.h"
 #include "host/demo/DemoCars.h"
@@ -133,6 +134,7 @@ void fill(int contracts, const QDate &today, int database)
 {
     // The office has been closed since yesterday evening, and its next day begins.
     const QDate yesterday = today.addDays(-1);
+    const KLongWork work;
     KTransaction transaction(database);
     requireEmpty(database);
     DemoRandom random(static_cast<unsigned int>(contracts));

@@ -46,12 +46,7 @@ int DemoDemands::oneOf(const QList<DemoCatalog::Item> &items)
 void DemoDemands::write(int count, int database)
 {
     CTblAutomobilDemands demand(database);
-    QStringList columns;
-    for (const KMySQL::Column &column : demand.columns()) {
-        if (column.name != u"iID"_s)
-            columns.append(column.name);
-    }
-    RecordBulkInsert demands(demand, columns);
+    RecordBulkInsert demands(demand, RecordBulkInsert::IntoEmptyTable);
     const QDate firstDay = addShamsiMonths(m_lastDay, -months);
     const qint64 days = firstDay.daysTo(m_lastDay);
     for (int code = 1; code <= count; ++code) {

@@ -99,7 +99,7 @@ QList<Person> write(int count, DemoRandom &random, int database)
     QStringList columns;
     for (const KMySQL::Column &column : record.columns())
         columns.append(column.name);
-    RecordBulkInsert rows(record, columns);
+    RecordBulkInsert rows(record, columns, RecordBulkInsert::IntoEmptyTable);
     QList<Person> persons;
     persons.reserve(count);
     for (int id = 1; id <= count; ++id) {

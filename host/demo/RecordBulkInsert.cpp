@@ -9,12 +9,13 @@ namespace {
 
 // Big enough that the round trip costs little, far below what a server accepts as one statement.
 constexpr qsizetype statementBytes = qsizetype{512} * 1024;
+const QString keyColumn = u"iID"_s;
 
 QStringList allColumns(KMySQL &record)
 {
     QStringList names;
     for (const KMySQL::Column &column : record.columns()) {
-        if (column.name != "iID"_L1)
+        if (column.name != keyColumn)
             names.append(column.name);
     }
     return names;
@@ -35,6 +36,22 @@ RecordBulkInsert::RecordBulkInsert(KMySQL &record)
 {
 }
 
+RecordBulkInsert::RecordBulkInsert(KMySQL &record, const QStringList &columns, EmptyTable)
+    : RecordBulkInsert(record, columns)
+{
+    QStringList written = columns;
+    if (!written.contains(keyColumn)) {
+        written.prepend(keyColumn);
+        m_key = 0;
+    }
+    m_sorted = std::make_unique<KSortedInsert>(record.GetTableName(), written, record.database());
+}
+
+RecordBulkInsert::RecordBulkInsert(KMySQL &record, EmptyTable empty)
+    : RecordBulkInsert(record, allColumns(record), empty)
+{
+}
+
 RecordBulkInsert::~RecordBulkInsert() = default;
 
 QByteArray RecordBulkInsert::literal(const KMySQL::Column &column) const
@@ -48,17 +65,29 @@ QByteArray RecordBulkInsert::literal(const KMySQL::Column &column) const
 void RecordBulkInsert::add()
 {
     m_rows += m_rows.isEmpty() ? "(" : ",(";
+    if (m_key >= 0)
+        m_rows += QByteArray::number(++m_key) + ',';
     for (const KMySQL::Column *column : m_columns)
         m_rows += literal(*column) + ',';
     m_rows.back() = ')';
     if (m_rows.size() > statementBytes)
-        flush();
+        send();
+}
+
+void RecordBulkInsert::send()
+{
+    if (m_rows.isEmpty())
+        return;
+    if (m_sorted)
+        m_sorted->put(m_rows);
+    else
+        KConnection::forThread(m_record.database()).run(m_start + m_rows);
+    m_rows.clear();
 }
 
 void RecordBulkInsert::flush()
 {
-    if (m_rows.isEmpty())
-        return;
-    KConnection::forThread(m_record.database()).run(m_start + m_rows);
-    m_rows.clear();
+    send();
+    if (m_sorted)
+        m_sorted->finish();
 }

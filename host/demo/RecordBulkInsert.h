@@ -3,16 +3,26 @@
 
 #pragma once
 
+#include "suite/db/connection/KSortedInsert.h"
 #include "suite/db/records/KMySQL.h"
 
 #include <QByteArray>
 #include <QStringList>
+
+#include <memory>
 
 // Writes many rows of one table with statements of many rows each. The record's members are the row: fill them, add(), fill
 // them again. Belongs inside a transaction.
 class RecordBulkInsert
 {
 public:
+    // Fills a table that is empty, of whatever size, and begins its keys with 1 where the columns have none. The rows are in the table once
+    // they are flushed.
+    enum EmptyTable {
+        IntoEmptyTable
+    };
+    RecordBulkInsert(KMySQL &record, EmptyTable empty);
+    RecordBulkInsert(KMySQL &record, const QStringList &columns, EmptyTable empty);
     // Every column but the key is written.
     explicit RecordBulkInsert(KMySQL &record);
     // Only these columns are written; the others get the table's default.
@@ -28,9 +38,12 @@ public:
 
 private:
     QByteArray literal(const KMySQL::Column &column) const;
+    void send();
 
     KMySQL &m_record;
     std::vector<const KMySQL::Column *> m_columns;
     QByteArray m_start;
     QByteArray m_rows;
+    std::unique_ptr<KSortedInsert> m_sorted;
+    int m_key = -1; // of the last row, where it is given here
 };

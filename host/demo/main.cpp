@@ -6,7 +6,7 @@
 #include "host/demo/DemoData.h"
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/search/OfficeSearch.h"
-#include "suite/accounting/search/SearchIndex.h"
+#include "suite/accounting/search/SearchFilling.h"
 #include "suite/crm/subjects/CrmSearch.h"
 #include "suite/treasury/subjects/TreasurySearch.h"
 
@@ -29,7 +29,7 @@ void makeSearchable()
     CrmSearch::enter();
     TreasurySearch::enter();
     AutoSearch::enter();
-    SearchIndex::build(true);
+    SearchFilling::fill();
 }
 
 }

@@ -3,7 +3,7 @@
 
 #include "suite/accounting/search/SearchIndex.h"
 
-#include "suite/accounting/office/CTblProperties.h"
+#include "suite/accounting/search/SearchProgress.h"
 #include "suite/accounting/search/SearchText.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KRowFollowers.h"
@@ -19,15 +19,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Stored with the mark: keys made by other rules are made anew.
-constexpr int rulesVersion = 1;
 constexpr int recordsPerStep = 300;
 constexpr int rowsPerStatement = 500;
 constexpr int wholePart = 1000;
 
 const QString followerOfNames = u"search/names"_s;
-const QString section = u"Search"_s;
-const QString builtKey = u"Built"_s;
 
 using Keys = QSet<QString>;
 
@@ -54,26 +50,13 @@ bool hasTable(int database)
     return !KTableSchema::of(u"SearchKeys"_s, database).isEmpty();
 }
 
-Keys keysOf(const SearchKind &kind, const SearchRow &row)
-{
-    Keys keys;
-    for (const QString &key : kind.keys(row))
-        keys.insert(key);
-    for (const qsizetype column : kind.persons) {
-        if (const int person = row.value(column).toInt(); person > 0)
-            keys.insert(SearchText::ofReference(person));
-    }
-    keys.remove(QString());
-    return keys;
-}
-
 // As they are to be. The rows are locked for others' changes: what is read must still hold when the keys are written.
 QHash<qint32, Keys> wantedKeys(const SearchKind &kind, const QList<qint32> &records, int database)
 {
     QHash<qint32, Keys> wanted;
     const KSql condition = KSql::formatted("t.iID IN (%1) LOCK IN SHARE MODE", KSql::list(records));
     for (const SearchRow &row : SearchKinds::read(kind.keyColumns, condition, database))
-        wanted.insert(row.constFirst().toInt(), keysOf(kind, row));
+        wanted.insert(row.constFirst().toInt(), SearchKinds::keysOf(kind, row));
     return wanted;
 }
 
@@ -161,28 +144,6 @@ void nameChanged(qint32 person, int database)
     }
 }
 
-// How far a run came: the kinds before are done, and of this one the records up to that key.
-struct Progress
-{
-    int version = 0;
-    int kind = 0;
-    qint32 record = 0;
-    bool complete = false;
-
-    static Progress read(int database)
-    {
-        const QStringList parts = CTblProperties::DBReadSetting(section, builtKey, QString(), database).split(u'/');
-        if (parts.size() != 3 || parts.at(0).toInt() != rulesVersion)
-            return {};
-        return {rulesVersion, parts.at(1).toInt(), parts.at(2).toInt(), parts.at(1) == "all"_L1};
-    }
-    void store(int database) const
-    {
-        const QString where = complete ? u"all/0"_s : u"%1/%2"_s.arg(kind).arg(record);
-        CTblProperties::DBWriteSetting(section, builtKey, u"%1/%2"_s.arg(rulesVersion).arg(where), database);
-    }
-};
-
 qint32 highestKey(const QString &table, int database)
 {
     CTblTemp query(database);
@@ -192,9 +153,9 @@ qint32 highestKey(const QString &table, int database)
 }
 
 // One step of a run; false where the kind has no more records.
-bool buildStep(const SearchKind &kind, Progress &progress, int database)
+bool buildStep(const SearchKind &kind, SearchProgress &progress, int database)
 {
-    Progress next = progress;
+    SearchProgress next = progress;
     bool more = false;
     KTransaction::runReplayable(
         [&] {
@@ -266,7 +227,7 @@ QList<qint32> SearchIndex::recordsWith(int number, const QString &key, int datab
 
 bool SearchIndex::build(bool anew, const Wanted &wanted, int database)
 {
-    Progress progress = anew ? Progress{} : Progress::read(database);
+    SearchProgress progress = anew ? SearchProgress{} : SearchProgress::read(database);
     if (progress.complete)
         return true;
     if (anew)
@@ -277,7 +238,7 @@ bool SearchIndex::build(bool anew, const Wanted &wanted, int database)
         if (kind.number < progress.kind)
             continue;
         if (kind.number > progress.kind)
-            progress = {rulesVersion, kind.number, 0, false};
+            progress = {SearchProgress::rulesVersion, kind.number, 0, false};
         const qint32 highest = highestKey(kind.table, database);
         while (buildStep(kind, progress, database)) {
             if (wanted && !wanted(partDone(done, kinds.size(), progress.record, highest)))
@@ -291,5 +252,5 @@ bool SearchIndex::build(bool anew, const Wanted &wanted, int database)
 
 bool SearchIndex::isBuilt(int database)
 {
-    return Progress::read(database).complete;
+    return SearchProgress::read(database).complete;
 }

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/search/SearchKinds.h"
 
+#include "suite/accounting/search/SearchText.h"
 #include "suite/db/records/CTblTemp.h"
 
 #include <map>
@@ -47,6 +48,19 @@ SearchKind SearchKinds::of(int number)
     const std::lock_guard lock(kindsGuard);
     const auto found = kinds().find(number);
     return found == kinds().end() ? SearchKind() : found->second;
+}
+
+QSet<QString> SearchKinds::keysOf(const SearchKind &kind, const SearchRow &row)
+{
+    QSet<QString> keys;
+    for (const QString &key : kind.keys(row))
+        keys.insert(key);
+    for (const qsizetype column : kind.persons) {
+        if (const int person = row.value(column).toInt(); person > 0)
+            keys.insert(SearchText::ofReference(person));
+    }
+    keys.remove(QString());
+    return keys;
 }
 
 QList<SearchRow> SearchKinds::read(const SearchColumns &columns, const KSql &condition, int database)

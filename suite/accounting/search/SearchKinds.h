@@ -7,6 +7,7 @@
 #include "suite/sql/KSql.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -78,6 +79,8 @@ public:
     static QList<SearchKind> all();
     // One of number 0 where nobody has entered it.
     static SearchKind of(int number);
+    // What a row of the kind's keyColumns is found by, with the persons whom it names.
+    static QSet<QString> keysOf(const SearchKind &kind, const SearchRow &row);
     // The rows that the condition names, with t for the kind's table. Throws CMySQLException.
     static QList<SearchRow> read(const SearchColumns &columns, const KSql &condition, int database = 0);
 };
