@@ -60,7 +60,7 @@ void requirePostedInterest(const CTblAutomobilContracts &contract)
                            "این برنامه حذف نمی‌شود."_s.arg(QString::number(contract.m_iFiscalYear), QString::number(GetDBSetting()->FiscalYear())));
 }
 
-ContractForDocument forDocument(const CTblAutomobilContracts &contract)
+ContractForDocument withoutSale(const CTblAutomobilContracts &contract)
 {
     ContractForDocument document;
     document.commission = contract.m_dCommission;
@@ -70,17 +70,35 @@ ContractForDocument forDocument(const CTblAutomobilContracts &contract)
     document.second = {contract.m_iPersonSecondID, contract.m_sName2, partyKind(contract.m_iPersonContract2),
                        contract.m_dDiscountSecond, contract.m_dPercentTax2, contract.m_dTax2,
                        contract.m_dPercentImposition2, contract.m_dImposition2};
-    if (contract.m_iStatus == 0 && ContractPosting::postsSale(contract))
-        document.sale = {contract.m_dAmount, planInterest(contract)};
     return document;
+}
+
+bool isSale(const CTblAutomobilContracts &contract)
+{
+    return contract.m_iContractType == InstalmentSale::contractType && contract.m_iPersonSecondID >= 1 && contract.m_dAmount > 0;
+}
+
+DocumentContent content(const CTblAutomobilContracts &contract, const ContractForDocument &document)
+{
+    return {contract.m_dateContract, contractDocumentDescription(contract.m_iContractType, contract.number()), contractDocumentRows(document)};
 }
 
 }
 
 DocumentContent ContractPosting::documentOf(const CTblAutomobilContracts &contract)
 {
-    return {contract.m_dateContract, contractDocumentDescription(contract.m_iContractType, contract.number()),
-            contractDocumentRows(forDocument(contract))};
+    ContractForDocument document = withoutSale(contract);
+    if (contract.m_iStatus == 0 && postsSale(contract))
+        document.sale = {contract.m_dAmount, planInterest(contract)};
+    return content(contract, document);
+}
+
+DocumentContent ContractPosting::documentOfNew(const CTblAutomobilContracts &contract, const ContractSettings &settings)
+{
+    ContractForDocument document = withoutSale(contract);
+    if (contract.m_iStatus == 0 && settings.postPlan && isSale(contract))
+        document.sale = {contract.m_dAmount, 0};
+    return content(contract, document);
 }
 
 bool ContractPosting::post(CTblAutomobilContracts &contract)
@@ -108,7 +126,7 @@ bool ContractPosting::holdsSale(const CTblAutomobilContracts &contract)
 
 bool ContractPosting::postsSale(const CTblAutomobilContracts &contract)
 {
-    if (contract.m_iContractType != InstalmentSale::contractType || contract.m_iPersonSecondID < 1 || contract.m_dAmount <= 0)
+    if (!isSale(contract))
         return false;
     return ContractSettings::load(contract.database()).postPlan || holdsSale(contract);
 }

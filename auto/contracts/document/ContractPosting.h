@@ -6,12 +6,16 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/books/DocumentWriter.h"
 
+struct ContractSettings;
+
 // Posts the accounting document of a contract.
 namespace ContractPosting {
 
 // The document of the contract whose members are filled: header text by type and number (iNum, or iCode while
 // the contract has no number of its own), date of the contract, rows of contractDocumentRows.
 [[nodiscard]] DocumentContent documentOf(const CTblAutomobilContracts &contract);
+// The same for one that is new, has no plan yet, and is written in an office of these settings: the database is not asked.
+[[nodiscard]] DocumentContent documentOfNew(const CTblAutomobilContracts &contract, const ContractSettings &settings);
 
 // Writes the document (kind Accounts::documentKindContract) of the contract, which need not be in the table yet. A contract
 // that has a document keeps its number and fiscal year, and the rows are rewritten; otherwise a document is added in the

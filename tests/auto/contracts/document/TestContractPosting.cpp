@@ -3,17 +3,23 @@
 
 #include "auto/contracts/document/ContractPosting.h"
 
+#include "auto/contracts/figures/InstalmentSale.h"
+#include "auto/settings/ContractSettings.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 #include "tests/auto/ModuleTables.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 #include "tests/support/BooksAgree.h"
 
 #include <QCoreApplication>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +30,8 @@ class TestContractPosting : public QObject
 private Q_SLOTS:
     void init();
     void documentOfANewContract();
+    void documentOfANewContractNeedsNoDatabase_data();
+    void documentOfANewContractNeedsNoDatabase();
     void documentBalances();
     void editingKeepsTheNumberAndReplacesTheRows();
     void editingKeepsTheFiscalYearOfTheDocument();
@@ -83,6 +91,39 @@ void TestContractPosting::documentOfANewContract()
              "4102/410202/0/50/0,1103/110301/2/0/50,"
              "1103/110301/1/90/0,2105/210501/0/0/90,1103/110301/2/10/0,2105/210502/0/0/10"_s);
     QCOMPARE(value("SELECT sDesc FROM Docs ORDER BY iID LIMIT 1"), u" کمیسیون پرداختی علی"_s);
+}
+
+void TestContractPosting::documentOfANewContractNeedsNoDatabase_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("postPlan");
+    QTest::addColumn<bool>("hasSale");
+    QTest::newRow("a sale") << 0 << true << false;
+    QTest::newRow("instalments that are posted") << InstalmentSale::contractType << true << true;
+    QTest::newRow("instalments that are not") << InstalmentSale::contractType << false << false;
+}
+
+void TestContractPosting::documentOfANewContractNeedsNoDatabase()
+{
+    QFETCH(int, type);
+    QFETCH(bool, postPlan);
+    QFETCH(bool, hasSale);
+    ContractSettings settings = ContractSettings::load();
+    KSecurity::setUser(1, true);
+    settings.postPlan = postPlan;
+    settings.save();
+    CTblAutomobilContracts contract;
+    fill(contract);
+    contract.m_iContractType = type;
+    contract.m_dAmount = 70000;
+    const DocumentContent read = ContractPosting::documentOf(contract);
+    QVERIFY(std::ranges::any_of(read.rows, [](const DocumentRow &row) { return row.debit == 70000 || row.credit == 70000; }) == hasSale);
+    const ObservedStatements statements({});
+    const DocumentContent made = ContractPosting::documentOfNew(contract, settings);
+    QVERIFY(statements.taken().isEmpty());
+    QCOMPARE(made.date, read.date);
+    QCOMPARE(made.description, read.description);
+    QVERIFY(made.rows == read.rows);
 }
 
 void TestContractPosting::documentBalances()
