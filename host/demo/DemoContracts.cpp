@@ -58,11 +58,10 @@ DemoContracts::DemoContracts(const Office &office, const QList<DemoPersons::Pers
 void DemoContracts::write(int count)
 {
     const qint64 days = m_office.firstDay.daysTo(m_office.lastDay);
-    for (int code = 1; code <= count; ++code)
-        makeContract(code, m_office.firstDay.addDays(days * code / count));
-    m_documents.flush();
-    m_rows.flush();
-    m_contracts.flush();
+    RecordBulkInsert::fillAhead({&m_documents, &m_rows, &m_contracts}, [this, count, days] {
+        for (int code = 1; code <= count; ++code)
+            makeContract(code, m_office.firstDay.addDays(days * code / count));
+    });
 }
 
 void DemoContracts::makeContract(int code, const QDate &day)
@@ -272,7 +271,7 @@ void DemoContracts::postDocument()
     m_contract.m_iFiscalYear = year;
     m_contract.m_iDocNum = number;
 
-    const DocumentContent content = ContractPosting::documentOf(m_contract);
+    const DocumentContent content = ContractPosting::documentOfNew(m_contract, m_office.settings);
     m_document.m_iNum = number;
     m_document.m_iFiscalYear = year;
     m_document.m_iKind = Accounts::documentKindContract;

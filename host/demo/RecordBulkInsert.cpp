@@ -3,6 +3,8 @@
 
 #include "host/demo/RecordBulkInsert.h"
 
+#include "suite/db/connection/KMadeAhead.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -78,11 +80,19 @@ void RecordBulkInsert::send()
 {
     if (m_rows.isEmpty())
         return;
-    if (m_sorted)
-        m_sorted->put(m_rows);
+    if (m_give)
+        m_give(m_rows);
     else
-        KConnection::forThread(m_record.database()).run(m_start + m_rows);
+        store(m_rows);
     m_rows.clear();
+}
+
+void RecordBulkInsert::store(const QByteArray &rows)
+{
+    if (m_sorted)
+        m_sorted->put(rows);
+    else
+        KConnection::forThread(m_record.database()).run(m_start + rows);
 }
 
 void RecordBulkInsert::flush()
@@ -90,4 +100,26 @@ void RecordBulkInsert::flush()
     send();
     if (m_sorted)
         m_sorted->finish();
+}
+
+void RecordBulkInsert::fillAhead(const QList<RecordBulkInsert *> &inserts, const std::function<void()> &make)
+{
+    struct Rows
+    {
+        RecordBulkInsert *of;
+        QByteArray rows;
+    };
+    KMadeAhead<Rows> made([&](const KMadeAhead<Rows>::Give &give) {
+        for (RecordBulkInsert *insert : inserts)
+            insert->m_give = [insert, &give](const QByteArray &rows) { give({insert, rows}); };
+        make();
+        for (RecordBulkInsert *insert : inserts)
+            insert->send();
+    });
+    while (const std::optional<Rows> some = made.next())
+        some->of->store(some->rows);
+    for (RecordBulkInsert *insert : inserts) {
+        insert->m_give = nullptr;
+        insert->flush();
+    }
 }

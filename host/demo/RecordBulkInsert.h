@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 // Writes many rows of one table with statements of many rows each. The record's members are the row: fill them, add(), fill
@@ -36,14 +37,20 @@ public:
     void add();
     void flush();
 
+    // Rows of some tables that a thread of its own makes, by add() alone and without the database, while this one stores them; flushes all in
+    // their order.
+    static void fillAhead(const QList<RecordBulkInsert *> &inserts, const std::function<void()> &make);
+
 private:
     QByteArray literal(const KMySQL::Column &column) const;
     void send();
+    void store(const QByteArray &rows);
 
     KMySQL &m_record;
     std::vector<const KMySQL::Column *> m_columns;
     QByteArray m_start;
     QByteArray m_rows;
+    std::function<void(const QByteArray &)> m_give; // instead of storing them
     std::unique_ptr<KSortedInsert> m_sorted;
     int m_key = -1; // of the last row, where it is given here
 };
