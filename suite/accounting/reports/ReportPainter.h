@@ -7,16 +7,14 @@
 #include "suite/accounting/reports/PaperPages.h"
 #include "suite/accounting/reports/ReportGeometry.h"
 #include "suite/accounting/reports/ReportProgress.h"
+#include "suite/accounting/reports/ReportTexts.h"
 #include "suite/accounting/TzAccountingExport.h"
 
-#include <QFont>
-#include <QFontMetricsF>
-
-#include <functional>
 #include <span>
+#include <vector>
 
 // Lays a list report out on A4 pages and paints any one of them: corners and title, the table with its header row on every
-// page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per row, no painted page. Where not
+// page, the summary below its last row, "صفحه x از y" at the foot. Keeps a few numbers per cell, no painted page. Where not
 // even the words of all columns fit across the paper, the rows of a page continue on the sheets that follow it.
 class TZACCOUNTING_EXPORT ReportPainter : public PaperPages
 {
@@ -34,16 +32,6 @@ public:
     void paint(QPainter &painter, int page) const override;
 
 private:
-    bool measureColumns(const ReportProgress &progress);
-    void placeColumns(std::span<const ReportGeometry::ColumnNeed> needs);
-    const QFont &fontOf(const KListModel::Row &row) const;
-    int linesOfRow(int row, size_t firstAdvance) const;
-    bool countLines(const ReportProgress &progress);
-    void placeHead();
-    int linesOf(const QString &text, const QFont &font, double width, bool leftToRight) const;
-    void drawText(QPainter &painter, const QRectF &box, const QString &text, const QFont &font, Qt::Alignment alignment,
-                  bool leftToRight = false, int firstLine = 0, int lineCount = -1) const;
-    void paintHead(QPainter &painter) const;
     // A column on one sheet: its position among those shown, and its width there.
     struct PlacedColumn
     {
@@ -51,16 +39,27 @@ private:
         double width = 0;
     };
     using Sheet = std::vector<PlacedColumn>;
+
+    bool measureColumns(const ReportProgress &progress);
+    void placeColumns(std::span<const ReportGeometry::ColumnNeed> needs);
+    int linesOfRow(int row) const;
+    double advanceOf(int row, const PlacedColumn &column) const;
+    double textWidth(const PlacedColumn &column) const;
+    ReportTexts::Text cellText(const KListModel::Row &row, const PlacedColumn &column) const;
+    bool countLines(const ReportProgress &progress);
+    void placeHead();
+    // Of a column's title.
+    ReportTexts::Text titleText(const PlacedColumn &column) const;
+    void drawText(QPainter &painter, const QRectF &box, const QString &text, ReportTexts::Face face, Qt::Alignment alignment) const;
+    void paintHead(QPainter &painter) const;
     void paintTitles(QPainter &painter, const Sheet &sheet, double y) const;
     double paintRows(QPainter &painter, const Sheet &sheet, const ReportGeometry::Page &page, double y) const;
     void paintSlice(QPainter &painter, const Sheet &sheet, const ReportGeometry::Slice &slice, double y) const;
-    double lineHeight(const QFont &font) const;
+    void paintGrid(QPainter &painter, const Sheet &sheet, double y, double height, bool isBanded) const;
 
     const ListReport &m_report;
     QVector<ListReport::ShownColumn> m_columns;
-    QFont m_font;
-    QFont m_boldFont;
-    QFont m_titleFont;
+    mutable ReportTexts m_texts; // learns while it paints
     QString m_summary;
     QRectF m_area;                 // inside the margins
     std::vector<float> m_advances; // of every shown cell on one line, row by row
