@@ -67,6 +67,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -322,6 +323,7 @@ bool HostProgram::showDamage(QString what)
 bool HostProgram::takeFolder()
 {
     m_folder.create();
+    m_folderWasMade = true;
     if (!m_lock.acquire()) {
         if (!m_lock.raiseOther())
             g_pDlgWarning->Show(m_lock.inUseMessage());
@@ -352,9 +354,12 @@ void HostProgram::startPrivateServer()
 {
     ServerOptions options;
     options.takeBackup = BackupTaking::beforeServerUpgrade(m_folder);
+    options.folderWasMade = std::exchange(m_folderWasMade, false);
     m_server = std::make_unique<EmbeddedServer>(m_folder, options);
     connect(m_server.get(), &EmbeddedServer::endedUnexpectedly, this, &HostProgram::serverEnded);
-    m_server->start([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
+    // What the module lacks is told when its turn has come.
+    const auto meanwhile = [this] { static_cast<void>(m_module.entry() || m_module.load(m_options.moduleDir)); };
+    m_server->start([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); }, meanwhile);
     KConnection::configure(0, m_server->connectionSettings());
     BackupRestoring(m_server->connectionSettings()).cleanLeft();
 }

@@ -81,4 +81,5 @@ private:
     bool m_switchUser = false;
     QString m_damage; // of a table that was met at work, in words
     bool m_started = false;
+    bool m_folderWasMade = false; // for the first start of its server
 };

@@ -299,7 +299,8 @@ void BackupRestoring::cleanLeft() const
     try {
         KConnection connection(serverOf(m_settings));
         TableExchange exchange(connection, m_settings.database);
-        if (exchange.lock())
+        // As at nearly every start; what another desk has begun since is its own.
+        if (exchange.leftSomething() && exchange.lock())
             exchange.clean();
     } catch (const CMySQLException &error) {
         // An account of an office server may not see other databases, and then has never restored anything.

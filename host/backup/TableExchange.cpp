@@ -97,6 +97,11 @@ bool TableExchange::holdsUncopied()
     return mark(m_replaced) == markOfOurs && !BackupSql::tablesOf(m_connection, m_replaced).isEmpty();
 }
 
+bool TableExchange::leftSomething()
+{
+    return !BackupSql::value(m_connection, "SELECT 1 FROM information_schema.SCHEMATA WHERE SCHEMA_NAME IN (" + BackupSql::text(m_aside) + ',' + BackupSql::text(m_replaced) + ") LIMIT 1").isNull();
+}
+
 void TableExchange::clean()
 {
     const QStringList waiting = isOurs(m_aside) ? BackupSql::tablesOf(m_connection, m_aside) : QStringList();

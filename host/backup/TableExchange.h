@@ -40,6 +40,8 @@ public:
     void finish();
     // Replaced tables of which nobody knows that they are in a backup.
     bool holdsUncopied();
+    // Whether there is a database of either name, this program's or not.
+    bool leftSomething();
     // After a kill: the exchange has happened, or it has not, and which can be seen from where the tables are.
     void clean();
 

@@ -23,6 +23,7 @@
 #include <mysqld_error.h>
 
 #include <filesystem>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -75,13 +76,13 @@ bool EmbeddedServer::isRunning() const
     return m_expectedToRun && m_process.state() == QProcess::Running;
 }
 
-void EmbeddedServer::start(const Progress &progress)
+void EmbeddedServer::start(const Progress &progress, const std::function<void()> &meanwhile)
 {
     if (isRunning())
         return;
     try {
         prepare(progress);
-        launch(progress);
+        launch(progress, meanwhile);
         upgradeIfNeeded(progress);
     } catch (...) {
         endProcess({});
@@ -106,7 +107,8 @@ void EmbeddedServer::restart(const Progress &progress)
 
 void EmbeddedServer::prepare(const Progress &progress)
 {
-    m_folder.create();
+    if (!std::exchange(m_options.folderWasMade, false))
+        m_folder.create();
     auto lock = std::make_unique<platform::FileLock>(m_folder.path() + u"/server.lock"_s);
     QString reason;
     if (lock->tryLock(&reason) != platform::FileLock::Result::Taken)
@@ -232,9 +234,11 @@ void EmbeddedServer::makeAccountAnew(const Progress &progress)
     });
 }
 
-void EmbeddedServer::launch(const Progress &progress)
+void EmbeddedServer::launch(const Progress &progress, const std::function<void()> &meanwhile)
 {
     startProcess(progress);
+    if (meanwhile)
+        meanwhile();
     if (!waitUntilReady(progress)) {
         endProcess(progress);
         makeAccountAnew(progress);
@@ -249,9 +253,9 @@ void EmbeddedServer::launch(const Progress &progress)
 
 void EmbeddedServer::startProcess(const Progress &progress)
 {
-    tell(progress, u"راه‌اندازی سرور پایگاه داده…"_s);
     if (m_options.programs.server.isEmpty())
         throw ToolProcess::missing({}, u"not found"_s);
+    m_program = ServerState::markOf(m_options.programs.server);
     platform::tieToThisProgram(m_process, m_options.lowPriority);
     m_process.setProcessEnvironment(ToolProcess::environment());
     m_process.setWorkingDirectory(m_folder.databasePath());
@@ -261,6 +265,8 @@ void EmbeddedServer::startProcess(const Progress &progress)
     m_process.start(m_options.programs.server, {ServerConfig::fromFile(m_folder.serverConfigPath())});
     if (!m_process.waitForStarted())
         throw ToolProcess::missing(m_options.programs.server, m_process.errorString());
+    // Not before: the first picture of a splash takes as long as much of what the server does meanwhile.
+    tell(progress, u"راه‌اندازی سرور پایگاه داده…"_s);
 }
 
 // False: it answers, but refuses our account.

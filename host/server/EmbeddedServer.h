@@ -41,7 +41,8 @@ public:
     // database to the installed server's version (after a dump) and starts the server. On return it answers. Call it
     // from a thread that lives as long as the program (the main thread): the system ends the server with the thread
     // that started it. Does nothing when the server runs. Throws ServerError; no process is left then.
-    void start(const Progress &progress = {});
+    // meanwhile is called once, as soon as the server's process runs: what needs no database is done while it begins.
+    void start(const Progress &progress = {}, const std::function<void()> &meanwhile = {});
     // Ends the server cleanly: everything is on disk on return. A server that does not end within the limit is killed,
     // which costs a recovery at the next start but no saved data. Does nothing when it does not run.
     void stop(const Progress &progress = {});
@@ -67,7 +68,7 @@ private:
     void requireNoDamagedDatabase() const;
     void endLeftovers(const Progress &progress);
     void loadOrMakeAccount(const Progress &progress);
-    void launch(const Progress &progress);
+    void launch(const Progress &progress, const std::function<void()> &meanwhile = {});
     void startProcess(const Progress &progress);
     bool waitUntilReady(const Progress &progress);
     void checkInstalledVersion() const;
@@ -83,6 +84,7 @@ private:
     QProcess m_process;
     KConnectionSettings m_settings;
     QString m_version;
+    QString m_program; // the mark of the file that runs
     bool m_isNewDatabase = false;
     bool m_expectedToRun = false;
 };

@@ -39,8 +39,10 @@ QStringList databasesOfThePeople(const KConnectionSettings &settings)
 
 void EmbeddedServer::checkInstalledVersion() const
 {
-    const QVersionNumber last = ServerState::load(m_folder).version;
-    if (last.isNull())
+    const ServerState state = ServerState::load(m_folder);
+    const QVersionNumber last = state.version;
+    // The file that ran here last has its version; to ask it would take a quarter as long as its start.
+    if (last.isNull() || (!state.program.isEmpty() && state.program == ServerState::markOf(m_options.programs.server)))
         return;
     ToolProcess server;
     server.program = m_options.programs.server;
@@ -71,7 +73,7 @@ void EmbeddedServer::upgradeIfNeeded(const Progress &progress)
     const QVersionNumber running = ServerState::versionIn(m_version);
     // A server of an older patch level leaves the tables as they are.
     if (m_isNewDatabase || (!last.version.isNull() && running <= last.version)) {
-        ServerState{running, false}.save(m_folder);
+        ServerState{running, false, m_program}.save(m_folder);
         return;
     }
     qCInfo(lcUpgrade).noquote() << "the database was last used by" << last.version.toString() << "and now by"
@@ -84,7 +86,7 @@ void EmbeddedServer::upgradeIfNeeded(const Progress &progress)
     runUpgrade(progress);
     endProcess(progress);
     launch(progress);
-    ServerState{running, false}.save(m_folder);
+    ServerState{running, false, m_program}.save(m_folder);
 }
 
 void EmbeddedServer::runUpgrade(const Progress &progress)

@@ -20,6 +20,8 @@ struct ServerOptions
     // Free space that the folder's disk must have. With less a server may start but crash at its first larger write.
     int freeMiBForNewDatabase = 300;
     int freeMiBToStart = 32;
+    // A moment ago the program made the folder, or made sure that it can write there: the first start need not do so again.
+    bool folderWasMade = false;
     // Every change is kept in a log also where the folder's settings do not ask for it, see BinaryLog.
     bool keepBinaryLog = false;
     bool lowPriority = false; // gives way to everything else on the computer

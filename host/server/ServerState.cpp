@@ -5,7 +5,9 @@
 
 #include "host/server/Platform.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLoggingCategory>
@@ -19,6 +21,7 @@ Q_LOGGING_CATEGORY(lcServerState, "tz.server")
 
 const QString versionKey = u"version"_s;
 const QString cleanKey = u"endedCleanly"_s;
+const QString programKey = u"program"_s;
 
 }
 
@@ -28,12 +31,12 @@ ServerState ServerState::load(const DataFolder &folder)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QJsonObject object = QJsonDocument::fromJson(file.readAll()).object();
-    return {versionIn(object.value(versionKey).toString()), object.value(cleanKey).toBool()};
+    return {versionIn(object.value(versionKey).toString()), object.value(cleanKey).toBool(), object.value(programKey).toString()};
 }
 
 void ServerState::save(const DataFolder &folder) const
 {
-    const QJsonObject object{{versionKey, version.toString()}, {cleanKey, endedCleanly}};
+    const QJsonObject object{{versionKey, version.toString()}, {cleanKey, endedCleanly}, {programKey, program}};
     QString reason;
     if (platform::writePrivateFile(folder.statePath(), QJsonDocument(object).toJson(), &reason)
         != platform::WriteResult::Written)
@@ -47,4 +50,13 @@ QVersionNumber ServerState::versionIn(const QString &text)
     if (!match.hasMatch())
         return {};
     return QVersionNumber(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
+}
+
+// The time is that of the directory's entry: a package brings its files with the day on which they were built.
+QString ServerState::markOf(const QString &program)
+{
+    const QFileInfo file(program);
+    if (program.isEmpty() || !file.exists())
+        return {};
+    return u"%1 %2 %3"_s.arg(file.canonicalFilePath()).arg(file.size()).arg(file.metadataChangeTime().toMSecsSinceEpoch());
 }

@@ -12,6 +12,8 @@ struct ServerState
 {
     QVersionNumber version; // major, minor, patch; null: unknown
     bool endedCleanly = false;
+    // The file that was run, as markOf has it; empty: unknown.
+    QString program = {};
 
     // A missing or unreadable file gives an unknown version that did not end cleanly.
     static ServerState load(const DataFolder &folder);
@@ -20,4 +22,7 @@ struct ServerState
 
     // From "10.11.14-MariaDB-0+deb12u2" or from what mariadbd --version prints; null when there is none in it.
     static QVersionNumber versionIn(const QString &text);
+
+    // Another one for every other file, and for the same after an installation or a change; empty when there is none.
+    static QString markOf(const QString &program);
 };

@@ -41,6 +41,12 @@ SplashWindow::SplashWindow(QWidget *parent)
 {
     setWindowTitle(u"گالری اتومبیل"_s);
     setAccessibleName(windowTitle());
+}
+
+void SplashWindow::build()
+{
+    if (m_waiting)
+        return;
     auto *picture = new QLabel(this);
     picture->setPixmap(LookIcons::icon(u":/icons/tzauto.svg"_s).pixmap(LookSizes::scaled(splashPicture)));
     picture->setAlignment(Qt::AlignCenter);
@@ -71,6 +77,7 @@ SplashWindow::SplashWindow(QWidget *parent)
 
 void SplashWindow::showWaiting(const QString &waitingFor)
 {
+    build();
     if (m_giveUp->isVisibleTo(this)) {
         m_giveUp->hide();
         adjustSize();
@@ -81,6 +88,7 @@ void SplashWindow::showWaiting(const QString &waitingFor)
 
 bool SplashWindow::showWaitingOrGiveUp(const QString &waitingFor)
 {
+    build();
     const bool begins = !m_giveUp->isVisibleTo(this);
     if (begins) {
         m_givenUp = false;

@@ -26,9 +26,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    // Done when it is shown first: by then the server begins beside it.
+    void build();
     void showText(const QString &waitingFor);
 
-    QLabel *m_waiting;
-    QPushButton *m_giveUp;
+    QLabel *m_waiting = nullptr;
+    QPushButton *m_giveUp = nullptr;
     bool m_givenUp = false;
 };

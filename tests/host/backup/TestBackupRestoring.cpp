@@ -111,7 +111,12 @@ private Q_SLOTS:
                 said << statement.section(u'(', 0, 0);
         });
         restoring().cleanLeft();
+        QCOMPARE(said, QStringList()); // nothing is left
+        const QString beside = m_office.database().name() + u"_replaced"_s;
+        m_office.database().run(u"CREATE DATABASE `%1`"_s.arg(beside));
+        restoring().cleanLeft();
         KConnection::setStatementObserver({});
+        m_office.database().run(u"DROP DATABASE IF EXISTS `%1`"_s.arg(beside));
         QCOMPARE(said, (QStringList{u"SELECT GET_LOCK"_s, u"DO RELEASE_LOCK"_s}));
     }
 

@@ -106,6 +106,7 @@ private Q_SLOTS:
     void damagedOptionsAreWrittenAnew();
     void aDataFolderWithoutWritePermissionIsNamed();
     void aProgressThatThrowsLeavesNoServer();
+    void whatNeedsNoDatabaseIsDoneOnceWhileItBegins();
     void theLogsOfTheLastTwoStartsAreKept();
 
 private:
@@ -510,6 +511,26 @@ void TestEmbeddedServer::aProgressThatThrowsLeavesNoServer()
     QCOMPARE(serversOf(folder()), QList<qint64>());
     server.start();
     QVERIFY(server.isRunning());
+}
+
+void TestEmbeddedServer::whatNeedsNoDatabaseIsDoneOnceWhileItBegins()
+{
+    EmbeddedServer server(folder(), m_options);
+    int done = 0;
+    bool isReady = true;
+    const auto meanwhile = [&] {
+        ++done;
+        QCOMPARE(serversOf(folder()).size(), 1);
+        isReady = contentOf(folder().serverLogPath()).contains("ready for connections");
+    };
+    server.start({}, meanwhile);
+    QCOMPARE(done, 1);
+    QVERIFY(!isReady);
+    server.start({}, meanwhile);
+    QCOMPARE(done, 1);
+    server.stop();
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, server.start({}, [] { throw std::runtime_error("no module"); }));
+    QCOMPARE(serversOf(folder()), QList<qint64>());
 }
 
 void TestEmbeddedServer::theLogsOfTheLastTwoStartsAreKept()

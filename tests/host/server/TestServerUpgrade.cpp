@@ -86,6 +86,8 @@ private Q_SLOTS:
     void anotherVersionDumpsAndUpgradesAndKeepsTheData_data();
     void anotherVersionDumpsAndUpgradesAndKeepsTheData();
     void theSameVersionDumpsNothing();
+    void theFileThatRanLastIsNotAskedForItsVersion();
+    void aFileIsMarkedByItsNameItsSizeAndItsChange();
     void anOlderServerIsRefused();
     void anOlderPatchOfTheSameSeriesIsTaken();
     void aFailedUpgradeIsTriedAgainAtTheNextStart();
@@ -175,6 +177,68 @@ void TestServerUpgrade::theSameVersionDumpsNothing()
     server.restart();
     QVERIFY(server.isRunning());
     QCOMPARE(dumps(), QStringList());
+}
+
+// A program in the server's place that notes what it is asked before it is the server.
+void TestServerUpgrade::theFileThatRanLastIsNotAskedForItsVersion()
+{
+    const QString asked = m_temporary->filePath(u"asked"_s);
+    const QString program = m_temporary->filePath(u"mariadbd"_s);
+    const auto install = [&](const QByteArray &comment) {
+        QFile file(program);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write("#!/bin/sh\n# " + comment + "\necho \"$*\" >> '" + asked.toUtf8() + "'\nexec '" + PrivateTestServer::options().programs.server.toUtf8() + "' \"$@\"\n");
+        file.close();
+        QVERIFY(QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    };
+    EmbeddedServer::Options options = m_options;
+    options.programs.server = program;
+    const auto askedAtAStart = [&] {
+        QFile::remove(asked);
+        EmbeddedServer server(folder(), options);
+        server.start();
+        server.stop();
+        return bytesOf(asked).count("--version");
+    };
+    install("one");
+    QCOMPARE(askedAtAStart(), 0); // a new database fits every server
+    QCOMPARE(askedAtAStart(), 0);
+    QTest::qWait(20);
+    install("two");
+    QCOMPARE(askedAtAStart(), 1);
+    QCOMPARE(askedAtAStart(), 0);
+    ServerState state = ServerState::load(folder());
+    QVERIFY(!state.program.isEmpty());
+    state.program.clear();
+    state.save(folder());
+    QCOMPARE(askedAtAStart(), 1);
+    // Also where the program that ran last belongs to a version that this one is older than.
+    state.program = ServerState::markOf(PrivateTestServer::options().programs.server);
+    state.version = QVersionNumber(99, 1, 2);
+    state.save(folder());
+    EmbeddedServer server(folder(), options);
+    QVERIFY_THROWS_EXCEPTION(ServerError, server.start());
+}
+
+void TestServerUpgrade::aFileIsMarkedByItsNameItsSizeAndItsChange()
+{
+    const QString path = m_temporary->filePath(u"program"_s);
+    const auto write = [&](const QByteArray &content) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(content);
+    };
+    QCOMPARE(ServerState::markOf({}), QString());
+    QCOMPARE(ServerState::markOf(path), QString());
+    write("one");
+    const QString mark = ServerState::markOf(path);
+    QVERIFY(!mark.isEmpty());
+    QCOMPARE(ServerState::markOf(path), mark);
+    QVERIFY(QFile::copy(path, path + u'2'));
+    QVERIFY(ServerState::markOf(path + u'2') != mark);
+    QTest::qWait(20);
+    write("two");
+    QVERIFY(ServerState::markOf(path) != mark);
 }
 
 void TestServerUpgrade::anOlderServerIsRefused()
