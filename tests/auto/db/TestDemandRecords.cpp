@@ -142,7 +142,8 @@ private Q_SLOTS:
     {
         const ObservedStatements statements({u"SELECT"_s});
         QCOMPARE(Demand::nextCode(), 1);
-        QCOMPARE(statements.taken(), QStringList{u"SELECT MAX(iCode) FROM AutomobilDemands"_s});
+        QCOMPARE(statements.taken().size(), 1); // with what an import has reserved
+        QVERIFY(statements.taken().constFirst().startsWith(u"SELECT MAX(iCode) FROM AutomobilDemands UNION ALL SELECT sValue FROM Properties "_s));
         add([](Demand &demand) { demand.m_iCode = 40; });
         add([](Demand &demand) { demand.m_iCode = 12; });
         QCOMPARE(Demand::nextCode(), 41);
