@@ -5,6 +5,7 @@
 
 #include "auto/CAutoDBSetting.h"
 #include "host/demo/DemoData.h"
+#include "suite/accounting/books/totals/TotalsFolding.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/SuiteSchema.h"
@@ -55,6 +56,7 @@ void BenchOffice::fill(int contracts)
         qFatal("the module's tables could not be created");
     SuiteSchema::raiseModuleVersion(reached);
     SuiteSchema::afterModuleUpgrade();
+    TotalsFolding::fold();
     if (!isFilled())
         DemoData::fill(contracts);
     CTblUsers user;
