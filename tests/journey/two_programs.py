@@ -57,7 +57,7 @@ def play(one, two):
     shown = [node.name for node in question.shown_descendants()]
     check(any(FIRST_TEXT in name for name in shown), "the question shows what the other desk wrote")
     check(any(SECOND_TEXT in name for name in shown), "the question shows what this desk wrote")
-    two.come_forward(question)
+    two.driver.ready(question)
     two.pictures.take("conflict", "Two desks wrote into one field")
     two.driver.press(OURS, question)
     two.message(labels.NOTICE, labels.DOCUMENT_POSTED)

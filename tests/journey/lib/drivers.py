@@ -13,16 +13,29 @@ _TOP_ROLES = (*WINDOW_ROLES, "popup menu", "application")
 
 
 class Driver:
-    """What the three have in common. A window is given as the node that Tree.window returns."""
+    """What the three have in common. A window is given as the node that Tree.window returns.
 
-    def __init__(self, tree, input_devices):
+    bring_forward(window) brings a window before those of another program; None where the program has the screen for itself and its
+    windows must come forward by themselves.
+    """
+
+    def __init__(self, tree, input_devices, bring_forward=None):
         self.tree = tree
         self.input = input_devices
+        self._bring_forward = bring_forward
 
     def ready(self, window):
         """Waits until the window gets the screen's keys, so that the one before is gone."""
-        wait_for(lambda: self.input.window_with_keys() == window.name and window.has(State.ACTIVE),
+        wait_for(lambda: self._is_ready(window),
                  lambda: f"{window!r} to take the keys, which {self.input.window_with_keys()!r} takes")
+
+    def _is_ready(self, window):
+        if self.input.window_with_keys() == window.name and window.has(State.ACTIVE):
+            return True
+        # The other program may come forward itself at any moment, so that once is not enough.
+        if self._bring_forward:
+            self._bring_forward(window)
+        return False
 
     def keys(self, window, *keys):
         self.ready(window)
@@ -130,7 +143,7 @@ class TreeDriver(Driver):
 
     def _tick(self, node, box, window):
         # The toolkit's own operation selects the entry and leaves its tick alone; a screen reader's user presses the keys.
-        KeyboardDriver(self.tree, self.input).tick(node.name, box, window)
+        KeyboardDriver(self.tree, self.input, self._bring_forward).tick(node.name, box, window)
 
     def _choose(self, node, text, window):
         # The toolkit opens the list through the interface, but selects no entry; a screen reader's user goes through the
@@ -170,8 +183,8 @@ class KeyboardDriver(Driver):
 
     name = "keyboard"
 
-    def __init__(self, tree, input_devices):
-        super().__init__(tree, input_devices)
+    def __init__(self, tree, input_devices, bring_forward=None):
+        super().__init__(tree, input_devices, bring_forward)
         self._watch = FocusWatch()
 
     def focus(self, node, window):

@@ -23,7 +23,7 @@ DEMO_USER = "demo"
 
 class Office:
     """One data folder and the program that runs on it, on a database of its own or on an office's server. driver decides how everything is
-    done."""
+    done. A desk at a server shares the screen with the others."""
 
     def __init__(self, desktop, program, data_folder, pictures, driver="tree", server=None):
         self.desktop = desktop
@@ -47,7 +47,7 @@ class Office:
             [self.program, "--data-dir", self.data_folder, *server, *options], log=self.desktop.log("program"),
             environment=self.desktop.environment)
         self.tree = Tree(self._process.pid)
-        self.driver = DRIVERS[self._kind_of_driver](self.tree, self.input)
+        self.driver = DRIVERS[self._kind_of_driver](self.tree, self.input, self._bring_forward if self._server else None)
 
     def set_up(self):
         """The first start of a new office."""
@@ -134,13 +134,8 @@ class Office:
         """A button of the list that shows in the main window."""
         self.driver.press(caption, self.main)
 
-    def come_forward(self, window):
-        """Before the other program that shares the screen, which may still be coming forward itself."""
-        def is_in_front():
-            self.input.bring_to_front(self._process.pid, window.name)
-            return self.input.window_with_keys() == window.name
-        wait_for(is_in_front, f"{window!r} to come before the other program")
-        self.driver.ready(window)
+    def _bring_forward(self, window):
+        self.input.bring_to_front(self._process.pid, window.name)
 
     def message(self, title, text, answer=labels.CLOSE_MESSAGE, picture=None):
         """Checks that the message on screen holds the text, and answers it."""
