@@ -96,18 +96,23 @@ bool makePrivateFolder(const QString &path, QString *reason)
 bool makePrivate(const QString &path, QString *reason)
 {
     constexpr mode_t ofOthers = 0077;
+    // A server that outlives a killed program for a moment makes files, renames them and makes others in their place.
+    constexpr int mostLooks = 100;
     const QByteArray name = QFile::encodeName(path);
     struct stat status;
-    if (::lstat(name.constData(), &status) != 0)
-        return errno == ENOENT;
-    const bool isOurs = status.st_uid == ::geteuid() && (status.st_mode & S_ISVTX) == 0;
-    if (S_ISLNK(status.st_mode) || (isOurs && (status.st_mode & ofOthers) == 0))
-        return true;
-    const bool done = isOurs && ::chmod(name.constData(), status.st_mode & ~ofOthers & 07777) == 0
-        && ::lstat(name.constData(), &status) == 0 && (status.st_mode & ofOthers) == 0;
-    if (!done)
-        setReason(reason, u"%1 is open to others: mode %2, owner %3"_s.arg(path).arg(status.st_mode & 07777, 0, 8).arg(status.st_uid));
-    return done;
+    for (int look = 1;; ++look) {
+        if (::lstat(name.constData(), &status) != 0)
+            return errno == ENOENT;
+        const bool isOurs = status.st_uid == ::geteuid() && (status.st_mode & S_ISVTX) == 0;
+        if (S_ISLNK(status.st_mode) || (isOurs && (status.st_mode & ofOthers) == 0))
+            return true;
+        const bool isClosed = isOurs && ::chmod(name.constData(), status.st_mode & ~ofOthers & 07777) == 0;
+        const bool isGone = isOurs && !isClosed && errno == ENOENT;
+        if ((!isClosed && !isGone) || look == mostLooks)
+            break;
+    }
+    setReason(reason, u"%1 is open to others: mode %2, owner %3"_s.arg(path).arg(status.st_mode & 07777, 0, 8).arg(status.st_uid));
+    return false;
 }
 
 bool isPrivateFolder(const QString &path)

@@ -15,6 +15,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <atomic>
+#include <fcntl.h>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -110,6 +118,34 @@ private Q_SLOTS:
             QCOMPARE(modeOf(path), QFile::Permissions(QFile::ReadOwner | QFile::WriteOwner));
         // What is not ours keeps its mode; behind the closed folder nobody reaches it.
         QCOMPARE(modeOf(stranger), strangers);
+    }
+
+    // A server that outlives a killed program for a moment makes files that are open to its group, and renames them.
+    void aFileThatGoesMeanwhileIsNoneThatStaysOpen()
+    {
+        const QTemporaryDir temporary;
+        const DataFolder folder(temporary.filePath(u"office"_s));
+        folder.create();
+        const std::string path = QFile::encodeName(folder.temporaryPath() + u"/ib_logfile101"_s).toStdString();
+        std::atomic<bool> isOver = false;
+        std::thread server([&] {
+            while (!isOver) {
+                const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0660);
+                ::fchmod(file, 0660);
+                ::close(file);
+                ::rename(path.c_str(), (path + ".renamed").c_str());
+                ::unlink((path + ".renamed").c_str());
+            }
+        });
+        std::optional<ServerError> refused;
+        for (int start = 0; start < 400 && !refused; ++start) {
+            const ServerError error = refusal(folder);
+            if (error.kind() != ServerError::Kind::Cancelled)
+                refused = error;
+        }
+        isOver = true;
+        server.join();
+        QVERIFY2(!refused, refused ? qPrintable(refused->detail()) : "");
     }
 
     void aFolderThatStaysOpenIsRefused()
