@@ -33,6 +33,8 @@ public:
     void fit(int barWidth);
     SearchPopup *popup() const { return m_popup; }
     QLineEdit *edit() const { return m_edit; }
+    // The words that the hits shown belong to; empty: none are.
+    const QString &shown() const { return m_shown; }
     // What the pop-up says besides, such as that keys are being made.
     void setNotice(const QString &notice);
 
