@@ -26,6 +26,15 @@ QString parentColumn(CatalogLevel level)
                                                                                        : QString();
 }
 
+std::unique_ptr<KMySQL> listed(CatalogLevel level, int parent, const QString &namePart)
+{
+    std::unique_ptr<KMySQL> set = CatalogEntries::records(level);
+    set->m_filter = CatalogFilter::entries(level, parent, namePart);
+    set->m_sort = "sName";
+    set->SetColumns({u"sName"_s});
+    return set;
+}
+
 KSql usesOf(CatalogLevel level, int key)
 {
     switch (level) {
@@ -54,12 +63,14 @@ std::unique_ptr<KMySQL> CatalogEntries::records(CatalogLevel level)
     Q_UNREACHABLE();
 }
 
+void CatalogEntries::expectList(CatalogLevel level, int parent)
+{
+    listed(level, parent, {})->expectOpen();
+}
+
 QVector<CatalogEntries::Entry> CatalogEntries::list(CatalogLevel level, int parent, const QString &namePart)
 {
-    const std::unique_ptr<KMySQL> set = records(level);
-    set->m_filter = CatalogFilter::entries(level, parent, namePart);
-    set->m_sort = "sName";
-    set->SetColumns({u"sName"_s});
+    const std::unique_ptr<KMySQL> set = listed(level, parent, namePart);
     QVector<Entry> entries;
     for (set->Open(true, true, true); !set->IsEOF(); set->MoveNext())
         entries.append({set->value(keyColumn).toInt(), set->value(u"sName").toString()});

@@ -26,6 +26,8 @@ struct Entry
 
 // Sorted by name; see CatalogFilter::entries for parent and namePart.
 QVector<Entry> list(CatalogLevel level, int parent, const QString &namePart);
+// That all of them will be asked (KReadAhead).
+void expectList(CatalogLevel level, int parent);
 
 // A record of the level's table.
 std::unique_ptr<KMySQL> records(CatalogLevel level);

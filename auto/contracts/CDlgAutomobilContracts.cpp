@@ -29,6 +29,7 @@
 #include "suite/crm/messages/CDlgMessageToPerson.h"
 #include "suite/crm/messages/MessageRows.h"
 #include "suite/crm/persons/PersonFilter.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
 using namespace Qt::StringLiterals;
@@ -182,6 +183,9 @@ std::unique_ptr<KMySQL> CDlgAutomobilContracts::makeRecords() const
 
 void CDlgAutomobilContracts::addContract()
 {
+    const KReadAhead reading;
+    FirstContract::expect();
+    CDlgAddAutomobilContract::expectSettings();
     if (isChangeBlocked() || !CheckWriteSecurity() || !FirstContract::mayBegin(this))
         return;
     const int key = CDlgAddAutomobilContract::NewContract(this);
@@ -195,6 +199,8 @@ void CDlgAutomobilContracts::editContract()
 {
     CTblAutomobilContracts contract;
     contract.SetColumns({u"iArchiveUserID"_s});
+    const KReadAhead reading;
+    CDlgAddAutomobilContract::expectEdit(list()->currentKey());
     if (isChangeBlocked() || !CheckModifySecurity() || !loadSelected(contract))
         return;
     if (contract.m_iArchiveUserID != 0)

@@ -14,12 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool hasContract()
+void setToAny(CTblAutomobilContracts &contract)
 {
-    CTblAutomobilContracts contract;
     contract.SetColumns({u"iCode"_s});
     contract.m_filter = Placeholders::none(contract.GetTableName());
     contract.SetLimit(1);
+}
+
+bool hasContract()
+{
+    CTblAutomobilContracts contract;
+    setToAny(contract);
     contract.Open(false, true, true);
     return !contract.IsEOF();
 }
@@ -38,6 +43,13 @@ KMessageDialog::Answer ask(const MissingSettings &missing, QWidget *parent)
     return g_pDlgYesNo->AskOrCancel(told + u"\nآیا با این حال قرارداد ثبت شود؟ با «خیر» نخست تنظیمات قرارداد باز می‌شود."_s, parent);
 }
 
+}
+
+void FirstContract::expect()
+{
+    CTblAutomobilContracts contract;
+    setToAny(contract);
+    contract.expectOpen();
 }
 
 bool FirstContract::mayBegin(QWidget *parent)

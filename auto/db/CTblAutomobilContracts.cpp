@@ -6,6 +6,7 @@
 #include "auto/db/CTblCarContracts.h"
 #include "suite/treasury/followups/CTblFollowUps.h"
 #include "suite/db/records/CTblTemp.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
 #include "suite/accounting/books/CTblDocuments.h"
@@ -14,6 +15,12 @@
 #include "suite/accounting/attachments/CTblFiledPapers.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const char highestCode[] = "SELECT MAX(iCode) FROM AutomobilContracts";
+
+}
 
 CTblAutomobilContracts::CTblAutomobilContracts(int database)
     : KMySQL(database)
@@ -77,11 +84,16 @@ QList<QStringList> CTblAutomobilContracts::fieldGroups()
     return {figures.split(u' '), notes, {u"dFixAmount"_s, u"dAgreeAmount"_s, u"dRemainingAmount"_s}, {u"sState"_s, u"sCity"_s}};
 }
 
+void CTblAutomobilContracts::expectNextCode(int database)
+{
+    KReadAhead::expectBehind(highestCode, database);
+}
+
 qint32 CTblAutomobilContracts::nextCode(int database)
 {
     CTblTemp statement(database);
     statement.Open(false, false, true);
-    statement.ExecuteQuery("SELECT MAX(iCode) FROM AutomobilContracts", true, true);
+    statement.ExecuteQuery(highestCode, true, true);
     return statement.GetLongFieldValue(0) + 1;
 }
 

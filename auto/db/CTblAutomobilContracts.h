@@ -166,6 +166,8 @@ public:
 
     // One more than the highest iCode of the table; 1 for an empty one. Read without a lock.
     static qint32 nextCode(int database = 0);
+    // That it will be asked behind the next statement that writes (KReadAhead).
+    static void expectNextCode(int database = 0);
     // Puts the contract of that code into the archive of that user, or takes it out; both set dateArchive to now.
     // A code that matches nothing changes nothing. Throws CMySQLException.
     static void archive(qint32 code, qint32 userID, int database = 0);

@@ -38,6 +38,11 @@ QList<QStringList> CTblAutomobilDemands::fieldGroups()
     return {{u"iModelFrom"_s, u"iModelUpTo"_s}, {u"dAmountFrom"_s, u"dAmountUpTo"_s}};
 }
 
+void CTblAutomobilDemands::expectNextCode(int database)
+{
+    CodeReservation::expectNext(u"AutomobilDemands"_s, database);
+}
+
 qint32 CTblAutomobilDemands::nextCode(int database)
 {
     return CodeReservation::next(u"AutomobilDemands"_s, database);

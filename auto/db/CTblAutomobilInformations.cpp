@@ -47,6 +47,11 @@ QList<QStringList> CTblAutomobilInformations::fieldGroups()
     };
 }
 
+void CTblAutomobilInformations::expectNextCode(int database)
+{
+    CodeReservation::expectNext(u"AutomobilInformations"_s, database);
+}
+
 qint32 CTblAutomobilInformations::nextCode(int database)
 {
     return CodeReservation::next(u"AutomobilInformations"_s, database);

@@ -30,6 +30,8 @@ public:
 
     // The highest code so far plus one; read without a lock.
     static qint32 nextCode(int database = 0);
+    // That it will be asked behind the next statement that writes (KReadAhead).
+    static void expectNextCode(int database = 0);
     // By code, not by key.
     static void archive(qint32 code, qint32 userID, int database = 0);
     static void unarchive(qint32 code, int database = 0);

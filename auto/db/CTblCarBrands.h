@@ -27,8 +27,15 @@ public:
     static int FillComboBox(ComboBox *combo, int database = 0)
     {
         CTblCarBrands rows(database);
-        rows.m_sort = "iID";
+        rows.setInOrder();
         return fillComboBox(combo, rows, 0);
+    }
+    // That it will be (KReadAhead).
+    static void expectChoice(int database = 0)
+    {
+        CTblCarBrands rows(database);
+        rows.setInOrder();
+        expectComboBox(rows);
     }
 
     qint32 m_iID = 0;
@@ -54,4 +61,7 @@ public:
 protected:
     void DoFieldExchange() override;
     bool isLogged() const override { return true; }
+
+private:
+    void setInOrder() { m_sort = "iID"; }
 };

@@ -25,9 +25,15 @@ public:
     static int FillComboBox(ComboBox *combo, int modelID, int current, int database = 0)
     {
         CTblCarClasses rows(database);
-        rows.m_filter = KSql::formatted("iBrandID=%1", modelID);
-        rows.m_sort = "iID";
+        rows.setOf(modelID);
         return fillComboBox(combo, rows, current);
+    }
+    // That it will be (KReadAhead).
+    static void expectChoice(int modelID, int database = 0)
+    {
+        CTblCarClasses rows(database);
+        rows.setOf(modelID);
+        expectComboBox(rows);
     }
 
     qint32 m_iID = 0;
@@ -46,4 +52,11 @@ public:
 protected:
     void DoFieldExchange() override;
     bool isLogged() const override { return true; }
+
+private:
+    void setOf(int modelID)
+    {
+        m_filter = KSql::formatted("iBrandID=%1", modelID);
+        m_sort = "iID";
+    }
 };

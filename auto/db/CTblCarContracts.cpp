@@ -4,9 +4,19 @@
 #include "auto/db/CTblCarContracts.h"
 
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+KSql carOfStatement(qint32 contractID)
+{
+    return KSql::formatted("SELECT iCarID FROM CarContracts WHERE iContractID=%1", contractID);
+}
+
+}
 
 CTblCarContracts::CTblCarContracts(int database)
     : KMySQL(database)
@@ -53,11 +63,16 @@ void CTblCarContracts::set(qint32 contractID, qint32 carID, int database)
     link.Update(true);
 }
 
+void CTblCarContracts::expectCarOf(qint32 contractID, int database)
+{
+    KReadAhead::expect(carOfStatement(contractID), database);
+}
+
 qint32 CTblCarContracts::carOf(qint32 contractID, int database)
 {
     CTblTemp query(database);
     query.Open(false, false, true);
-    query.FormatAndExecuteQuery("SELECT iCarID FROM CarContracts WHERE iContractID=%d", contractID);
+    query.ExecuteQuery(carOfStatement(contractID));
     return query.GetLongFieldValue(0);
 }
 

@@ -21,6 +21,8 @@ public:
     static void set(qint32 contractID, qint32 carID, int database = 0);
     // 0 for a contract without a car.
     static qint32 carOf(qint32 contractID, int database = 0);
+    // That it will be asked (KReadAhead).
+    static void expectCarOf(qint32 contractID, int database = 0);
     // How many contracts remember the car.
     static int countOf(qint32 carID, int database = 0);
     // That of a contract that is being deleted. Joins the caller's transaction.

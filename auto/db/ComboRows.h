@@ -7,6 +7,14 @@
 
 using namespace Qt::StringLiterals;
 
+// That a drop-down will be filled with the rows of the set (KReadAhead).
+template <class Rows>
+void expectComboBox(Rows &rows)
+{
+    rows.SetColumns({u"sName"_s});
+    rows.expectOpen();
+}
+
 // Fills a drop-down of any kind with the rows of the set in its order: the shown text is the row's name, the data its key.
 // Selects the row with key current, none when there is no such row. Returns 1.
 template <class Rows, class ComboBox>

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 
 #include <QString>
@@ -30,14 +31,17 @@ void lock(const QString &table, int database = 0);
 // writes the code.
 void requireFree(const QString &table, int code, int exceptID, int database = 0);
 
-// Adds a row with the next code, one more than the highest; fill sets its other columns and may run again. Returns the key.
+// Adds a row with the next code, one more than the highest; fill sets its other columns, runs right before the row is
+// added and may run again. Returns the key.
 template <class Record>
 int add(const std::function<void(Record &)> &fill, int database = 0)
 {
     Record record(database);
     record.Open(true, false, true);
+    const KReadAhead ahead(database);
     KTransaction::runReplayable(
         [&] {
+            Record::expectNextCode(database);
             lock(record.GetTableName(), database);
             record.AddNew();
             record.m_iCode = Record::nextCode(database);

@@ -15,6 +15,13 @@ void RecordSaving::lockForSaving(KMySQL &record, int key, const OpenedRow &opene
         throw RowChanged::archived(record, what);
 }
 
+void RecordSaving::expectLock(KMySQL &record, int key)
+{
+    OfficeClosing::expect(record.database());
+    record.expectLock(key);
+    Placeholders::expect({record.GetTableName(), key}, record.database());
+}
+
 void RecordSaving::detach(KMySQL &record)
 {
     for (const QString &column : {u"iDocNum"_s, u"iFiscalYear"_s, u"iArchiveUserID"_s, u"dateArchive"_s, u"iAlarmID"_s}) {

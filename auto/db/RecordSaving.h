@@ -8,6 +8,7 @@
 #include "suite/accounting/changes/OpenedRow.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 
 #include <functional>
@@ -38,6 +39,8 @@ struct Parts
 {
     // Takes the locks that come before that of the row.
     std::function<void()> locks = {};
+    // Names what the steps will read behind it (KReadAhead), by the row's key and what the window read of it.
+    std::function<void(int key, const KRowValues &opened)> expect = {};
     // Runs between the decision and the row, and may set columns too.
     Step<Record> beforeRow = {};
     // Values that belong to the record and stand elsewhere (OpenedRow::Further), read under the lock of its row; they are merged
@@ -49,6 +52,8 @@ struct Parts
 // Loads the row as it is now and keeps it until the end of the transaction. Throws RowChanged where it is gone or was archived
 // since the window read it, and KAccountingError in a database that was closed meanwhile. what: the row as a message names it.
 void lockForSaving(KMySQL &record, int key, const OpenedRow &opened, const QString &what);
+// That the row will be locked so, and what else every save reads (KReadAhead).
+void expectLock(KMySQL &record, int key);
 // Empties what belonged to the stored row alone: its document, its place in the archive, its reminder.
 void detach(KMySQL &record);
 
@@ -79,9 +84,13 @@ template <class Record>
 void save(const Decision<Record> &decision, const Parts<Record> &parts = {})
 {
     KTransaction::runReplayable([&] {
+        Record record;
+        const KReadAhead ahead(record.database());
+        expectLock(record, decision.key);
+        if (parts.expect)
+            parts.expect(decision.key, decision.opened.values());
         if (parts.locks)
             parts.locks();
-        Record record;
         lockForSaving(record, decision.key, decision.opened, Record::spokenName());
         record.Edit();
         const qint32 codeBefore = record.m_iCode;

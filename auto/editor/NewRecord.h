@@ -7,6 +7,7 @@
 #include "suite/accounting/office/OfficeSession.h"
 #include "suite/accounting/office/Placeholders.h"
 #include "suite/db/connection/KConnection.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/db/records/KMySQL.h"
 #include "suite/db/connection/KTransaction.h"
 
@@ -20,9 +21,10 @@ using namespace Qt::StringLiterals;
 // A new record is in its table before the user has entered anything in its editor, as a placeholder that nobody else sees.
 namespace NewRecord {
 
-// Adds the placeholder, with the next code; fill sets its other columns and may run again. Returns the key.
+// Adds the placeholder, with the next code; fill sets its other columns, asks the database nothing and may run again. Returns the
+// key. Whoever reads ahead (KReadAhead) has the row with what saved it, and what expects names beside it by its key.
 template <class Record>
-int add(const std::function<void(Record &)> &fill, int database = 0)
+int add(const std::function<void(Record &)> &fill, const std::function<void(int)> &expects = {}, int database = 0)
 {
     KConnection::forThread(database).verify();
     const QString session = OfficeSession::key(database);
@@ -30,12 +32,15 @@ int add(const std::function<void(Record &)> &fill, int database = 0)
     KTransaction::runReplayable(
         [&] {
             // The first save notes that the record was added.
-            const auto unnoted = [&fill](Record &record) {
+            const auto unnoted = [&](Record &record) {
                 record.setNoting(KMySQL::Noting::Nothing);
                 fill(record);
+                Placeholders::addNext(record.GetTableName(), session, database);
             };
             key = RecordCodes::add<Record>(unnoted, database);
-            Placeholders::add({Record(database).GetTableName(), key}, session, database);
+            expectRow<Record>(key, database);
+            if (expects)
+                expects(key);
         },
         database);
     return key;

@@ -7,3 +7,5 @@
 
 // The texts that a column holds, each once, in order; suggestions for an entry. table and column never come from the user.
 QStringList storedTexts(const char *table, const char *column);
+// That they will be asked (KReadAhead).
+void expectStoredTexts(const char *table, const char *column);

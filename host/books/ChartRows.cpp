@@ -5,6 +5,7 @@
 
 #include "suite/accounting/books/chart/AccountChart.h"
 #include "suite/accounting/books/CTblDocs.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/utility/values/TextStandard.h"
 
 #include <QHash>
@@ -16,6 +17,8 @@ namespace ChartRows {
 
 QList<Row> read(const QDateTime &from, const QDateTime &to, int database)
 {
+    const KReadAhead reading(database);
+    AccountChart::expectAll(database);
     QList<Row> rows;
     for (const AccountLevel level : {AccountLevel::Kol, AccountLevel::Moeen, AccountLevel::Tafsily}) {
         const QHash<int, AccountBalance> balances = CTblDocs::balances(level, from, to, 0, database);

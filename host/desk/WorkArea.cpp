@@ -4,6 +4,7 @@
 #include "host/desk/WorkArea.h"
 
 #include "suite/accounting/frame/KErrorBoundary.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/utility/frame/KDialogTabPage.h"
 #include "suite/utility/look/LookIcons.h"
 #include "suite/utility/look/LookSizes.h"
@@ -128,6 +129,7 @@ void WorkArea::open(const QString &kind, bool another, const std::function<void(
         return;
     }
     const QScopedValueRollback opening(m_openingKind, kind);
+    const KReadAhead reading;
     opener();
 }
 

@@ -105,7 +105,8 @@ bool CDlgLogin::OnOK()
         return false;
     }
     // Another window of this computer may have tried meanwhile.
-    wait(LoginAttempts::secondsLeft());
+    const LoginAttempts::Standing standing = LoginAttempts::standing();
+    wait(standing.secondsLeft);
     if (m_secondsLeft > 0)
         return false;
     std::optional<int> user;
@@ -117,7 +118,8 @@ bool CDlgLogin::OnOK()
         refuse();
         return false;
     }
-    LoginAttempts::forget();
+    if (standing.areStored)
+        LoginAttempts::forget();
     OfficeEvents::noteSignIn(*user);
     m_userID = *user;
     m_password->clear();

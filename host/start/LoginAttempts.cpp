@@ -28,6 +28,7 @@ struct Attempts
     QDateTime now; // by the server's clock
     int wrong = 0;
     QDateTime last; // of the wrong ones
+    bool areStored = false;
 };
 
 QString thisComputer()
@@ -49,7 +50,7 @@ Attempts readAttempts()
     temp.ExecuteQuery(KSql::formatted("SELECT NOW(),(SELECT sValue FROM Properties WHERE %1)", ofThisComputer()));
     const QString stored = temp.GetTextFieldValue(1);
     Attempts attempts{temp.GetDateFieldValue(0), stored.section(u' ', 0, 0).toInt(),
-                      QDateTime::fromString(stored.section(u' ', 1), Qt::ISODate)};
+                      QDateTime::fromString(stored.section(u' ', 1), Qt::ISODate), !stored.isEmpty()};
     attempts.last.setTimeSpec(Qt::UTC);
     if (!attempts.last.isValid() || attempts.last.secsTo(attempts.now) >= forgottenAfterSeconds)
         attempts.wrong = 0;
@@ -70,12 +71,17 @@ int LoginAttempts::waitAfter(int wrongAttempts)
     return wrongAttempts < 2 ? 0 : std::min(longest, 1 << std::min(wrongAttempts - 2, 5));
 }
 
-int LoginAttempts::secondsLeft()
+LoginAttempts::Standing LoginAttempts::standing()
 {
     const Attempts attempts = readAttempts();
     const int wait = waitAfter(attempts.wrong);
     // A clock that was set back makes nobody wait longer than after the attempt itself.
-    return wait == 0 ? 0 : static_cast<int>(std::clamp<qint64>(wait - attempts.last.secsTo(attempts.now), 0, wait));
+    return {wait == 0 ? 0 : static_cast<int>(std::clamp<qint64>(wait - attempts.last.secsTo(attempts.now), 0, wait)), attempts.areStored};
+}
+
+int LoginAttempts::secondsLeft()
+{
+    return standing().secondsLeft;
 }
 
 int LoginAttempts::countWrong(const QString &user)

@@ -14,6 +14,12 @@ namespace LoginAttempts {
 int waitAfter(int wrongAttempts);
 // Seconds until the next attempt may be made; 0: now.
 int secondsLeft();
+struct Standing
+{
+    int secondsLeft;
+    bool areStored; // there are some to forget
+};
+Standing standing();
 // Counts an attempt that was wrong, writes it to the log, and returns the seconds to wait.
 int countWrong(const QString &user);
 // The right password: nothing is held against this computer any more.

@@ -53,3 +53,23 @@ void FaultProxy::setSilent(bool silent)
 {
     doOn(m_relay.get(), [=, this] { m_relay->setSilent(silent); });
 }
+
+void FaultProxy::setDelay(int milliseconds)
+{
+    doOn(m_relay.get(), [=, this] { m_relay->setDelay(milliseconds); });
+}
+
+// On its thread: what it has passed on by then is counted.
+int FaultProxy::trips() const
+{
+    int trips = 0;
+    doOn(m_relay.get(), [&] { trips = m_relay->trips(); });
+    return trips;
+}
+
+int FaultProxy::tripsFrom(quint16 port) const
+{
+    int trips = 0;
+    doOn(m_relay.get(), [&] { trips = m_relay->trips(port); });
+    return trips;
+}

@@ -37,6 +37,12 @@ public:
     void setReachable(bool reachable);
     // Passes nothing on any more, in either direction, and cuts nothing; false lets all pass that came in meanwhile.
     void setSilent(bool silent);
+    // How long each packet is under way, in either direction; at first none takes any time.
+    void setDelay(int milliseconds);
+    // Round trips so far, of all connections: each time a client spoke again after an answer. To connect takes some as well.
+    int trips() const;
+    // Of the connection alone that has this port on the client's side.
+    int tripsFrom(quint16 port) const;
 
 private:
     QThread m_thread;

@@ -7,6 +7,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QQueue>
 #include <QTcpServer>
 
 class QIODevice;
@@ -23,6 +24,10 @@ public:
     void failAtCommit(FaultProxy::Fault fault, bool reachable);
     void setReachable(bool reachable);
     void setSilent(bool silent);
+    void setDelay(int milliseconds) { m_delay = milliseconds; }
+    // All, or those of the client that speaks from that port.
+    int trips() const { return m_trips; }
+    int trips(quint16 port) const { return m_tripsFrom.value(port); }
     void end();
 
 private:
@@ -33,9 +38,16 @@ private:
         QByteArray fromServer;
         bool dropsAnswers = false; // the server's next answer cuts the line
         bool mute = false;
+        bool wasAnswered = false; // since the client last spoke
+        QQueue<QByteArray> toServer; // on their way
+        QQueue<QByteArray> toClient;
     };
 
     void accept();
+    void connectServer(QTcpSocket *client);
+    void count(const QTcpSocket *client, int trips);
+    void sendToServer(QTcpSocket *client, const QByteArray &bytes);
+    void sendToClient(QTcpSocket *client, const QByteArray &bytes);
     void passOn(QTcpSocket *client);
     bool meetsFault(QTcpSocket *client, const QByteArray &packet);
     void answer(QTcpSocket *client);
@@ -49,4 +61,7 @@ private:
     bool m_reachable = true;
     bool m_reachableAfterFault = true;
     bool m_silent = false;
+    int m_delay = 0;
+    int m_trips = 0;
+    QHash<quint16, int> m_tripsFrom;
 };

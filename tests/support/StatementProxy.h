@@ -88,9 +88,8 @@ private:
     // A packet: its length in three bytes, its place in the conversation, and for a statement a 3 and the text.
     void fromClient(Line &line)
     {
-        const QByteArray bytes = line.client->readAll();
-        line.pending += bytes;
-        for (;;) {
+        line.pending += line.client->readAll();
+        while (!line.isLast) { // what was sent along with the statement to break after never reaches the server
             const auto at = [&line](int index) { return static_cast<quint8>(line.pending.at(index)); };
             if (line.pending.size() < 4)
                 break;
@@ -99,9 +98,9 @@ private:
                 break;
             if (at(3) == 0 && length > 0 && at(4) == 3)
                 meet(line, QString::fromUtf8(line.pending.mid(5, length - 1)));
+            line.server->write(line.pending.first(4 + length));
             line.pending.remove(0, 4 + length);
         }
-        line.server->write(bytes);
         line.server->flush();
     }
 

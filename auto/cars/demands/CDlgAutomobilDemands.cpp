@@ -15,7 +15,10 @@
 #include "suite/accounting/frame/KErrorText.h"
 #include "suite/accounting/importing/CDlgImport.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/crm/persons/PersonFilter.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/KLookup.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 
@@ -44,6 +47,8 @@ QString archiveRights()
 CDlgAutomobilDemands::CDlgAutomobilDemands(QWidget *parent)
     : KListPage(u"تقاضا"_s, u"AutomobilDemands"_s, u"AutomobilDemands"_s, parent)
 {
+    Placeholders::expectLeft();
+    CarChoices::expect();
     build();
 }
 
@@ -168,6 +173,9 @@ void CDlgAutomobilDemands::importFile()
 
 void CDlgAutomobilDemands::addDemand()
 {
+    const KReadAhead reading;
+    for (int time = 0; time < 2; ++time)
+        OfficeSettings::expect(); // whether the database is closed, and its clock
     if (isChangeBlocked() || isSelectMode() || !CheckWriteSecurity())
         return;
     const int key = CDlgAddAutomobilDemand::NewDemand(this);
@@ -179,6 +187,8 @@ void CDlgAutomobilDemands::addDemand()
 void CDlgAutomobilDemands::editDemand()
 {
     const int key = list()->currentKey();
+    const KReadAhead reading;
+    CDlgAddAutomobilDemand::expectEdit(key);
     if (key <= 0 || isChangeBlocked() || isSelectMode() || !CheckModifySecurity())
         return;
     bool changed = false;

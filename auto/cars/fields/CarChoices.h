@@ -12,5 +12,7 @@ namespace CarChoices {
 QList<KListFilter::Choice> types();
 // The colours of the suite's items by name.
 QList<KListFilter::Choice> colors();
+// That both will be asked (KReadAhead).
+void expect();
 
 }

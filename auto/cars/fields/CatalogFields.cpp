@@ -49,6 +49,19 @@ CatalogFields::CatalogFields(KForm &form, QWidget *page)
     });
 }
 
+void CatalogFields::expectBrands()
+{
+    CTblCarBrands::expectChoice();
+}
+
+void CatalogFields::expectBelow(int brand, int model)
+{
+    if (brand != 0)
+        CatalogEntries::expectList(CatalogLevel::Model, brand);
+    if (model != 0)
+        CTblCarClasses::expectChoice(model);
+}
+
 void CatalogFields::show(int brand, int model, int carClass)
 {
     const QScopedValueRollback filling(m_filling, true);

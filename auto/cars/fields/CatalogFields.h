@@ -21,6 +21,9 @@ public:
 
     // Offers the catalog as it is stored now, for the keys that are to be shown.
     void show(int brand, int model, int carClass);
+    // That they will be (KReadAhead): the brands, and what stands below those keys.
+    static void expectBrands();
+    static void expectBelow(int brand, int model);
 
 private:
     void pick();

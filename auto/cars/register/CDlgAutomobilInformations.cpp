@@ -21,11 +21,15 @@
 #include "auto/db/LeftPlaceholders.h"
 #include "auto/editor/NewRecord.h"
 #include "auto/lists/WordCells.h"
+#include "suite/accounting/attachments/RecordPictures.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/importing/CDlgImport.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/accounting/office/Placeholders.h"
 #include "suite/accounting/records/RecordWindows.h"
 #include "suite/crm/persons/PersonFilter.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/utility/frame/KDialogHolder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/ShamsiDate.h"
@@ -51,6 +55,8 @@ CDlgAutomobilInformations::CDlgAutomobilInformations(QWidget *parent)
                 parent)
     , m_web(std::make_unique<CarWebCommand>(this, [this] { return m_gallery && m_gallery->isShown(); }))
 {
+    Placeholders::expectLeft();
+    CarChoices::expect();
     build();
     m_gallery = new CarGallery(this);
 }
@@ -211,11 +217,14 @@ void CDlgAutomobilInformations::presetFromDemand()
 
 int CDlgAutomobilInformations::addPlaceholder()
 {
-    const QDateTime now = GetDBSetting()->GetDBServerDate();
-    return NewRecord::add<CTblAutomobilInformations>([&now](CTblAutomobilInformations &car) {
-        car.m_dateCreate = now;
+    const OfficeSettings settings = OfficeSettings::read();
+    settings.requireOpen();
+    CDlgAddAutomobilInformation::expectPages();
+    const auto fill = [&settings](CTblAutomobilInformations &car) {
+        car.m_dateCreate = settings.serverTime();
         car.m_iYear = GetShamsiYearOfToday();
-    });
+    };
+    return NewRecord::add<CTblAutomobilInformations>(fill, [](int key) { RecordPictures::expectFurther(CTblAutomobilInformations::recordKind, key); });
 }
 
 void CDlgAutomobilInformations::importFile()
@@ -226,6 +235,9 @@ void CDlgAutomobilInformations::importFile()
 
 void CDlgAutomobilInformations::addCar()
 {
+    const KReadAhead reading;
+    for (int time = 0; time < 2; ++time)
+        OfficeSettings::expect(); // whether the database is closed, and its clock
     if (isSelectMode() || isChangeBlocked())
         return;
     const int key = addPlaceholder();
@@ -239,6 +251,8 @@ void CDlgAutomobilInformations::addCar()
 void CDlgAutomobilInformations::editCar()
 {
     const int key = list()->currentKey();
+    const KReadAhead reading;
+    CDlgAddAutomobilInformation::expectEdit(key);
     if (key <= 0 || isSelectMode() || isChangeBlocked() || !CheckModifySecurity())
         return;
     // Taking the car out of the archive changes it even when the user then cancels.

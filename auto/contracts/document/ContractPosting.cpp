@@ -6,9 +6,11 @@
 #include "auto/contracts/document/ContractDocumentRows.h"
 #include "auto/contracts/figures/InstalmentSale.h"
 #include "auto/settings/ContractSettings.h"
+#include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/utility/values/Money.h"
 
@@ -20,6 +22,12 @@ PartyKind partyKind(qint32 stored)
 {
     return stored >= 0 && stored <= static_cast<qint32>(PartyKind::Other) ? static_cast<PartyKind>(stored)
                                                                           : PartyKind::None;
+}
+
+KSql saleStatement(int docNum, int fiscalYear)
+{
+    return KSql::formatted("SELECT iID FROM Docs WHERE iDocNum=%1 AND iFiscalYear=%2 AND iHesabMoeenCode=%3 LIMIT 1 LOCK IN SHARE MODE",
+                           docNum, fiscalYear, int(Accounts::carSaleClearing));
 }
 
 // What will be received by the plan, in the decimals of the money unit, less what it splits. Read as it is now and not as it was when
@@ -119,9 +127,16 @@ bool ContractPosting::holdsSale(const CTblAutomobilContracts &contract)
         return false;
     CTblTemp rows(contract.database());
     rows.Open(true, false, true);
-    rows.FormatAndExecuteQuery("SELECT iID FROM Docs WHERE iDocNum=%d AND iFiscalYear=%d AND iHesabMoeenCode=%d LIMIT 1 LOCK IN SHARE MODE",
-                               contract.m_iDocNum, contract.m_iFiscalYear, int(Accounts::carSaleClearing));
+    rows.ExecuteQuery(saleStatement(contract.m_iDocNum, contract.m_iFiscalYear));
     return rows.HasResultRow();
+}
+
+void ContractPosting::expect(int docNum, int fiscalYear, int database)
+{
+    if (docNum < 1)
+        return;
+    KReadAhead::expect(saleStatement(docNum, fiscalYear), database);
+    CTblDocuments::expectRewrite(docNum, fiscalYear, database);
 }
 
 bool ContractPosting::postsSale(const CTblAutomobilContracts &contract)

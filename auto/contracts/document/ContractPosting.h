@@ -34,6 +34,8 @@ namespace ContractPosting {
 
 // Whether the stored document of the contract holds the price.
 [[nodiscard]] bool holdsSale(const CTblAutomobilContracts &contract);
+// That post will read the document of that number, and holdsSale be asked before (KReadAhead).
+void expect(int docNum, int fiscalYear, int database = 0);
 // Whether it will once it is written.
 [[nodiscard]] bool postsSale(const CTblAutomobilContracts &contract);
 

@@ -37,9 +37,14 @@ RecordSaving::Parts<Contract> partsOf(const ContractSaving::CustomFields &custom
 {
     RecordSaving::Parts<Contract> parts;
     parts.locks = [] { CTblDocuments::lockBooks(); };
+    parts.expect = [plan](int key, const KRowValues &opened) {
+        if (plan.expect)
+            plan.expect(key);
+        ContractPosting::expect(opened.value(u"iDocNum"_s).toInt(), opened.value(u"iFiscalYear"_s).toInt());
+    };
     parts.beforeRow = [&posted, plan](Contract &contract) {
-        if (plan)
-            plan(contract);
+        if (plan.run)
+            plan.run(contract);
         if (!ContractPosting::post(contract))
             throw KAccountingError(u"سند حسابداری قرارداد ایجاد نشد؛ چیزی ذخیره نشد."_s);
         posted = {contract.m_iDocNum, contract.m_iFiscalYear};

@@ -28,13 +28,19 @@ struct CustomFields
     QHash<int, QString> changed; // of those that the user changed since
 };
 
-// Whether the money received for the contract allows it, and what becomes of its instalment plan, once the contract holds what both sides decided and before its document is written. Runs in
-// the unit; what it throws ends the save, and nothing of it is kept. Empty: the plan stays as it is.
-using PlanStep = std::function<void(CTblAutomobilContracts &)>;
+// Whether the money received for the contract allows it, and what becomes of its instalment plan. Empty: the plan stays as it is.
+struct PlanStep
+{
+    // Once the contract holds what both sides decided and before its document is written. Runs in the unit; what it throws ends the save, and
+    // nothing of it is kept.
+    std::function<void(CTblAutomobilContracts &)> run = {};
+    // Names what it will read of the contract of that key (KReadAhead).
+    std::function<void(int key)> expect = {};
+};
 
 using Decision = RecordSaving::Decision<CTblAutomobilContracts>;
 
-// What is written along with the saved contract, behind its row. Runs in the unit, as PlanStep does. Empty: nothing.
+// What is written along with the saved contract, behind its row. Runs in the unit, as PlanStep::run does. Empty: nothing.
 using FurtherStep = std::function<void(CTblAutomobilContracts &)>;
 
 // As RecordSaving does it. A custom field that both sides changed is one more conflict, under the name of customFieldName. Throws

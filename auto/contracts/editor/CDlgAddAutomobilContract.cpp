@@ -16,10 +16,12 @@
 #include "auto/contracts/editor/LoadCarForContract.h"
 #include "auto/contracts/editor/MatterVisibility.h"
 #include "auto/contracts/receipts/CDlgContractReceipts.h"
+#include "auto/contracts/instalments/StoredInstalments.h"
 #include "auto/contracts/receipts/ContractChanging.h"
 #include "auto/contracts/receipts/ContractDeleting.h"
 #include "auto/contracts/whatif/CDlgDealWhatIf.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "auto/db/CTblCarContracts.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/attachments/CDlgCustomFields.h"
 #include "suite/accounting/attachments/CTblCustomFieldRecords.h"
@@ -28,6 +30,8 @@
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/crm/persons/KPersonField.h"
+#include "suite/db/connection/KReadAhead.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/forms/KForm.h"
 #include "suite/utility/frame/KTabPageButtons.h"
@@ -40,6 +44,18 @@ using namespace Qt::StringLiterals;
 OfficeSettings CDlgAddAutomobilContract::readSettings()
 {
     return OfficeSettings::read({ContractSettings::section()});
+}
+
+void CDlgAddAutomobilContract::expectSettings()
+{
+    OfficeSettings::expect({ContractSettings::section()});
+}
+
+void CDlgAddAutomobilContract::expectEdit(int key)
+{
+    expectSettings();
+    CTblCarContracts::expectCarOf(key);
+    expectRow<CTblAutomobilContracts>(key);
 }
 
 int CDlgAddAutomobilContract::addPlaceholder(const OfficeSettings &settings)
@@ -55,6 +71,7 @@ int CDlgAddAutomobilContract::addPlaceholder(const OfficeSettings &settings)
 
 int CDlgAddAutomobilContract::NewContract(QWidget *parent, int carID)
 {
+    const KReadAhead reading;
     const OfficeSettings settings = readSettings();
     settings.requireOpen();
     const int key = addPlaceholder(settings);
@@ -68,6 +85,7 @@ int CDlgAddAutomobilContract::NewContract(QWidget *parent, int carID)
 
 bool CDlgAddAutomobilContract::EditContract(int key, bool isNew, QWidget *parent)
 {
+    const KReadAhead reading;
     const OfficeSettings settings = readSettings();
     settings.requireOpen();
     return edit(key, isNew ? ContractEditorMode::New : ContractEditorMode::Edit, settings, parent) != 0;
@@ -114,6 +132,8 @@ bool CDlgAddAutomobilContract::load(const OfficeSettings &settings)
         return false;
     addPages(settings);
     applyMode();
+    if (mode() == ContractEditorMode::Edit)
+        CTblCustomFieldRecords::expectValues(CTblAutomobilContracts::recordKind, key());
     m_base->fill(contract);
     m_matter->fill(contract);
     showState(contract.m_iStatus, contract.m_iArchiveUserID, settings.isClosed());
@@ -228,10 +248,14 @@ void CDlgAddAutomobilContract::save()
 void CDlgAddAutomobilContract::savePosted()
 {
     const KWaitCursor wait;
-    const auto moneyAndPlan = [this](CTblAutomobilContracts &contract) {
-        ContractChanging::requireAllowed(contract);
-        PlanFollowing::run(contract, m_planAnswer);
-    };
+    const ContractSaving::PlanStep moneyAndPlan{[this](CTblAutomobilContracts &contract) {
+                                                    ContractChanging::requireAllowed(contract);
+                                                    PlanFollowing::run(contract, m_planAnswer);
+                                                },
+                                                [](int key) {
+                                                    ContractChanging::expect(key);
+                                                    StoredInstalments::expectLocked(key);
+                                                }};
     m_posted = ContractSaving::save(decision(pages()), {m_customFields->openedValues(), m_customFields->changedValues()}, moneyAndPlan,
                                     [this](CTblAutomobilContracts &contract) { m_car.write(contract); });
 }

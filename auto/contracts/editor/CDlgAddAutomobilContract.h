@@ -27,6 +27,9 @@ public:
     static int NewContract(QWidget *parent, int carID = 0);
     // True when the user confirmed. False also when there is no such contract.
     static bool EditContract(int key, bool isNew, QWidget *parent);
+    // That one will be edited, or only begun (KReadAhead).
+    static void expectEdit(int key);
+    static void expectSettings();
     // refresh is set when the contract was changed meanwhile (taken out of the archive). A key below 1 does nothing.
     static void ShowContract(int key, bool &refresh, QWidget *parent);
 

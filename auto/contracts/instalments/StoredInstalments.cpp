@@ -12,6 +12,7 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/accounting/changes/OfficeClosing.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/CDBSetting.h"
@@ -60,16 +61,20 @@ KSql locking(bool locked)
 }
 
 // What the receipts that stand say, by instalment.
+KSql receivedStatement(int contractID, bool locked)
+{
+    return KSql::formatted("SELECT iPaymentID,SUM(IF(iKind=%1,-dAmount,dAmount)) FROM Receipts WHERE iTable=%2 AND iRecordID=%3"
+                           " AND iStatus=%4 AND iPaymentID>0 GROUP BY iPaymentID",
+                           int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), contractID, int(CTblReceipts::valid))
+        + locking(locked);
+}
+
 QHash<int, double> receivedFor(int contractID, bool locked)
 {
     QHash<int, double> received;
     CTblTemp statement;
     statement.Open(true, false, true);
-    statement.ExecuteQuery(KSql::formatted("SELECT iPaymentID,SUM(IF(iKind=%1,-dAmount,dAmount)) FROM Receipts WHERE iTable=%2 AND iRecordID=%3"
-                                           " AND iStatus=%4 AND iPaymentID>0 GROUP BY iPaymentID",
-                                           int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), contractID,
-                                           int(CTblReceipts::valid))
-                           + locking(locked));
+    statement.ExecuteQuery(receivedStatement(contractID, locked));
     for (; statement.HasResultRow(); statement.MoveNextResult())
         received.insert(statement.GetLongFieldValue(0), statement.GetDoubleFieldValue(1));
     return received;
@@ -202,6 +207,13 @@ std::vector<StoredInstalments::Row> StoredInstalments::load(int contractID, Scop
 std::vector<StoredInstalments::Row> StoredInstalments::loadLocked(int contractID, Scope scope)
 {
     return rowsOf(contractID, scope, true);
+}
+
+// Those of the plan can be named only when the department is known.
+void StoredInstalments::expectLocked(int contractID)
+{
+    CDBSetting::expectDepartments();
+    KReadAhead::expect(receivedStatement(contractID, true));
 }
 
 QString StoredInstalments::lastChange(int contractID)

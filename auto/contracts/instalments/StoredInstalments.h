@@ -48,6 +48,8 @@ enum class Scope {
 std::vector<Row> load(int contractID, Scope scope = Scope::Department);
 // The same within a transaction that holds the contract's lock: as they are now, and so until it ends.
 std::vector<Row> loadLocked(int contractID, Scope scope = Scope::Department);
+// That loadLocked will be asked (KReadAhead).
+void expectLocked(int contractID);
 // What agrees with the contract, or does not. principal: what is to be split now. There must be a row.
 PlanFigures figuresOf(const std::vector<Row> &rows, double principal);
 

@@ -70,6 +70,11 @@ void requireNoMoneyOfOthers(const Contract &stored, const Contract &contract, co
 
 }
 
+void ContractChanging::expect(int key)
+{
+    Contract().expectLock(key);
+}
+
 void ContractChanging::requireAllowed(const CTblAutomobilContracts &contract)
 {
     const ContractSide &seller = ContractSide::of(ContractSide::seller);

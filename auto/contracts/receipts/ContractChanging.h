@@ -13,5 +13,7 @@ namespace ContractChanging {
 // something else of a sale that the books hold while money for the price or its instalments stands, and where
 // it gives a side another person while what was received from or paid to somebody else for that side stands.
 void requireAllowed(const CTblAutomobilContracts &contract);
+// That it will be asked about the contract of that key (KReadAhead).
+void expect(int key);
 
 }

@@ -52,6 +52,13 @@ void CTblCustomFieldRecords::DoFieldExchange()
     RFX_Text(u"sValue", m_sValue, u"مقدار");
 }
 
+void CTblCustomFieldRecords::expectValues(int table, int recordID, int database)
+{
+    CTblCustomFieldRecords set(database);
+    set.m_filter = recordFilter(table, recordID);
+    set.expectOpen();
+}
+
 QHash<int, QString> CTblCustomFieldRecords::values(int table, int recordID, int database)
 {
     CTblCustomFieldRecords set(database);

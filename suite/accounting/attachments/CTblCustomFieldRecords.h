@@ -22,6 +22,8 @@ public:
 
     // Value per field key of one record.
     static QHash<int, QString> values(int table, int recordID, int database = 0);
+    // That they will be asked (KReadAhead).
+    static void expectValues(int table, int recordID, int database = 0);
     // Replaces the record's values; joins the caller's transaction.
     static void setValues(int table, int recordID, const QHash<int, QString> &values, int database = 0);
     // Writes these values and leaves the record's others; an empty one deletes its row. Joins the caller's transaction.

@@ -9,6 +9,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 
 #include <QStringList>
@@ -30,11 +31,16 @@ KSql picturesOf(int kind, qint32 recordID)
     return KSql::formatted("iTable=%1 AND iRecordID=%2", kind, recordID);
 }
 
+KSql namesStatement(int kind, qint32 recordID)
+{
+    return KSql::formatted("SELECT iID,sName FROM Pictures WHERE %1 ORDER BY iOrder,iID", picturesOf(kind, recordID));
+}
+
 Stored storedPictures(int kind, qint32 recordID, bool locks, int database)
 {
     CTblTemp rows(database);
     rows.Open(false, false, true);
-    KSql statement = KSql::formatted("SELECT iID,sName FROM Pictures WHERE %1 ORDER BY iOrder,iID", picturesOf(kind, recordID));
+    KSql statement = namesStatement(kind, recordID);
     if (locks)
         statement += " FOR UPDATE";
     rows.ExecuteQuery(statement);
@@ -172,6 +178,11 @@ bool RecordPictures::Change::isEmpty() const
 QList<RecordPictures::Picture> RecordPictures::further(int kind, qint32 recordID, int database)
 {
     return storedPictures(kind, recordID, false, database);
+}
+
+void RecordPictures::expectFurther(int kind, qint32 recordID, int database)
+{
+    KReadAhead::expect(namesStatement(kind, recordID), database);
 }
 
 QList<RecordPictures::Picture> RecordPictures::all(int kind, qint32 recordID, int database)

@@ -42,6 +42,8 @@ public:
 
     // Neither reads a picture.
     static QList<Picture> further(int kind, qint32 recordID, int database = 0);
+    // That they will be asked (KReadAhead).
+    static void expectFurther(int kind, qint32 recordID, int database = 0);
     static QList<Picture> all(int kind, qint32 recordID, int database = 0);
     // Empty where it is gone.
     static QByteArray bytes(int kind, qint32 recordID, qint32 id, int database = 0);

@@ -76,13 +76,10 @@ void CTblDocs::setRow(int docNum, int fiscalYear, const DocumentRow &row)
         throw KAccountingError(u"ردیف سند حسابداری درست نیست و سند ثبت نشد."_s);
 }
 
-int CTblDocs::AddRecord(int docNum, int fiscalYear, const DocumentRow &row, int database)
+void CTblDocs::AddRecords(int docNum, int fiscalYear, const QList<DocumentRow> &rows, int database)
 {
     CTblDocs set(database);
-    set.AddNew();
-    set.setRow(docNum, fiscalYear, row);
-    set.Update(true);
-    return static_cast<int>(set.GetLastInsertedID());
+    set.AddRows(rows.size(), [&](qsizetype index) { set.setRow(docNum, fiscalYear, rows.at(index)); });
 }
 
 AccountBalance CTblDocs::GetBedBesHesabKol1(int kolCode, const QDateTime &from, const QDateTime &to, int database)

@@ -19,8 +19,8 @@ public:
     ~CTblDocs() override;
     QString GetTableName() const override;
 
-    // Adds the row to the document and returns its key. Joins the caller's transaction. Throws KAccountingError as setRow does.
-    static int AddRecord(int docNum, int fiscalYear, const DocumentRow &row, int database = 0);
+    // Adds the rows to the document, by one statement. Joins the caller's transaction. Throws KAccountingError as setRow does, and adds none then.
+    static void AddRecords(int docNum, int fiscalYear, const QList<DocumentRow> &rows, int database = 0);
     // Sets every column but the key. Throws KAccountingError for a row that no document may hold: no document number, a
     // negative amount, amounts on both sides, no account that rows stand on.
     void setRow(int docNum, int fiscalYear, const DocumentRow &row);

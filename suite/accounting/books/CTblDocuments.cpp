@@ -4,11 +4,12 @@
 #include "suite/accounting/books/CTblDocuments.h"
 
 #include "suite/db/records/CTblTemp.h"
-#include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/changes/ChangedLines.h"
 #include "suite/accounting/books/totals/AccountTotals.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/Money.h"
 
@@ -26,6 +27,13 @@ const QString notedRows = u"rows"_s;
 KSql documentFilter(int num, int fiscalYear)
 {
     return KSql::formatted("iNum=%1 AND iFiscalYear=%2", num, fiscalYear);
+}
+
+KSql balanceStatement(int num, int fiscalYear)
+{
+    return KSql::formatted("SELECT SUM(d.dBed), SUM(d.dBes), SUM(m.iID IS NULL) FROM Docs d LEFT JOIN HesabMoeen m ON m.iCode=d.iHesabMoeenCode "
+                           "WHERE d.iDocNum=%1 AND d.iFiscalYear=%2",
+                           num, fiscalYear);
 }
 
 // Of a document that was released from the sums of its accounts.
@@ -70,9 +78,14 @@ void CTblDocuments::DoFieldExchange()
 
 int CTblDocuments::AddDoc(int kind, const QDateTime &date, const QString &desc, int fiscalYear, int database)
 {
+    return addHeader(kind, date, desc, fiscalYear, database).num;
+}
+
+CTblDocuments::Header CTblDocuments::addHeader(int kind, const QDateTime &date, const QString &desc, int fiscalYear, int database)
+{
     if (fiscalYear < 1 || CDBSetting::IsClosed(database)) {
         qCWarning(lcDocuments) << "no document was added: the database is closed or there is no fiscal year" << fiscalYear;
-        return 0;
+        return {};
     }
     KTransaction transaction(database);
     CTblDocuments set(database);
@@ -85,7 +98,7 @@ int CTblDocuments::AddDoc(int kind, const QDateTime &date, const QString &desc, 
     set.m_iUserID = GetDBSetting()->GetUserID();
     set.Update(true);
     transaction.commit();
-    return set.m_iNum;
+    return {set.m_iNum, set.m_iID};
 }
 
 // By one row: its holder is alone also in a fiscal year that has no document yet, where there is no last document to lock.
@@ -112,32 +125,45 @@ int CTblDocuments::drawNumber(int fiscalYear, int database)
 
 bool CTblDocuments::EditDoc(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)
 {
+    return editedKey(num, fiscalYear, date, desc, database) != 0;
+}
+
+// Of the header that was given them; 0: there is none, or the database is closed.
+qint32 CTblDocuments::editedKey(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)
+{
     if (num < 1 || CDBSetting::IsClosed(database))
-        return false;
+        return 0;
     KTransaction transaction(database);
-    AccountTotals::release(num, fiscalYear, database);
     CTblDocuments set(database);
     set.m_filter = documentFilter(num, fiscalYear);
     set.Open(true, true, true);
-    bool isWritten = false;
     if (!set.IsEOF()) {
+        AccountTotals::release(num, fiscalYear, database);
         set.Edit();
         set.m_date = date;
         set.m_sDesc = desc;
-        isWritten = set.Update(true);
+        set.Update(true);
     }
     transaction.commit();
-    return isWritten;
+    return set.m_iID;
 }
 
-std::optional<QList<DocumentRow>> CTblDocuments::Rewrite(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)
+std::optional<CTblDocuments::Emptied> CTblDocuments::Rewrite(int num, int fiscalYear, const QDateTime &date, const QString &desc, int database)
 {
     KTransaction transaction(database);
-    std::optional<QList<DocumentRow>> rows;
-    if (EditDoc(num, fiscalYear, date, desc, database))
-        rows = takenRows(num, fiscalYear, database);
+    std::optional<Emptied> emptied;
+    if (const qint32 key = editedKey(num, fiscalYear, date, desc, database))
+        emptied = {key, takenRows(num, fiscalYear, database)};
     transaction.commit();
-    return rows;
+    return emptied;
+}
+
+void CTblDocuments::expectRewrite(int num, int fiscalYear, int database)
+{
+    OfficeSettings::expect({}, database);
+    CTblDocuments set(database);
+    set.m_filter = documentFilter(num, fiscalYear);
+    set.expectOpen();
 }
 
 void CTblDocuments::EmptyDoc(int num, int fiscalYear, int database)
@@ -163,17 +189,6 @@ QList<DocumentRow> CTblDocuments::TakeRows(int num, int fiscalYear, int database
     return rows;
 }
 
-void CTblDocuments::NoteRows(int num, int fiscalYear, const QList<DocumentRow> &before, const QList<DocumentRow> &after, int database)
-{
-    const auto changed = ChangedLines::between(notedRows, documentLines(before), documentLines(after));
-    if (!changed)
-        return;
-    CTblTemp header(database);
-    header.FormatAndExecuteQuery("SELECT iID FROM Documents WHERE iNum=%d AND iFiscalYear=%d", num, fiscalYear);
-    if (header.HasResultRow())
-        KChangeLog::note(CTblDocuments(database).GetTableName(), header.GetLongFieldValue(0), KChange::Kind::Changed, database, {*changed});
-}
-
 void CTblDocuments::DeleteDoc(int num, int fiscalYear, int kind, int userID, const QString &reason, int database)
 {
     if (num < 1)
@@ -184,7 +199,7 @@ void CTblDocuments::DeleteDoc(int num, int fiscalYear, int kind, int userID, con
     set.Open(false, true, true);
     const bool meant = !set.IsEOF() && (kind == 0 || kind == set.m_iKind) && (userID == 0 || userID == set.m_iUserID);
     if (meant) {
-        if (const auto rows = ChangedLines::between(notedRows, documentLines(TakeRows(num, fiscalYear, database)), {}))
+        if (const auto rows = changedRows(TakeRows(num, fiscalYear, database), {}))
             set.noteFurther(*rows);
         set.Delete();
         if (!reason.isEmpty())
@@ -203,13 +218,18 @@ void CTblDocuments::VoidDoc(int num, int fiscalYear, int database)
     set.m_filter = documentFilter(num, fiscalYear);
     set.Open(false, true, true);
     if (!set.IsEOF()) {
-        if (const auto changed = ChangedLines::between(notedRows, documentLines(rows), {}))
+        if (const auto changed = changedRows(rows, {}))
             set.noteFurther(*changed);
         set.Edit();
         set.m_iStatus = 1;
         set.Update(true);
     }
     transaction.commit();
+}
+
+std::optional<KChangedValue> CTblDocuments::changedRows(const QList<DocumentRow> &before, const QList<DocumentRow> &after)
+{
+    return ChangedLines::between(notedRows, documentLines(before), documentLines(after));
 }
 
 bool CTblDocuments::hasRows(int num, int fiscalYear, int database)
@@ -219,16 +239,19 @@ bool CTblDocuments::hasRows(int num, int fiscalYear, int database)
     return rows.HasResultRow();
 }
 
+void CTblDocuments::expectBalanced(int num, int fiscalYear, int database)
+{
+    if (num > 0)
+        KReadAhead::expectBehind(balanceStatement(num, fiscalYear), database);
+}
+
 void CTblDocuments::RequireBalanced(int num, int fiscalYear, int database)
 {
     if (num < 1)
         return;
     CTblTemp temp(database);
     temp.Open(false, false, true);
-    temp.FormatAndExecuteQuery("SELECT SUM(d.dBed), SUM(d.dBes), SUM(m.iID IS NULL) FROM Docs d "
-                               "LEFT JOIN HesabMoeen m ON m.iCode=d.iHesabMoeenCode "
-                               "WHERE d.iDocNum=%d AND d.iFiscalYear=%d",
-                               num, fiscalYear);
+    temp.ExecuteQuery(balanceStatement(num, fiscalYear));
     const double debit = temp.GetDoubleFieldValue(0);
     const double credit = temp.GetDoubleFieldValue(1);
     if (temp.GetLongFieldValue(2) > 0)

@@ -3,6 +3,7 @@
 
 #include "suite/accounting/books/DocumentRows.h"
 
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KLookup.h"
 #include "suite/accounting/books/CTblDocs.h"
@@ -27,6 +28,9 @@ QList<Named> read(int num, int fiscalYear, int database)
         (isDetail ? detail : subsidiary).append(account);
         persons.append(docs.m_iPersonID);
     }
+    const KReadAhead reading(database);
+    KLookup::expectNames(docs, u"iHesabTafsilyCode", detail);
+    KLookup::expectNames(docs, u"iPersonID", persons);
     // A code shows its level by its length, so one hash can hold the names of both.
     QHash<int, QString> accountNames = KLookup::names(docs, u"iHesabMoeenCode", subsidiary);
     accountNames.insert(KLookup::names(docs, u"iHesabTafsilyCode", detail));

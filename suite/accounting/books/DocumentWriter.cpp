@@ -7,6 +7,8 @@
 #include "suite/accounting/books/CTblDocuments.h"
 #include "suite/accounting/books/chart/Accounts.h"
 #include "suite/accounting/frame/KAccountingError.h"
+#include "suite/db/connection/KReadAhead.h"
+#include "suite/db/records/KChangeLog.h"
 #include "suite/utility/values/Money.h"
 
 using namespace Qt::StringLiterals;
@@ -29,7 +31,9 @@ DocumentWriter::DocumentWriter(DocumentContent content, int database)
 
 bool DocumentWriter::add(int kind, int fiscalYear)
 {
-    m_num = CTblDocuments::AddDoc(kind, m_content.date, m_content.description, fiscalYear, m_database);
+    const CTblDocuments::Header header = CTblDocuments::addHeader(kind, m_content.date, m_content.description, fiscalYear, m_database);
+    m_num = header.num;
+    m_header = header.key;
     m_fiscalYear = fiscalYear;
     m_notesRows = kind == Accounts::documentKindManual;
     return m_num != 0;
@@ -40,7 +44,8 @@ bool DocumentWriter::rewrite(int num, int fiscalYear)
     const auto before = CTblDocuments::Rewrite(num, fiscalYear, m_content.date, m_content.description, m_database);
     if (!before)
         return false;
-    m_before = *before;
+    m_header = before->key;
+    m_before = before->rows;
     m_notesRows = true;
     m_num = num;
     m_fiscalYear = fiscalYear;
@@ -49,9 +54,17 @@ bool DocumentWriter::rewrite(int num, int fiscalYear)
 
 void DocumentWriter::writeRows() const
 {
-    for (const DocumentRow &row : m_content.rows)
-        CTblDocs::AddRecord(m_num, m_fiscalYear, row, m_database);
-    if (m_notesRows)
-        CTblDocuments::NoteRows(m_num, m_fiscalYear, m_before, m_content.rows, m_database);
+    const KReadAhead ahead(m_database);
+    CTblDocuments::expectBalanced(m_num, m_fiscalYear, m_database);
+    CTblDocs::AddRecords(m_num, m_fiscalYear, m_content.rows, m_database);
     CTblDocuments::RequireBalanced(m_num, m_fiscalYear, m_database);
+    noteRows();
+}
+
+void DocumentWriter::noteRows() const
+{
+    if (!m_notesRows)
+        return;
+    if (const auto changed = CTblDocuments::changedRows(m_before, m_content.rows))
+        KChangeLog::note(CTblDocuments(m_database).GetTableName(), m_header, KChange::Kind::Changed, m_database, {*changed});
 }

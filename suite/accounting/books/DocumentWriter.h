@@ -41,9 +41,13 @@ public:
     static QString imbalance(const QList<DocumentRow> &rows);
 
 private:
+    // In the log of changes; nothing where they are the same.
+    void noteRows() const;
+
     DocumentContent m_content;
     int m_database;
     int m_num = 0;
+    qint32 m_header = 0; // its key
     int m_fiscalYear = 0;
     QList<DocumentRow> m_before; // what stood in it
     // The rows of a new document follow from its owner, except for one that was written by hand.

@@ -5,10 +5,26 @@
 
 #include "suite/accounting/changes/RowChanged.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KChangeLog.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+KSql closedStatement()
+{
+    return KSql::formatted("SELECT sValue FROM Properties WHERE sSection=%1 AND sKey=%2 LOCK IN SHARE MODE",
+                           KSql::quoted(OfficeSettings::closed.section.toString()), KSql::quoted(OfficeSettings::closed.key.toString()));
+}
+
+}
+
+void OfficeClosing::expect(int database)
+{
+    KReadAhead::expect(closedStatement(), database);
+}
 
 void OfficeClosing::requireOpen(int database)
 {
@@ -16,9 +32,7 @@ void OfficeClosing::requireOpen(int database)
         throw KAccountingError(OfficeSettings::closedMessage());
     CTblTemp setting(database);
     setting.Open(true, false, true);
-    setting.ExecuteQuery(KSql::formatted("SELECT sValue FROM Properties WHERE sSection=%1 AND sKey=%2 LOCK IN SHARE MODE",
-                                         KSql::quoted(OfficeSettings::closed.section.toString()),
-                                         KSql::quoted(OfficeSettings::closed.key.toString())));
+    setting.ExecuteQuery(closedStatement());
     if (!setting.HasResultRow() || setting.GetTextFieldValue(0).toInt() == 0)
         return;
     // A closed database takes no other setting, so the section's last change is the closing.

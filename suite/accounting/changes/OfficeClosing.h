@@ -11,5 +11,7 @@ namespace OfficeClosing {
 // Throws KAccountingError, which says who closed the database and when as far as that is known, in a closed one. Within a
 // transaction nobody closes it until that ends. Throws CMySQLException.
 TZACCOUNTINGDATA_EXPORT void requireOpen(int database = 0);
+// That it will be asked (KReadAhead).
+TZACCOUNTINGDATA_EXPORT void expect(int database = 0);
 
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "suite/accounting/frame/CDlgMessage.h"
+#include "suite/db/connection/KConnection.h"
 #include "suite/utility/frame/KDialog.h"
 
 #include <QApplication>
@@ -75,6 +76,8 @@ KMessageDialog::Answer answerOfClosing(Buttons buttons)
 
 KMessageDialog::Answer show(KMessageDialog::Kind kind, const QString &text, Buttons buttons, QWidget *parent)
 {
+    // A notice that it waited would be the active window, and goes.
+    KConnection::endOperation();
     const NormalCursor cursor;
     return CDlgMessage(kind, text, choicesOf(buttons), answerOfClosing(buttons), parent ? parent : QApplication::activeWindow()).ask();
 }

@@ -3,6 +3,8 @@
 
 #include "suite/accounting/frame/KMessageDialog.h"
 
+#include "suite/db/connection/KReadAhead.h"
+
 #include <QCoreApplication>
 #include <QLoggingCategory>
 
@@ -73,6 +75,7 @@ KMessageDialog::Answer KMessageDialog::AskOrCancel(const QString &text, QWidget 
 
 KMessageDialog::Answer KMessageDialog::run(const QString &text, Buttons buttons, QWidget *parent)
 {
+    KReadAhead::endAll();
     m_shown.append(text);
     if (buttons != Buttons::Ok && !m_answers.isEmpty())
         return m_answers.dequeue();

@@ -4,6 +4,7 @@
 #include "suite/accounting/lists/KListCount.h"
 
 #include "suite/db/connection/KConnection.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KMySQL.h"
 
@@ -19,6 +20,12 @@ namespace {
 Q_LOGGING_CATEGORY(lcCount, "tz.lists")
 
 qint64 atOnce = 5000;
+
+// One more than are counted at once says that there are more.
+qint64 mostAtOnce(qint64 read)
+{
+    return read + atOnce + 1;
+}
 
 }
 
@@ -77,10 +84,15 @@ void KListCount::forget()
     m_isAtLeast = false;
 }
 
+void KListCount::expect(KMySQL &set, qint64 read)
+{
+    KReadAhead::expect(set.CountStatement(mostAtOnce(read)), set.database());
+}
+
 void KListCount::count(KMySQL &set, qint64 read)
 {
     forget();
-    const qint64 most = read + atOnce + 1;
+    const qint64 most = mostAtOnce(read);
     const qint64 matching = set.CountMatching(most);
     m_isAtLeast = matching >= most;
     m_leftOut = qMax<qint64>(0, (m_isAtLeast ? most - 1 : matching) - read);

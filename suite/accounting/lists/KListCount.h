@@ -25,6 +25,8 @@ public:
 
     // Of what the set's filter matches, where so many have been read. Throws CMySQLException.
     void count(KMySQL &set, qint64 read);
+    // That it will be counted (KReadAhead).
+    static void expect(KMySQL &set, qint64 read);
     // Nothing is kept back.
     void forget();
 

@@ -18,6 +18,8 @@
 #include "suite/accounting/lists/SavedFilterMenu.h"
 #include "suite/accounting/lists/SavedFilterText.h"
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/utility/frame/KWaitCursor.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/lists/KExtListCtrl.h"
@@ -87,6 +89,7 @@ void KListPage::setSelectMode(bool on, int preselectedKey)
 
 void KListPage::build()
 {
+    OfficeSettings::expect();
     m_traits = traits();
     m_asking.setHasPlaceholders(m_traits.hasPlaceholders);
     m_columnTable = m_readTable = columnTable();
@@ -504,6 +507,8 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter, int limit)
     KMySQL &set = records();
     KeptAsking kept(m_asking);
     m_asking.open(set, filter, KSql::order(m_order.sort()), limit);
+    const KReadAhead reading(set.database());
+    expectCount();
     beginRows();
     QVector<KListModel::Row> rows = makeRows(set, 1);
     completeRows(rows);
@@ -520,6 +525,13 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter, int limit)
 bool KListPage::hasFurtherRows()
 {
     return m_asking.hasFurtherRows(records(), filterClauses(), filters().widestCondition(GetDBSetting()->GetUserID()), !filters().filters().isEmpty());
+}
+
+// Together with the names of the rows.
+void KListPage::expectCount()
+{
+    if (m_asking.isCut())
+        KListCount::expect(records(), m_asking.readSoFar());
 }
 
 void KListPage::countLeftOut()
@@ -545,6 +557,8 @@ void KListPage::readFurther()
     KeptAsking kept(m_asking);
     m_asking.openNext(set, m_filledLimit);
     const int shown = m_list->listModel()->allRows();
+    const KReadAhead reading(set.database());
+    expectCount();
     beginRows();
     QVector<KListModel::Row> rows = makeRows(set, shown + 1);
     completeRows(rows);

@@ -226,6 +226,7 @@ private:
     KMySQL &records();
     QVector<KListModel::Row> readRows(const KSql &filter, int limit);
     QVector<KListModel::Row> makeRows(KMySQL &records, int first);
+    void expectCount();
     void countLeftOut();
     void restoreSelection(int rememberedRow);
     void updateCount();

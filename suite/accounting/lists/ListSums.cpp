@@ -4,6 +4,7 @@
 #include "suite/accounting/lists/ListSums.h"
 
 #include "suite/accounting/office/CDBSetting.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/values/Money.h"
 
@@ -32,6 +33,9 @@ ListSums::ListSums(KExtListCtrl *list, bool hasTotals, QWidget *card)
     setTextFormat(Qt::PlainText);
     list->setSeveralMarkable();
     connect(list, &KExtListCtrl::marksChanged, this, &ListSums::refresh);
+    // For the unit of money.
+    if (isShown())
+        OfficeSettings::expect();
 }
 
 bool ListSums::isWanted(const KExtListCtrl &list)

@@ -190,6 +190,13 @@ QList<CDBSetting::Department> CDBSetting::Departments() const
     return departments;
 }
 
+void CDBSetting::expectDepartments()
+{
+    CTblDepartments set;
+    set.m_sort = "iID";
+    set.expectOpen();
+}
+
 int CDBSetting::GetDepartmentID() const
 {
     const QList<Department> departments = Departments();

@@ -80,6 +80,8 @@ public:
     void SetFiscalYearClosingDate(const QDateTime &date);
 
     QList<Department> Departments() const;
+    // That they will be asked (KReadAhead).
+    static void expectDepartments();
     // The department that new records belong to: the first one; 0 when there is none.
     int GetDepartmentID() const;
 

@@ -46,6 +46,11 @@ QList<CTblMultiItems::Value> CTblMultiItems::values(int itemType, int database)
     return found;
 }
 
+void CTblMultiItems::expectValues(int itemType, int database)
+{
+    CTblMultiItems(itemType, database).expectOpen();
+}
+
 int CTblMultiItems::addValue(int itemType, const QString &name, int database)
 {
     const QString standard = requiredNewName(itemType, name, 0, database);

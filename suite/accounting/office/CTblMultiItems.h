@@ -25,6 +25,8 @@ public:
     ~CTblMultiItems() override;
 
     static QList<Value> values(int itemType, int database = 0);
+    // That they will be asked (KReadAhead).
+    static void expectValues(int itemType, int database = 0);
     // Fills the drop-down with "-" (data 0) and the type's values (data: their keys) and stands on current.
     template <class ComboBox>
     static void FillComboBox(ComboBox *combo, int itemType, int current = 0)

@@ -66,10 +66,14 @@ void CTblProperties::DBWriteSetting(const QString &section, const QString &key, 
 
 void CTblProperties::DBWriteSetting(const QString &section, const QString &key, const QString &value, int database)
 {
-    // One statement, so that two users who store the same key for the first time do not collide.
-    KConnection::forThread(database).run(
-        KSql::formatted("INSERT INTO Properties(sSection,sKey,sValue) VALUES(%1,%2,%3) ON DUPLICATE KEY UPDATE sValue=VALUES(sValue)",
-                        KSql::quoted(section), KSql::quoted(key), KSql::quoted(value)));
+    KConnection::forThread(database).run(writing(section, key, value));
+}
+
+// One statement, so that two users who store the same key for the first time do not collide.
+KSql CTblProperties::writing(const QString &section, const QString &key, const QString &value)
+{
+    return KSql::formatted("INSERT INTO Properties(sSection,sKey,sValue) VALUES(%1,%2,%3) ON DUPLICATE KEY UPDATE sValue=VALUES(sValue)",
+                           KSql::quoted(section), KSql::quoted(key), KSql::quoted(value));
 }
 
 void CTblProperties::DBWriteSettingInt(const QString &section, const QString &key, int value, int database)

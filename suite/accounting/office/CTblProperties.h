@@ -26,6 +26,8 @@ public:
     static int DBReadSettingInt(const QString &section, const QString &key, int defaultValue, int database = 0);
     static void DBWriteSetting(const QString &section, const QString &key, double value, int database = 0);
     static void DBWriteSetting(const QString &section, const QString &key, const QString &value, int database = 0);
+    // The statement of DBWriteSetting.
+    static KSql writing(const QString &section, const QString &key, const QString &value);
     static void DBWriteSettingInt(const QString &section, const QString &key, int value, int database = 0);
     // All keys of a section with their values, in one statement.
     static QHash<QString, QString> DBReadSection(const QString &section, int database = 0);

@@ -6,6 +6,7 @@
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/accounting/office/CTblProperties.h"
 #include "suite/accounting/office/NamedLock.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/db/records/CTblTemp.h"
 
@@ -22,6 +23,12 @@ const QString reservedSection = u"CodesReserved"_s;
 QString leaseName(const QString &table)
 {
     return u"codes "_s + table;
+}
+
+KSql nextStatement(const QString &table)
+{
+    return KSql::formatted("SELECT MAX(iCode) FROM %1 UNION ALL SELECT sValue FROM Properties WHERE sSection=%2 AND sKey=%3", KSql::name(table),
+                           KSql::quoted(reservedSection), KSql::quoted(table));
 }
 
 }
@@ -60,12 +67,16 @@ void CodeReservation::forget() const
 }
 
 // One statement, as whoever opens a window for a new row waits for it.
+void CodeReservation::expectNext(const QString &table, int database)
+{
+    KReadAhead::expectBehind(nextStatement(table), database);
+}
+
 qint32 CodeReservation::next(const QString &table, int database)
 {
     CTblTemp statement(database);
     statement.Open(true, false, true);
-    statement.ExecuteQuery(KSql::formatted("SELECT MAX(iCode) FROM %1 UNION ALL SELECT sValue FROM Properties WHERE sSection=%2 AND sKey=%3", KSql::name(table),
-                                           KSql::quoted(reservedSection), KSql::quoted(table)));
+    statement.ExecuteQuery(nextStatement(table));
     const qint32 highest = statement.GetLongFieldValue(0);
     const qint32 reserved = statement.MoveNextResult() ? statement.GetLongFieldValue(0) : 0;
     return (reserved > highest && KLease::isAlive(leaseName(table), database) ? reserved : highest) + 1;

@@ -30,6 +30,8 @@ public:
     // The code that is drawn next: above the highest that a row of the table has. In a unit that holds the table's NamedLock; elsewhere it is a
     // proposal.
     static qint32 next(const QString &table, int database = 0);
+    // That it will be asked behind the next statement that writes, the NamedLock for one (KReadAhead).
+    static void expectNext(const QString &table, int database = 0);
 
 private:
     QString m_table;

@@ -14,5 +14,5 @@ using namespace Qt::StringLiterals;
 void NamedLock::take(const QString &name, int database)
 {
     Q_ASSERT(KConnection::forThread(database).inTransaction());
-    CTblProperties::DBWriteSetting(u"Codes"_s, name, QUuid::createUuid().toString(QUuid::WithoutBraces), database);
+    KConnection::forThread(database).runFirst(CTblProperties::writing(u"Codes"_s, name, QUuid::createUuid().toString(QUuid::WithoutBraces)));
 }

@@ -5,6 +5,7 @@
 
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KConnection.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/accounting/frame/KAccountingError.h"
 #include "suite/utility/values/ShamsiDate.h"
 
@@ -20,23 +21,29 @@ QString &onlyReadReason()
     return reason;
 }
 
+KSql settingsStatement(const QStringList &furtherSections)
+{
+    QList<KSql> sections;
+    for (const OfficeSettings::Key &key : {OfficeSettings::closed, OfficeSettings::moneyUnit, OfficeSettings::naturalByMark, OfficeSettings::year})
+        sections.append(KSql::quoted(key.section.toString()));
+    for (const QString &section : furtherSections)
+        sections.append(KSql::quoted(section));
+    // Joined to a single row, so that the clock comes along even where nothing is stored.
+    return KSql::formatted("SELECT NOW(),sSection,sKey,sValue FROM (SELECT 1) AS clock LEFT JOIN Properties ON sSection IN (%1)", KSql::joined(sections, ","));
+}
+
+}
+
+void OfficeSettings::expect(const QStringList &furtherSections, int database)
+{
+    KReadAhead::expect(settingsStatement(furtherSections), database);
 }
 
 OfficeSettings OfficeSettings::read(const QStringList &furtherSections, int database)
 {
-    QStringList sections;
-    for (const Key &key : {closed, moneyUnit, naturalByMark, year})
-        sections.append(key.section.toString());
-    sections += furtherSections;
     CTblTemp temp(database);
     temp.Open(true, false, true);
-    QList<KSql> quoted;
-    for (const QString &section : std::as_const(sections))
-        quoted.append(KSql::quoted(section));
-    // Joined to a single row, so that the clock comes along even where nothing is stored.
-    temp.ExecuteQuery(KSql::formatted("SELECT NOW(),sSection,sKey,sValue FROM (SELECT 1) AS clock LEFT JOIN Properties"
-                                      " ON sSection IN (%1)",
-                                      KSql::joined(quoted, ",")));
+    temp.ExecuteQuery(settingsStatement(furtherSections));
     OfficeSettings settings;
     settings.m_serverTime = temp.GetDateFieldValue(0);
     for (; temp.HasResultRow(); temp.MoveNextResult())

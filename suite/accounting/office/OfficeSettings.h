@@ -36,6 +36,8 @@ public:
 
     // furtherSections: sections of Properties that are read along, for number, text and integer. Throws CMySQLException.
     static OfficeSettings read(const QStringList &furtherSections = {}, int database = 0);
+    // That it will be read (KReadAhead).
+    static void expect(const QStringList &furtherSections = {}, int database = 0);
 
     // Now, by the server's clock. Wall-clock time held in Qt::UTC, as record sets hold it.
     QDateTime serverTime() const { return m_serverTime; }

@@ -22,10 +22,14 @@ struct Row
 
 // In the transaction that adds the row. session: OfficeSession::key.
 TZACCOUNTINGDATA_EXPORT void add(const Row &row, const QString &session, int database = 0);
+// The same for the row that the next statement adds to the table, in one packet with it.
+TZACCOUNTINGDATA_EXPORT void addNext(const QString &table, const QString &session, int database = 0);
 // The row is a record like any other from now on: in the transaction that saves it for the first time. Nothing for a row that
 // already is.
 TZACCOUNTINGDATA_EXPORT void confirm(const QString &table, qint32 key, int database = 0);
 TZACCOUNTINGDATA_EXPORT bool contains(const Row &row, int database = 0);
+// That it will be asked (KReadAhead).
+TZACCOUNTINGDATA_EXPORT void expect(const Row &row, int database = 0);
 
 // The condition that the table's row with that key is none of these. key: the column of the statement that holds it, with its
 // table or alias ("ad.iID"); empty: the table's own iID.
@@ -33,6 +37,8 @@ TZACCOUNTINGDATA_EXPORT KSql none(const QString &table, const QString &key = {})
 
 // Those whose program has died. One statement while there is nothing but what this program has begun.
 TZACCOUNTINGDATA_EXPORT QList<Row> left(int database = 0);
+// That they will be asked (KReadAhead).
+TZACCOUNTINGDATA_EXPORT void expectLeft(int database = 0);
 // Whether it still is one of a program that has died; nobody else saves or removes it until the transaction ends. False at once
 // where somebody is doing so.
 TZACCOUNTINGDATA_EXPORT bool lockLeft(const Row &row, int database = 0);

@@ -5,6 +5,7 @@
 
 #include "suite/accounting/search/SearchIndex.h"
 #include "suite/accounting/search/SearchProgress.h"
+#include "suite/db/connection/KLongWork.h"
 #include "suite/db/connection/KSortedInsert.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/db/records/CTblTemp.h"
@@ -72,8 +73,10 @@ void addStep(const SearchKind &kind, qint32 after, Rows &rows, int database)
     }
 }
 
+// Millions of keys go over in one statement.
 void fillEmpty(const SearchFilling::Progress &progress, int database)
 {
+    const KLongWork work;
     KTransaction transaction(database);
     const QList<SearchKind> kinds = SearchKinds::all();
     qint64 all = 0;

@@ -88,6 +88,21 @@ bool ClientCalls::query(ServerWait &wait, st_mysql *handle, const QByteArray &ut
     return failed == 0;
 }
 
+bool ClientCalls::send(ServerWait &wait, st_mysql *handle, const QByteArray &utf8Statement)
+{
+    int failed = 0;
+    wait.run(mysql_send_query_start(&failed, handle, utf8Statement.constData(), static_cast<unsigned long>(utf8Statement.size())),
+             [&](int ready) { return mysql_send_query_cont(&failed, handle, ready); });
+    return failed == 0;
+}
+
+bool ClientCalls::readAnswer(ServerWait &wait, st_mysql *handle)
+{
+    my_bool failed = 0;
+    wait.run(mysql_read_query_result_start(&failed, handle), [&](int ready) { return mysql_read_query_result_cont(&failed, handle, ready); });
+    return failed == 0;
+}
+
 st_mysql_res *ClientCalls::storeResult(ServerWait &wait, st_mysql *handle)
 {
     MYSQL_RES *rows = nullptr;

@@ -21,6 +21,9 @@ st_mysql *makeHandle(const KConnectionSettings &settings, int connectSeconds, in
 
 [[nodiscard]] bool connect(ServerWait &wait, st_mysql *handle, const KConnectionSettings &settings, const KServerAddress &node);
 [[nodiscard]] bool query(ServerWait &wait, st_mysql *handle, const QByteArray &utf8Statement);
+// The two halves of a query: several may be sent before the first answer is heard. They come in the same order.
+[[nodiscard]] bool send(ServerWait &wait, st_mysql *handle, const QByteArray &utf8Statement);
+[[nodiscard]] bool readAnswer(ServerWait &wait, st_mysql *handle);
 // The rows of the last query, whole; null: it has none, or they did not arrive. The caller frees them.
 [[nodiscard]] st_mysql_res *storeResult(ServerWait &wait, st_mysql *handle);
 [[nodiscard]] bool ping(ServerWait &wait, st_mysql *handle);

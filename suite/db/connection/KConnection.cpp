@@ -79,21 +79,9 @@ void KConnection::ResultDeleter::operator()(st_mysql_res *result) const
     mysql_free_result(result);
 }
 
-template <class Call>
-auto KConnection::wait(int seconds, Call call, bool isStatement)
-{
-    ServerWait wait(m_handle, std::chrono::seconds(seconds));
-    if (isStatement)
-        wait.whenLong([this] { m_lockHolder = LockHolder::of(m_settings, m_node, mysql_thread_id(m_handle)); });
-    m_wait = &wait;
-    const auto result = call(wait);
-    m_wait = nullptr;
-    m_gaveUp = wait.end() == ServerWait::End::GivenUp;
-    return result;
-}
-
 KConnection::KConnection(KConnectionSettings settings)
     : m_settings(std::move(settings))
+    , m_conversation(newConversation())
 {
 }
 
@@ -178,6 +166,11 @@ void KConnection::setStatementObserver(StatementObserver observer)
 void KConnection::setWaiter(KWaiter *waiter)
 {
     ServerWait::setWaiter(waiter);
+}
+
+void KConnection::endOperation()
+{
+    ServerWait::endOperation();
 }
 
 bool KConnection::isWaiting()
@@ -307,6 +300,7 @@ void KConnection::close()
     if (m_handle)
         mysql_close(m_handle);
     m_handle = nullptr;
+    forgetConversation();
 }
 
 st_mysql *KConnection::handle()
@@ -325,6 +319,19 @@ void KConnection::verify()
     m_idle.start();
 }
 
+// One call that waits for the server, for at most that long.
+bool KConnection::wait(int seconds, const std::function<bool(ServerWait &)> &call, bool isStatement)
+{
+    ServerWait wait(m_handle, std::chrono::seconds(seconds));
+    if (isStatement)
+        wait.whenLong([this] { m_lockHolder = LockHolder::of(m_settings, m_node, mysql_thread_id(m_handle)); });
+    m_wait = &wait;
+    const bool result = call(wait);
+    m_wait = nullptr;
+    m_gaveUp = wait.end() == ServerWait::End::GivenUp;
+    return result;
+}
+
 void KConnection::requireUsable(const QByteArray &utf8Statement) const
 {
     // What the waiter's events lead to must not speak in the middle of another conversation.
@@ -332,7 +339,7 @@ void KConnection::requireUsable(const QByteArray &utf8Statement) const
         throw CMySQLException(CMySQLException::Category::Other, CR_COMMANDS_OUT_OF_SYNC,
                               u"another statement is still waiting for its answer"_s, QString::fromUtf8(utf8Statement));
     // A connection that broke inside a transaction must not come back silently in the middle of it.
-    if (!m_handle && inTransaction())
+    if (!m_handle && inTransaction() && !m_beginsUnit)
         throw CMySQLException(CMySQLException::Category::ConnectionLost, 0,
                               u"the connection was lost within a transaction"_s,
                               QString::fromUtf8(utf8Statement));
@@ -343,46 +350,37 @@ void KConnection::requireUsable(const QByteArray &utf8Statement) const
                               QString::fromUtf8(utf8Statement));
 }
 
-void KConnection::execute(const QByteArray &utf8Statement)
+void KConnection::observe(const QByteArray &utf8Statement) const
 {
-    if (registry().observed) {
-        StatementObserver observer;
-        {
-            QMutexLocker lock(&registry().mutex);
-            observer = registry().observer;
-        }
-        if (observer)
-            observer(QString::fromUtf8(utf8Statement));
+    if (!registry().observed)
+        return;
+    StatementObserver observer;
+    {
+        QMutexLocker lock(&registry().mutex);
+        observer = registry().observer;
     }
-    requireUsable(utf8Statement);
-    st_mysql *connection = handle();
-    m_idle.start();
-    m_lockHolder.clear();
-    const auto ask = [&](ServerWait &wait) { return ClientCalls::query(wait, connection, utf8Statement); };
-    if (!wait(answerSeconds(), ask, true))
-        raise(utf8Statement);
-    // A statement with rows to fetch has changed none; of the others it is known by now how many it changed.
-    if (mysql_field_count(connection) == 0 && mysql_affected_rows(connection) > 0) {
-        ++changeCount;
-        ++threadChangeCount;
-        m_changedRows = true;
-    }
+    if (observer)
+        observer(QString::fromUtf8(utf8Statement));
 }
 
-KConnection::Result KConnection::run(const QByteArray &utf8Statement)
+void KConnection::noteChange()
 {
-    execute(utf8Statement);
-    if (mysql_field_count(m_handle) == 0)
-        return {};
-    Result result(wait(answerSeconds(), [&](ServerWait &wait) { return ClientCalls::storeResult(wait, m_handle); }));
-    if (!result && mysql_errno(m_handle) != 0)
-        raise(utf8Statement);
-    return result;
+    ++changeCount;
+    ++threadChangeCount;
 }
 
 KConnection::Result KConnection::runStreaming(const QByteArray &utf8Statement)
 {
-    execute(utf8Statement);
+    if (m_beginsUnit)
+        run(QByteArrayLiteral("DO 0"));
+    observe(utf8Statement);
+    requireUsable(utf8Statement);
+    st_mysql *connection = handle();
+    m_idle.start();
+    m_lockHolder.clear();
+    if (!wait(
+            answerSeconds(), [&](ServerWait &wait) { return ClientCalls::query(wait, connection, utf8Statement); }, true))
+        raise(utf8Statement);
     Result result(mysql_use_result(m_handle));
     if (!result && mysql_errno(m_handle) != 0)
         raise(utf8Statement);
@@ -391,9 +389,14 @@ KConnection::Result KConnection::runStreaming(const QByteArray &utf8Statement)
 
 void KConnection::raise(const QByteArray &utf8Statement)
 {
-    const unsigned int code = mysql_errno(m_handle);
-    const QString message = QString::fromUtf8(mysql_error(m_handle));
+    raise(mysql_errno(m_handle), QString::fromUtf8(mysql_error(m_handle)), utf8Statement);
+}
+
+void KConnection::raise(unsigned int code, const QString &message, const QByteArray &utf8Statement)
+{
     using Category = CMySQLException::Category;
+    // Nobody waits any more: what is said of the failure is said without the notice of the wait.
+    ServerWait::endOperation();
     const Category category = m_gaveUp ? Category::GivenUp : CMySQLException::categoryOf(code);
     if (category == Category::ConnectionLost || category == Category::GivenUp)
         close();
@@ -425,14 +428,4 @@ quint64 KConnection::changes()
 quint64 KConnection::changesOfThread()
 {
     return threadChangeCount;
-}
-
-quint64 KConnection::lastInsertedId() const
-{
-    return m_handle ? mysql_insert_id(m_handle) : 0;
-}
-
-qint64 KConnection::affectedRows() const
-{
-    return m_handle ? static_cast<qint64>(mysql_affected_rows(m_handle)) : 0;
 }

@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 
+class KConversation;
 class KWaiter;
 class ServerWait;
 struct st_mysql;
@@ -51,6 +52,8 @@ public:
     // Who waits for the answers that the calling thread's connections get; it outlives that. Null: nobody. Then only the times of the
     // settings end a wait.
     static void setWaiter(KWaiter *waiter);
+    // For it: the operation of the calling thread is over, and what waits from now on is another one. Within a wait, nothing.
+    static void endOperation();
     // Whether the calling thread is waiting for an answer, so that this is asked from what the waiter set off, a timer for one.
     // Another statement on the same connection would be refused.
     static bool isWaiting();
@@ -60,11 +63,20 @@ public:
     // Runs one statement; its rows are fetched whole. A null result: the statement returns no rows. Throws.
     Result run(const QByteArray &utf8Statement);
     Result run(const KSql &statement) { return run(statement.utf8()); }
+    // As run, for a statement that may stand alone, a lock for one: where it is the first of a unit, it goes out together with the beginning.
+    Result runFirst(const KSql &statement);
+    // To be sent in one packet behind the next statement that is run, whose failure it must bear: the server carries it out all the same, and
+    // outside of the unit where it has given that up. So it asks by itself whether the statement before it changed a row (whereChanged). What
+    // goes wrong with it is raised as that statement's failure.
+    void follow(const KSql &statement);
+    // The condition for it, which holds when the statement before changed or, with an UPDATE, met a row.
+    static KSql whereChanged() { return "ROW_COUNT()>0"; }
     // As run, but the rows stay on the server's side and are fetched one by one (no count, no going back).
     Result runStreaming(const QByteArray &utf8Statement);
 
-    quint64 lastInsertedId() const;
-    qint64 affectedRows() const;
+    // Of the last statement that was run.
+    quint64 lastInsertedId() const { return m_insertedId; }
+    qint64 affectedRows() const { return m_affectedRows; }
 
     bool inTransaction() const { return m_transactionDepth > 0; }
     // Makes sure that the server still answers when the connection stood idle; reconnects if not. Never within a transaction.
@@ -84,8 +96,10 @@ public:
     static void setStatementObserver(StatementObserver observer);
 
 private:
+    friend class KConversation;
     friend class KTransaction;
     friend class KLongWork;
+    friend class KReadAhead;
     void open();
     void openOn(const KServerAddress &node, int timeoutSeconds);
     void openOnOneOf(const QList<KServerAddress> &nodes);
@@ -93,13 +107,21 @@ private:
     QByteArray sessionSetup() const;
     int answerSeconds() const;
     int lockSeconds() const;
-    void execute(const QByteArray &utf8Statement);
+    void beginReading();
+    void endReading();
+    void expect(const QByteArray &utf8Statement);
+    void expectBehind(const QByteArray &utf8Statement);
+    void observe(const QByteArray &utf8Statement) const;
+    void noteChange();
     void requireUsable(const QByteArray &utf8Statement) const;
-    template <class Call>
-    auto wait(int seconds, Call call, bool isStatement = false);
+    bool wait(int seconds, const std::function<bool(ServerWait &)> &call, bool isStatement = false);
+    // Beside the conversation, which knows the connection and not the other way round.
+    std::shared_ptr<KConversation> newConversation();
+    void forgetConversation();
     void introduce();
     static void applyLockWaits();
     [[noreturn]] void raise(const QByteArray &utf8Statement);
+    [[noreturn]] void raise(unsigned int code, const QString &message, const QByteArray &utf8Statement);
 
     KConnectionSettings m_settings;
     KServerAddress m_node; // that it is connected to, of those of the settings
@@ -109,9 +131,13 @@ private:
     QString m_lockHolder;         // who kept the last statement waiting for a row
     QString m_introduced;         // what others know of it
     QElapsedTimer m_idle;
+    std::shared_ptr<KConversation> m_conversation;
+    quint64 m_insertedId = 0;
+    qint64 m_affectedRows = 0;
     int m_transactionDepth = 0;
+    bool m_beginsUnit = false; // the beginning of the transaction is still to be sent
+    QByteArray m_token;        // that its first change is to write; empty: none, or written
     bool m_rollbackOnly = false;
     bool m_rolledBack = false;  // the server has ended the transaction by itself
-    bool m_changedRows = false; // a statement changed at least one row since the transaction began
     quint64 m_generation = 0;
 };

@@ -88,7 +88,7 @@ bool changesARow(KConnection &connection, const KSql &statement)
     for (int tries = 1;; ++tries) {
         try {
             answerTo(connection, statement);
-            return connection.affectedRows() > 0;
+            return mysql_affected_rows(connection.handle()) > 0;
         } catch (const CMySQLException &error) {
             if (error.serverCode() != ER_LOCK_DEADLOCK || tries >= mostTries)
                 throw;

@@ -4,6 +4,7 @@
 #include "suite/db/connection/KTableSchema.h"
 
 #include "suite/db/connection/KConnection.h"
+#include "suite/db/connection/KReadAhead.h"
 
 #include <QMutex>
 
@@ -25,6 +26,23 @@ Cache &cache()
     return instance;
 }
 
+KSql statement(const QString &table)
+{
+    return "SELECT COLUMN_NAME,CHARACTER_MAXIMUM_LENGTH,CHARACTER_SET_NAME FROM information_schema.COLUMNS "
+           "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME="
+        + KSql::quoted(table);
+}
+
+}
+
+void KTableSchema::expect(const QString &table, int database)
+{
+    {
+        QMutexLocker lock(&cache().mutex);
+        if (cache().tables.contains({database, table}))
+            return;
+    }
+    KReadAhead::expect(statement(table), database);
 }
 
 const KTableSchema &KTableSchema::of(const QString &table, int database)
@@ -36,12 +54,8 @@ const KTableSchema &KTableSchema::of(const QString &table, int database)
         if (found != cache().tables.end())
             return found->second;
     }
-    KConnection &connection = KConnection::forThread(database);
     KTableSchema schema;
-    const KConnection::Result rows = connection.run(
-        "SELECT COLUMN_NAME,CHARACTER_MAXIMUM_LENGTH,CHARACTER_SET_NAME FROM information_schema.COLUMNS "
-        "WHERE TABLE_SCHEMA=DATABASE() AND TABLE_NAME="
-        + KSql::quoted(table));
+    const KConnection::Result rows = KConnection::forThread(database).run(statement(table));
     while (MYSQL_ROW row = mysql_fetch_row(rows.get())) {
         const QString name = QString::fromUtf8(row[0]);
         if (name.startsWith(orderPrefix())) {

@@ -20,6 +20,8 @@ public:
 
     // Throws CMySQLException when the database cannot be asked. An unknown table has no columns.
     static const KTableSchema &of(const QString &table, int database = 0);
+    // That it will be asked for (KReadAhead), where it is not known yet.
+    static void expect(const QString &table, int database = 0);
     // Characters that the text column holds, 0 when unknown or not a text.
     static int textLength(const QString &table, const QString &column, int database = 0);
     // To be called after a change of the schema.

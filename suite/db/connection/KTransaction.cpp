@@ -129,8 +129,11 @@ KTransaction::KTransaction(int database)
         m_connection.m_rollbackOnly = false;
         m_connection.m_rolledBack = false;
         m_connection.introduce();
-        m_connection.run(QByteArrayLiteral("START TRANSACTION"));
-        m_connection.m_changedRows = false;
+        // Sent with the first statement, and the token with the first change: neither has a round trip of its own.
+        const bool hasTokens = !KTableSchema::of(u"UnitTokens"_s, database).isEmpty();
+        m_token = hasTokens ? QUuid::createUuid().toString(QUuid::WithoutBraces) : QString();
+        m_connection.m_token = hasTokens ? tokenInsert(m_token).utf8() : QByteArray();
+        m_connection.m_beginsUnit = true;
     }
     ++m_connection.m_transactionDepth;
 }
@@ -149,7 +152,8 @@ KTransaction::~KTransaction()
         // of that number can also be raised by a trigger, and then it has not. Either way this one statement is let through
         // and the session lives on: a replay finds in it what it had.
         m_connection.m_rolledBack = false;
-        if (m_connection.m_handle)
+        const bool hasBegun = !std::exchange(m_connection.m_beginsUnit, false);
+        if (m_connection.m_handle && hasBegun)
             m_connection.run(QByteArrayLiteral("ROLLBACK"));
     } catch (const CMySQLException &) {
         m_connection.close();
@@ -163,15 +167,8 @@ void KTransaction::commit()
     if (m_outermost) {
         if (m_connection.m_rollbackOnly)
             throw CMySQLException(Category::Other, 0, u"a part of this unit of work was given up, so none of it is kept"_s);
-        const QString token = writeToken();
-        try {
-            m_connection.run(QByteArrayLiteral("COMMIT"));
-        } catch (const CMySQLException &error) {
-            const bool isBroken = error.category() == Category::ConnectionLost || error.category() == Category::GivenUp;
-            if (!isBroken || token.isEmpty())
-                throw;
-            unsettled = token;
-        }
+        if (!std::exchange(m_connection.m_beginsUnit, false))
+            unsettled = end();
     }
     // Over either way: what a question about the outcome sets off works on a connection of its own.
     --m_connection.m_transactionDepth;
@@ -180,13 +177,19 @@ void KTransaction::commit()
         settle(unsettled, m_database);
 }
 
-QString KTransaction::writeToken()
+// The token of a unit whose outcome its COMMIT did not tell; empty: it is saved.
+QString KTransaction::end()
 {
-    if (!m_connection.m_changedRows || KTableSchema::of(u"UnitTokens"_s, m_database).isEmpty())
-        return {};
-    const QString token = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_connection.run(tokenInsert(token));
-    return token;
+    const QString token = m_connection.m_token.isEmpty() ? m_token : QString();
+    try {
+        m_connection.run(QByteArrayLiteral("COMMIT"));
+    } catch (const CMySQLException &error) {
+        const bool isBroken = error.category() == Category::ConnectionLost || error.category() == Category::GivenUp;
+        if (!isBroken || token.isEmpty())
+            throw;
+        return token;
+    }
+    return {};
 }
 
 void KTransaction::setLookAgain(LookAgain question)
@@ -219,9 +222,17 @@ KTransaction::Outcome KTransaction::outcomeOf(const QString &token, int database
 void KTransaction::removeOldTokens(int database)
 {
     try {
-        if (!KTableSchema::of(u"UnitTokens"_s, database).isEmpty())
-            KConnection::forThread(database).run(
-                QByteArrayLiteral("DELETE FROM UnitTokens WHERE dateCreate<NOW()-INTERVAL 7 DAY"));
+        if (KTableSchema::of(u"UnitTokens"_s, database).isEmpty())
+            return;
+        // By their keys: to delete by the date would meet each row, and wait for those of units that are still open.
+        KConnection &connection = KConnection::forThread(database);
+        KStatementResult old;
+        old.set(connection.run(QByteArrayLiteral("SELECT sToken FROM UnitTokens WHERE dateCreate<NOW()-INTERVAL 7 DAY LIMIT 10000")));
+        QList<KSql> tokens;
+        for (bool isRow = old.hasRow(); isRow; isRow = old.moveNext())
+            tokens.append(KSql::quoted(old.value<QString>(0)));
+        if (!tokens.isEmpty())
+            connection.run(KSql::formatted("DELETE FROM UnitTokens WHERE sToken IN (%1)", KSql::joined(tokens, ",")));
     } catch (const CMySQLException &error) {
         // Another desk may be at it; they go another time.
         qCWarning(lcUnits).noquote() << "old tokens stay:" << error.GetErrorMessage();

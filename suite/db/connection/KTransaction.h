@@ -14,7 +14,9 @@ class KConnection;
 // Guard of one unit of work on the calling thread's connection: rolls back unless committed. A guard inside another
 // joins it: only the outermost one begins and commits, and an inner one that was not committed dooms the whole.
 //
-// A unit that changed rows writes a token of its own into UnitTokens (a database without that table: none). When the connection
+// It begins with its first statement, and one that runs none does not begin at all.
+//
+// A unit that changes something writes a token of its own into UnitTokens (a database without that table: none). When the connection
 // breaks at COMMIT, or somebody gives up waiting for it, whether it was saved is looked up by the token, never guessed: commit
 // then returns as usual, or throws. As long as no server can tell, whoever set the question is asked whether to look again. What
 // is left open is looked up before the thread's next unit on that database begins.
@@ -51,9 +53,10 @@ public:
     static void runReplayable(const std::function<void()> &work, int database = 0);
 
 private:
-    QString writeToken();
+    QString end();
 
     int m_database;
+    QString m_token; // empty: the database keeps none
     KConnection &m_connection;
     bool m_outermost;
     bool m_done = false;

@@ -45,6 +45,8 @@ public:
     static void setWaiter(KWaiter *waiter);
     // Whether the calling thread is within a wait.
     static bool isWaiting();
+    // What waits next is another operation. Within a wait, nothing.
+    static void endOperation();
     // Between the two, nobody is asked on the calling thread.
     static void beginLongWork();
     static void endLongWork();
@@ -54,7 +56,10 @@ private:
     using Clock = std::chrono::steady_clock;
 
     int await(int awaited);
-    void tell(std::chrono::milliseconds waited);
+    void tell();
+    std::chrono::milliseconds waited() const;
+    std::chrono::milliseconds waitedByAll() const;
+    std::chrono::milliseconds untilTold() const;
 
     st_mysql *m_handle;
     std::chrono::milliseconds m_silence;
@@ -62,5 +67,4 @@ private:
     Clock::time_point m_began = Clock::now();
     std::function<void()> m_whenLong;
     End m_end = End::Answered;
-    bool m_told = false;
 };

@@ -33,6 +33,23 @@ QString computerName()
     return name;
 }
 
+struct Note
+{
+    KSql columns;
+    KSql values;
+};
+
+Note noteOf(const QString &table, const KSql &key, KChange::Kind kind, int database, const QList<KChangedValue> &values)
+{
+    Note note{"sTable,iRecordID,iKind,iUserID,sComputer,date",
+              KSql::formatted("%1,%2,%3,%4,%5,NOW()", KSql::quoted(table), key, static_cast<int>(kind), KChangeLog::author(), KSql::quoted(computerName()))};
+    if (!values.isEmpty() && keepsValues(database)) {
+        note.columns += ",sValues";
+        note.values += "," + KSql::quoted(QString::fromUtf8(KChangedValues::toJson(values)));
+    }
+    return note;
+}
+
 }
 
 void KChangeLog::setAuthor(qint32 userID)
@@ -49,11 +66,17 @@ void KChangeLog::note(const QString &table, qint32 key, KChange::Kind kind, int 
 {
     if (!isKept(database))
         return;
-    const bool withValues = !values.isEmpty() && keepsValues(database);
-    KConnection::forThread(database).run(KSql::formatted(
-        "INSERT INTO Changes(sTable,iRecordID,iKind,iUserID,sComputer,date%1) VALUES(%2,%3,%4,%5,%6,NOW()%7)",
-        withValues ? KSql(",sValues") : KSql(), KSql::quoted(table), key, static_cast<int>(kind), author(), KSql::quoted(computerName()),
-        withValues ? "," + KSql::quoted(QString::fromUtf8(KChangedValues::toJson(values))) : KSql()));
+    const Note note = noteOf(table, KSql::number(key), kind, database, values);
+    KConnection::forThread(database).run(KSql::formatted("INSERT INTO Changes(%1) VALUES(%2)", note.columns, note.values));
+}
+
+void KChangeLog::noteNext(const QString &table, std::optional<qint32> key, KChange::Kind kind, int database, const QList<KChangedValue> &values)
+{
+    if (!isKept(database))
+        return;
+    const Note note = noteOf(table, key ? KSql::number(*key) : KSql("LAST_INSERT_ID()"), kind, database, values);
+    KConnection::forThread(database).follow(
+        KSql::formatted("INSERT INTO Changes(%1) SELECT %2 FROM DUAL WHERE %3", note.columns, note.values, KConnection::whereChanged()));
 }
 
 std::optional<KChange> KChangeLog::last(const QString &table, qint32 key, int database)

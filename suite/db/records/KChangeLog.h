@@ -47,6 +47,9 @@ public:
     // key 0: the table as a whole, or something that has no row of its own. Throws CMySQLException.
     // values: what changed in the row, empty when that is not known. A database without a column for them notes the rest.
     static void note(const QString &table, qint32 key, KChange::Kind kind, int database = 0, const QList<KChangedValue> &values = {});
+    // The same in one packet with the statement that runs next, which adds or changes the row; nothing is noted where it does neither. No key:
+    // that of the row which it adds.
+    static void noteNext(const QString &table, std::optional<qint32> key, KChange::Kind kind, int database = 0, const QList<KChangedValue> &values = {});
     // The newest change of the row; nothing when none is known.
     static std::optional<KChange> last(const QString &table, qint32 key, int database = 0);
 };

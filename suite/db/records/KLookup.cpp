@@ -3,6 +3,7 @@
 
 #include "suite/db/records/KLookup.h"
 
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/KMySQL.h"
 
 #include <mysql.h>
@@ -18,20 +19,36 @@ KLookup::Source sourceOf(KMySQL &record, QStringView column)
     return source;
 }
 
+QList<int> distinct(QList<int> keys)
+{
+    std::sort(keys.begin(), keys.end());
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+    keys.removeAll(0);
+    return keys;
+}
+
+KSql namesStatement(const KLookup::Source &source, const QList<int> &wanted)
+{
+    return KSql::formatted("SELECT %1,%2 FROM %3 WHERE %1 IN (%4)", KSql::name(source.key), KSql::name(source.display),
+                           KSql::name(source.table), KSql::list(wanted));
+}
+
+}
+
+void KLookup::expectNames(const Source &source, const QList<int> &keys, int database)
+{
+    if (const QList<int> wanted = distinct(keys); !wanted.isEmpty())
+        KReadAhead::expect(namesStatement(source, wanted), database);
 }
 
 QHash<int, QString> KLookup::names(const Source &source, const QList<int> &keys, int database)
 {
-    QList<int> wanted = keys;
-    std::sort(wanted.begin(), wanted.end());
-    wanted.erase(std::unique(wanted.begin(), wanted.end()), wanted.end());
-    wanted.removeAll(0);
+    const QList<int> wanted = distinct(keys);
     QHash<int, QString> found;
     if (wanted.isEmpty())
         return found;
 
-    const KSql statement = KSql::formatted("SELECT %1,%2 FROM %3 WHERE %1 IN (%4)", KSql::name(source.key), KSql::name(source.display),
-                                           KSql::name(source.table), KSql::list(wanted));
+    const KSql statement = namesStatement(source, wanted);
     found.reserve(wanted.size());
     const KConnection::Result rows = KConnection::forThread(database).run(statement);
     while (MYSQL_ROW row = mysql_fetch_row(rows.get()))
@@ -47,6 +64,11 @@ QString KLookup::name(const Source &source, int key, int database)
 QHash<int, QString> KLookup::names(KMySQL &record, QStringView column, const QList<int> &keys)
 {
     return names(sourceOf(record, column), keys, record.database());
+}
+
+void KLookup::expectNames(KMySQL &record, QStringView column, const QList<int> &keys)
+{
+    expectNames(sourceOf(record, column), keys, record.database());
 }
 
 QString KLookup::name(KMySQL &record, QStringView column, int key)

@@ -20,12 +20,15 @@ using Source = KNameSource;
 
 // Display text per key; keys that are 0 or not in the table are left out. Keys may repeat.
 TZDB_EXPORT QHash<int, QString> names(const Source &source, const QList<int> &keys, int database = 0);
+// That they will be asked (KReadAhead).
+TZDB_EXPORT void expectNames(const Source &source, const QList<int> &keys, int database = 0);
 // One name; empty when the key is not there.
 TZDB_EXPORT QString name(const Source &source, int key, int database = 0);
 
 // The same for the keys of a record's column, in the record's database. The column has a lookup or namesFrom; one without
 // is an error of the program and asserts. The record need not be open.
 TZDB_EXPORT QHash<int, QString> names(KMySQL &record, QStringView column, const QList<int> &keys);
+TZDB_EXPORT void expectNames(KMySQL &record, QStringView column, const QList<int> &keys);
 TZDB_EXPORT QString name(KMySQL &record, QStringView column, int key);
 // The name behind the key that the record's member holds now.
 TZDB_EXPORT QString name(KMySQL &record, QStringView column);

@@ -4,6 +4,7 @@
 #include "suite/db/records/KMySQL.h"
 
 #include "suite/db/records/KRowFollowers.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTableSchema.h"
 #include "suite/db/connection/KTransaction.h"
 
@@ -66,6 +67,7 @@ bool KMySQL::Open(bool bVerify, bool bReadAll, bool bThrow)
 void KMySQL::Close()
 {
     m_rows.reset();
+    m_places.clear();
     m_result.clear();
     m_count = 0;
     m_atEnd = true;
@@ -115,6 +117,34 @@ bool KMySQL::Update(bool bThrow)
     return true;
 }
 
+void KMySQL::AddRows(qsizetype count, const std::function<void(qsizetype)> &fill)
+{
+    ensureBound();
+    if (isNoted())
+        throw CMySQLException(CMySQLException::Category::Other, 0, u"rows whose changes are noted are added one by one"_s, GetTableName());
+    QByteArray rows;
+    for (qsizetype index = 0; index < count; ++index) {
+        resetMembers();
+        fill(index);
+        rows += rows.isEmpty() ? "(" : ",(";
+        for (const Column &column : m_columns.all()) {
+            if (!KColumns::isKey(column))
+                rows += (column.isEmpty() ? QByteArrayLiteral("DEFAULT") : literal(column)) + ',';
+        }
+        rows.back() = ')';
+    }
+    resetMembers();
+    if (rows.isEmpty())
+        return;
+    QByteArray names;
+    for (const Column &column : m_columns.all()) {
+        if (!KColumns::isKey(column))
+            names += column.name.toUtf8() + ',';
+    }
+    names.chop(1);
+    inTransaction([&] { connection().run("INSERT INTO " + GetTableName().toUtf8() + '(' + names + ") VALUES" + rows); });
+}
+
 void KMySQL::CancelUpdate()
 {
     if (m_mode == Mode::Browse)
@@ -150,10 +180,27 @@ bool KMySQL::Requery()
 {
     ensureBound();
     const QList<KRowBound::Term> order = orderTerms();
+    select(rowsStatement(order));
+    noteLastRow(order.mid(0, notedTerms(order)));
+    return true;
+}
+
+void KMySQL::expectOpen()
+{
+    ensureBound();
+    KReadAhead::expect(rowsStatement(orderTerms()), m_database);
+}
+
+// What the order says of the last row stands behind the columns that are read.
+qsizetype KMySQL::notedTerms(const QList<KRowBound::Term> &order) const
+{
+    return m_isListing && m_limit > 0 ? order.size() : 0;
+}
+
+QByteArray KMySQL::rowsStatement(const QList<KRowBound::Term> &order)
+{
     QByteArray statement = "SELECT " + m_columns.selectList();
-    // What the order says of the last row, behind the columns that are read.
-    const qsizetype noted = m_isListing && m_limit > 0 ? order.size() : 0;
-    for (qsizetype term = 0; term < noted; ++term)
+    for (qsizetype term = 0; term < notedTerms(order); ++term)
         statement += ',' + order.at(term).expression.utf8();
     statement += " FROM " + source();
     KSql matched = this->matched();
@@ -165,9 +212,7 @@ bool KMySQL::Requery()
         statement += " ORDER BY " + KColumns::ordered(order).utf8();
     if (m_limit > 0)
         statement += " LIMIT " + QByteArray::number(m_limit);
-    select(statement);
-    noteLastRow(order.mid(0, noted));
-    return true;
+    return statement;
 }
 
 // The table is asked about its columns for an order by a text alone.
@@ -313,6 +358,27 @@ void KMySQL::MoveLast()
     fetchRow();
 }
 
+bool KMySQL::MoveTo(qint64 row)
+{
+    if (!m_rows || row < 0 || row >= m_count)
+        return false;
+    if (m_places.empty())
+        notePlaces();
+    mysql_row_seek(m_rows.get(), m_places[static_cast<size_t>(row)]);
+    return fetchRow();
+}
+
+// The library finds a row by its number by going through all that stand before it.
+void KMySQL::notePlaces()
+{
+    m_places.reserve(static_cast<size_t>(m_count));
+    mysql_data_seek(m_rows.get(), 0);
+    for (qint64 row = 0; row < m_count; ++row) {
+        m_places.push_back(mysql_row_tell(m_rows.get()));
+        mysql_fetch_row(m_rows.get());
+    }
+}
+
 qint64 KMySQL::GetRecordsCount() const
 {
     return m_count;
@@ -349,8 +415,18 @@ bool KMySQL::lockRecord(qint32 key)
     if (!connection().inTransaction())
         throw CMySQLException(CMySQLException::Category::Other, 0,
                               GetTableName() + QLatin1String(": a row is locked outside of a transaction"));
-    select(selectColumns() + " WHERE iID=" + QByteArray::number(key) + " LIMIT 1 FOR UPDATE");
+    select(lockStatement(key));
     return m_hasValues;
+}
+
+void KMySQL::expectLock(qint32 key)
+{
+    KReadAhead::expect(lockStatement(key), m_database);
+}
+
+QByteArray KMySQL::lockStatement(qint32 key)
+{
+    return selectColumns() + " WHERE iID=" + QByteArray::number(key) + " LIMIT 1 FOR UPDATE";
 }
 
 QByteArray KMySQL::selectColumns()
@@ -364,6 +440,7 @@ void KMySQL::select(const QByteArray &statement)
     KConnection::Result rows = connection().run(statement);
     m_mode = Mode::Browse;
     m_rows = std::move(rows);
+    m_places.clear();
     m_count = static_cast<qint64>(mysql_num_rows(m_rows.get()));
     resetMembers();
     fetchRow();
@@ -407,11 +484,10 @@ void KMySQL::insertRow()
     }
     names.chop(1);
     values.chop(1);
-    connection().run("INSERT INTO " + GetTableName().toUtf8() + '(' + names + ") VALUES(" + values + ')');
+    runNoted("INSERT INTO " + GetTableName().toUtf8() + '(' + names + ") VALUES(" + values + ')', KChange::Kind::Added, std::nullopt,
+             heldValues(KChange::Kind::Added));
     m_lastInsertedId = connection().lastInsertedId();
     m_columns.setKey(static_cast<qint32>(m_lastInsertedId));
-    if (isNoted())
-        noteRow(KChange::Kind::Added, m_columns.key(), heldValues(KChange::Kind::Added));
     KRowFollowers::added(GetTableName(), m_columns.key(), m_database);
 }
 
@@ -433,31 +509,43 @@ void KMySQL::updateRow()
         }
     }
     const bool isFirst = m_noting == Noting::AsAdded;
-    const auto note = [&] {
-        if (isNoted())
-            noteRow(isFirst ? KChange::Kind::Added : KChange::Kind::Changed, key, isFirst ? heldValues(KChange::Kind::Added) : changes);
-    };
+    const KChange::Kind kind = isFirst ? KChange::Kind::Added : KChange::Kind::Changed;
+    if (isFirst)
+        changes = heldValues(KChange::Kind::Added);
     if (assignments.isEmpty()) {
-        if (isFirst || !m_further.isEmpty())
-            inTransaction(note);
+        if (isNoted() && (isFirst || !m_further.isEmpty()))
+            inTransaction([&] { noteRow(kind, key, changes); });
         return;
     }
     assignments.chop(1);
     inTransaction([&] {
-        connection().run("UPDATE " + GetTableName().toUtf8() + " SET " + assignments + " WHERE iID=" + QByteArray::number(key)
-                         + " LIMIT 1");
+        runNoted("UPDATE " + GetTableName().toUtf8() + " SET " + assignments + " WHERE iID=" + QByteArray::number(key) + " LIMIT 1", kind, key, changes);
         if (connection().affectedRows() == 0)
             throw CMySQLException(CMySQLException::Category::NoCurrentRow, 0,
                                   GetTableName() + QLatin1String(": the row to update is gone"));
-        note();
         KRowFollowers::changed(GetTableName(), key, m_database, changed);
     });
 }
 
-void KMySQL::noteRow(KChange::Kind kind, qint32 key, QList<KChangedValue> values)
+void KMySQL::runNoted(const QByteArray &statement, KChange::Kind kind, std::optional<qint32> key, const QList<KChangedValue> &values)
 {
-    values.append(m_further);
-    KChangeLog::note(GetTableName(), key, kind, m_database, values);
+    if (!isNoted()) {
+        connection().run(statement);
+        return;
+    }
+    KChangeLog::noteNext(GetTableName(), key, kind, m_database, values + m_further);
+    connection().run(statement);
+    noted();
+}
+
+void KMySQL::noteRow(KChange::Kind kind, qint32 key, const QList<KChangedValue> &values)
+{
+    KChangeLog::note(GetTableName(), key, kind, m_database, values + m_further);
+    noted();
+}
+
+void KMySQL::noted()
+{
     m_further.clear();
     if (m_noting == Noting::AsAdded)
         m_noting = Noting::AsWritten;

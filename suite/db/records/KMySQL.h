@@ -22,6 +22,8 @@
 #include <functional>
 #include <vector>
 
+struct st_mysql_rows;
+
 // Record set over one table: a current row in the members of a derived class, over the rows that match a filter.
 //
 // A derived class declares each column once, in DoFieldExchange, by RFX_ calls in column order. The base runs that
@@ -63,6 +65,9 @@ public:
     // members keep what they hold and the edit stays open. bThrow false: errors are returned as false. Throws NoCurrentRow
     // without AddNew or Edit before it.
     virtual bool Update(bool bThrow);
+    // Adds rows by one statement, whatever their number: fill is called with 0 and so on and sets the members of each. For a table whose changes
+    // are not noted row by row and whose new keys nobody asks for. Throws, and has added none then.
+    void AddRows(qsizetype count, const std::function<void(qsizetype)> &fill);
     // Drops what AddNew or Edit started; the members are again what they were before.
     virtual void CancelUpdate();
     // Deletes the current row by its iID. True when it is gone, also when somebody else deleted it first. The set stands on
@@ -70,6 +75,8 @@ public:
     virtual bool Delete();
     // Reads the rows again with the filter, sort and limit as they are now.
     virtual bool Requery();
+    // That the rows will be read, with the filter, sort and limit as they are now (KReadAhead).
+    void expectOpen();
     virtual QString GetTableName() const = 0;
 
 protected:
@@ -115,6 +122,8 @@ public:
     // To the next row; false when there is none. Throws NoCurrentRow on a set that is already at its end or not open.
     bool MoveNext();
     void MoveLast();
+    // To that row of those that the last Open or Requery selected, from 0; false, and no move, when there is none.
+    bool MoveTo(qint64 row);
     // Rows that the last Open or Requery selected (after the limit).
     qint64 GetRecordsCount() const;
     // Rows that the filter matches as it is now, whatever the limit; asks the database. most: it counts no further; 0: all.
@@ -163,6 +172,8 @@ public:
     // until the transaction ends. False when it is gone: the members are then as constructed. Throws Other outside of a
     // transaction.
     bool lockRecord(qint32 key);
+    // That it will be asked (KReadAhead).
+    void expectLock(qint32 key);
 
     // Whether the database can have columns of the order: false when one is not the table's. Not asked of a joined view, which has
     // more columns than are bound.
@@ -222,15 +233,21 @@ private:
     void noteLastRow(const QList<KRowBound::Term> &order);
     void select(const QByteArray &statement);
     bool fetchRow();
+    void notePlaces();
     void resetMembers();
+    QByteArray lockStatement(qint32 key);
+    QByteArray rowsStatement(const QList<KRowBound::Term> &order);
+    qsizetype notedTerms(const QList<KRowBound::Term> &order) const;
     QByteArray literal(const Column &column) const;
     void insertRow();
     void updateRow();
     // The columns that hold something, as the log notes a row that is added or deleted.
     QList<KChangedValue> heldValues(KChange::Kind kind) const;
     bool isNoted() const { return isLogged() && m_noting != Noting::Nothing; }
-    // With the further values, which are then forgotten.
-    void noteRow(KChange::Kind kind, qint32 key, QList<KChangedValue> values);
+    // Runs the statement, which adds or changes the row of that key, with its note and the further values, which are then forgotten.
+    void runNoted(const QByteArray &statement, KChange::Kind kind, std::optional<qint32> key, const QList<KChangedValue> &values);
+    void noteRow(KChange::Kind kind, qint32 key, const QList<KChangedValue> &values);
+    void noted();
     void inTransaction(const std::function<void()> &work);
     int keepResult(KConnection::Result result);
     [[noreturn]] void raiseNoRow(const char *operation) const;
@@ -239,6 +256,7 @@ private:
     int m_database;
     KColumns m_columns;
     KConnection::Result m_rows; // rows of Open and Requery
+    std::vector<st_mysql_rows *> m_places; // where each of them stands, once one of them was asked for by its number
     qint64 m_count = 0;
     bool m_atEnd = true;
     bool m_hasValues = false; // the members hold a row of the table

@@ -21,6 +21,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/frame/TabOrder.h"
 #include "suite/utility/look/LookMarks.h"
@@ -332,6 +333,8 @@ void KDialog::showEvent(QShowEvent *event)
         restoreSize();
     }
     QDialog::showEvent(event);
+    if (!event->spontaneous())
+        KReadAhead::endAll();
     if (m_asks && !event->spontaneous())
         typedWorkSaved();
     if (!event->spontaneous())

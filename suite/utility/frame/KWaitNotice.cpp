@@ -17,6 +17,11 @@ using namespace Qt::StringLiterals;
 
 KWaitNotice::KWaitNotice()
 {
+    m_turn.setInterval(0);
+    connect(&m_turn, &QTimer::timeout, this, [this] {
+        m_turn.stop();
+        KConnection::endOperation();
+    });
     KConnection::setWaiter(this);
 }
 
@@ -24,6 +29,20 @@ KWaitNotice::~KWaitNotice()
 {
     KConnection::setWaiter(nullptr);
     ended();
+}
+
+bool KWaitNotice::began() noexcept
+{
+    m_turn.start();
+    return true;
+}
+
+void KWaitNotice::slow() noexcept
+{
+    if (QGuiApplication::overrideCursor())
+        return;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    m_isSlow = true;
 }
 
 bool KWaitNotice::goOn(std::chrono::milliseconds waited) noexcept
@@ -46,13 +65,16 @@ void KWaitNotice::ended() noexcept
     if (m_cursorSet)
         QApplication::restoreOverrideCursor();
     m_cursorSet = false;
+    if (std::exchange(m_isSlow, false))
+        QApplication::restoreOverrideCursor();
     // Also where the window went with the one below it.
     qApp->removeEventFilter(this);
     if (!m_window)
         return;
+    const bool isActive = m_window->isActiveWindow();
     delete m_window;
     // Where no window manager does so by itself.
-    if (m_before)
+    if (m_before && (isActive || !QApplication::activeWindow()))
         m_before->activateWindow();
 }
 
@@ -101,8 +123,11 @@ bool KWaitNotice::isOfNotice(const QObject *receiver) const
     return false;
 }
 
-// Both come again by themselves: a timer that was not served stays due, and so does a socket that was not read.
+// Both come again by themselves: a timer that was not served stays due, and so does a socket that was not read. The operation is over
+// when its own timer comes while nobody waits.
 bool KWaitNotice::eventFilter(QObject *receiver, QEvent *event)
 {
+    if (receiver == &m_turn && !KConnection::isWaiting())
+        return false;
     return (event->type() == QEvent::Timer || event->type() == QEvent::SockAct) && !isOfNotice(receiver);
 }

@@ -63,8 +63,8 @@ void TestCDlgDocuments::post(int year, int month, int day, int kind, const QStri
     KTransaction transaction;
     const QDateTime date(ConvertToMiladi(year, month, day), QTime(10, 30), Qt::UTC);
     const int num = CTblDocuments::AddDoc(kind, date, desc, year);
-    CTblDocs::AddRecord(num, year, {Accounts::persons, 1, amount, 0, u"بدهی"_s});
-    CTblDocs::AddRecord(num, year, {Accounts::commissionIncome, 0, 0, amount, u"درآمد"_s});
+    CTblDocs::AddRecords(num, year, {{Accounts::persons, 1, amount, 0, u"بدهی"_s}});
+    CTblDocs::AddRecords(num, year, {{Accounts::commissionIncome, 0, 0, amount, u"درآمد"_s}});
     CTblDocuments::RequireBalanced(num, year);
     transaction.commit();
 }

@@ -164,7 +164,7 @@ private Q_SLOTS:
         dialog.accept();
         QVERIFY(GetDBSetting()->Login(dialog.userID()));
         // One of them asks whether this computer has to wait.
-        judge(observed.taken(), 4);
+        judge(observed.taken(), 5);
     }
 
     void mainWindow()

@@ -7,8 +7,11 @@
 #include "auto/cars/demands/editor/CDlgAddAutomobilDemandBase.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "suite/accounting/frame/KMessageDialog.h"
+#include "suite/accounting/office/CTblUsers.h"
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/office/OfficeSettings.h"
+#include "suite/db/connection/KReadAhead.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/utility/frame/KTabPageButtons.h"
 
 using namespace Qt::StringLiterals;
@@ -37,8 +40,11 @@ int CDlgAddAutomobilDemand::addPlaceholder(const QDateTime &now)
 
 int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)
 {
+    const KReadAhead reading;
     const OfficeSettings settings = OfficeSettings::read();
     settings.requireOpen();
+    CDlgAddAutomobilDemandBase::expectBuild();
+    expectRow<CTblUsers>(GetDBSetting()->GetUserID());
     const int key = addPlaceholder(settings.serverTime());
     int saved = 0;
     const bool confirmed = NewRecord::keptByEditor<CTblAutomobilDemands>(key, [&] {
@@ -49,9 +55,18 @@ int CDlgAddAutomobilDemand::NewDemand(QWidget *parent)
     return confirmed ? saved : 0;
 }
 
+void CDlgAddAutomobilDemand::expectEdit(int demandID)
+{
+    for (int time = 0; time < 2; ++time)
+        OfficeSettings::expect();
+    CDlgAddAutomobilDemandBase::expectBuild();
+    expectRow<CTblAutomobilDemands>(demandID);
+}
+
 bool CDlgAddAutomobilDemand::EditDemand(int demandID, bool &refresh, QWidget *parent)
 {
     refresh = false;
+    const KReadAhead reading;
     GetDBSetting()->RequireOpenDB();
     CDlgAddAutomobilDemand dialog(demandID, EditorMode::Edit, parent);
     if (!dialog.load())
@@ -94,6 +109,7 @@ bool CDlgAddAutomobilDemand::load()
     tabs()->setCurrentIndex(0);
     if (isShowMode())
         leaveOnlyWayBack();
+    m_base->expectFill(demand);
     m_base->fill(demand);
     showState(demand.m_iStatus, demand.m_iArchiveUserID);
     remember(demand, pages());

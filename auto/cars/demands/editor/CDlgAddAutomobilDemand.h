@@ -21,6 +21,8 @@ public:
     // Opens a demand that is already in the table. True when the user confirmed. False also when there is no such demand.
     // Throws when the database is closed. refresh is set when the demand was taken out of the archive meanwhile.
     static bool EditDemand(int demandID, bool &refresh, QWidget *parent);
+    // That a list will edit it, which looks once more whether the database is closed (KReadAhead).
+    static void expectEdit(int demandID);
     // Opens the demand read-only. A key below 1 does nothing.
     static void ShowDemand(int demandID, bool &refresh, QWidget *parent);
 

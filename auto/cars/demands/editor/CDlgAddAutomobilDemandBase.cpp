@@ -12,7 +12,11 @@
 #include "auto/db/CTblCarBrands.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/office/CTblUsers.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/db/connection/KTableSchema.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/utility/entries/EntryRange.h"
 #include "suite/utility/entries/FieldLabel.h"
 #include "suite/utility/entries/KDateEdit.h"
@@ -142,6 +146,20 @@ QWidget *CDlgAddAutomobilDemandBase::buildTexts(QWidget *content)
     return box;
 }
 
+void CDlgAddAutomobilDemandBase::expectBuild()
+{
+    CTblCarBrands::expectChoice();
+    KTableSchema::expect(u"AutomobilDemands"_s);
+    for (const int itemType : {CTblItems::typeColor, CTblItems::typeFeature})
+        CTblMultiItems::expectValues(itemType);
+}
+
+void CDlgAddAutomobilDemandBase::expectFill(const CTblAutomobilDemands &demand)
+{
+    expectRow<CTblUsers>(demand.m_iUserID);
+    expectRow<CTblPersons>(demand.m_iPersonID);
+}
+
 void CDlgAddAutomobilDemandBase::fill(CTblAutomobilDemands &demand)
 {
     m_form->setShowMode(isShowMode());
@@ -149,7 +167,7 @@ void CDlgAddAutomobilDemandBase::fill(CTblAutomobilDemands &demand)
     for (const QString &column : {colorColumn, facilitiesColumn})
         m_form->button(column)->setEnabled(!isShowMode());
     if (mode() == EditorMode::New)
-        m_form->dateEdit(referenceColumn)->setDate(GetDBSetting()->GetDBServerDate().date());
+        m_form->dateEdit(referenceColumn)->setDate(demand.m_dateCreate.date()); // by the server's clock, a moment ago
     m_created->setText(shamsiText(demand.m_dateCreate.date()));
     // Saving makes a new demand the current user's.
     const bool isNew = mode() == EditorMode::New && demand.m_iUserID == 0;

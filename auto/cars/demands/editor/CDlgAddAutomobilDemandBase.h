@@ -21,6 +21,9 @@ public:
     explicit CDlgAddAutomobilDemandBase(EditorMode mode, QWidget *parent = nullptr);
     ~CDlgAddAutomobilDemandBase() override;
 
+    // That one will be made, and filled with that demand (KReadAhead).
+    static void expectBuild();
+    static void expectFill(const CTblAutomobilDemands &demand);
     void fill(CTblAutomobilDemands &demand) override;
     [[nodiscard]] bool validate() override;
     void write(CTblAutomobilDemands &demand) override;

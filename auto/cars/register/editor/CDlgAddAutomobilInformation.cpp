@@ -14,7 +14,10 @@
 #include "suite/accounting/attachments/RecordPictures.h"
 #include "suite/accounting/frame/KMessageDialog.h"
 #include "suite/accounting/office/KSecurity.h"
+#include "suite/accounting/office/OfficeSettings.h"
 #include "suite/accounting/records/RecordWindows.h"
+#include "suite/db/connection/KReadAhead.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/image/PictureStrip.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/KTabPageButtons.h"
@@ -26,9 +29,26 @@
 
 using namespace Qt::StringLiterals;
 
+void CDlgAddAutomobilInformation::expectEdit(int carID)
+{
+    for (int time = 0; time < 2; ++time)
+        OfficeSettings::expect();
+    expectPages();
+    expectRow<CTblAutomobilInformations>(carID);
+}
+
+void CDlgAddAutomobilInformation::expectPages()
+{
+    CDlgAddAutomobilInformationBase::expectChoices();
+    CDlgAddAutomobilInformationSales::expectChoices();
+}
+
 bool CDlgAddAutomobilInformation::EditCar(int carID, bool isNew, QWidget *parent, bool *changed)
 {
-    GetDBSetting()->RequireOpenDB();
+    const KReadAhead reading;
+    // Where a new one is begun, it has been asked.
+    if (!isNew)
+        GetDBSetting()->RequireOpenDB();
     CDlgAddAutomobilInformation dialog(carID, isNew ? EditorMode::New : EditorMode::Edit, parent);
     const bool confirmed = dialog.load() && dialog.exec() == QDialog::Accepted;
     if (changed)
@@ -89,6 +109,8 @@ bool CDlgAddAutomobilInformation::load()
     connect(m_base, &CDlgAddAutomobilInformationBase::plateChanged, m_sale, &CDlgAddAutomobilInformationSales::showPlate);
     addFilesPage(CTblFileDocs::Personal, CTblAutomobilInformations::recordKind, u"پرونده های شخصی"_s);
     tabs()->setCurrentIndex(0);
+    m_base->expectFill(car);
+    m_sale->expectFill(car);
     m_base->fill(car);
     m_sale->fill(car);
     showState(car.m_iStatus, car.m_iArchiveUserID);

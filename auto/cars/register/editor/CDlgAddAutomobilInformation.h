@@ -21,6 +21,10 @@ public:
     // confirmed. False also when there is no such car. changed, if not null, is set when the car was taken out of the archive
     // meanwhile, which closes the window as cancelled. Throws when the database is closed.
     static bool EditCar(int carID, bool isNew, QWidget *parent, bool *changed = nullptr);
+    // That a list will edit it, which looks once more whether the database is closed (KReadAhead).
+    static void expectEdit(int carID);
+    // That one will be made.
+    static void expectPages();
     // Opens the car read-only. changed is set when the car was taken out of the archive meanwhile. A key below 1 does
     // nothing.
     static void ShowCar(int carID, bool &changed, QWidget *parent);

@@ -14,8 +14,13 @@
 #include "auto/cars/register/editor/VehicleIdentification.h"
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/accounting/attachments/RecordPictures.h"
 #include "suite/accounting/office/CTblItems.h"
+#include "suite/accounting/office/CTblMultiItems.h"
 #include "suite/accounting/twins/TwinNote.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/db/connection/KTableSchema.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/image/KStaticImage.h"
 #include "suite/image/PictureStrip.h"
 #include "suite/utility/entries/KEdit.h"
@@ -41,6 +46,15 @@ namespace {
 
 const QString vinColumn = u"sVIN"_s;
 const QString plateColumn = u"sNumOfPlates"_s;
+
+// The columns that take a value of the suite's items, with its kind.
+constexpr std::pair<QStringView, int> itemLists[] = {
+    {u"iSystem", InputParameters::System},
+    {u"iVolumCylinders", InputParameters::EngineVolume},
+    {u"iBodyStatus", InputParameters::BodyStatus},
+    {u"iColor", InputParameters::Color},
+    {u"iSource", InputParameters::Source},
+};
 
 QString hintFor(VehicleIdentification::State state)
 {
@@ -152,11 +166,8 @@ QWidget *CDlgAddAutomobilInformationBase::buildEquipment(QWidget *content)
 void CDlgAddAutomobilInformationBase::wireItems()
 {
     using namespace InputParameters;
-    m_items->addList(u"iSystem"_s, System);
-    m_items->addList(u"iVolumCylinders"_s, EngineVolume);
-    m_items->addList(u"iBodyStatus"_s, BodyStatus);
-    m_items->addList(u"iColor"_s, Color);
-    m_items->addList(u"iSource"_s, Source);
+    for (const auto &[column, option] : itemLists)
+        m_items->addList(column.toString(), option);
     m_items->addPickedList(u"iCountry"_s, CTblItems::typeCountry, u"کشور"_s);
     m_items->addNumber(u"iNumOfWheels"_s, WheelCount);
     m_items->addNumber(u"iNumOfCylinders"_s, CylinderCount);
@@ -177,6 +188,23 @@ void CDlgAddAutomobilInformationBase::wireTwins()
         const auto find = [this, field](const QString &text) { return CarTwins::find(field, text, m_carID); };
         m_twins.append(new TwinNote(m_form->edit(field.column), find, otherHint));
     }
+}
+
+void CDlgAddAutomobilInformationBase::expectChoices()
+{
+    for (const auto &[column, option] : itemLists)
+        CTblMultiItems::expectValues(InputParameters::itemType(option));
+    CTblMultiItems::expectValues(CTblItems::typeCountry);
+    CatalogFields::expectBrands();
+    KTableSchema::expect(u"AutomobilInformations"_s);
+    expectStoredTexts("AutomobilInformations", "sNameInsurance");
+}
+
+void CDlgAddAutomobilInformationBase::expectFill(const CTblAutomobilInformations &car)
+{
+    CatalogFields::expectBelow(car.m_iAutomobilType, car.m_iModel);
+    expectRow<CTblPersons>(car.m_iPersonID);
+    RecordPictures::expectFurther(CTblAutomobilInformations::recordKind, car.m_iID);
 }
 
 void CDlgAddAutomobilInformationBase::fill(CTblAutomobilInformations &car)

@@ -25,6 +25,9 @@ public:
     explicit CDlgAddAutomobilInformationBase(EditorMode mode, QWidget *parent = nullptr);
     ~CDlgAddAutomobilInformationBase() override;
 
+    // That it will offer its choices, and be filled with that car (KReadAhead).
+    static void expectChoices();
+    static void expectFill(const CTblAutomobilInformations &car);
     void fill(CTblAutomobilInformations &car) override;
     // A car has an owner. Without one the picker of persons opens after the warning.
     [[nodiscard]] bool validate() override;

@@ -11,6 +11,9 @@
 #include "auto/catalog/parameters/InputParameters.h"
 #include "auto/db/CTblAutomobilInformations.h"
 #include "auto/db/CTblAutomobilTariffs.h"
+#include "suite/accounting/office/CTblMultiItems.h"
+#include "suite/crm/persons/CTblPersons.h"
+#include "suite/db/records/KExpectedRow.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/frame/ScrolledPage.h"
 #include "suite/utility/look/CardStack.h"
@@ -115,6 +118,16 @@ QWidget *CDlgAddAutomobilInformationSales::buildClearance(QWidget *content)
 void CDlgAddAutomobilInformationSales::showPlate(const QString &plate)
 {
     m_plate->setText(plate);
+}
+
+void CDlgAddAutomobilInformationSales::expectChoices()
+{
+    CTblMultiItems::expectValues(InputParameters::itemType(InputParameters::ClearanceCustoms));
+}
+
+void CDlgAddAutomobilInformationSales::expectFill(const CTblAutomobilInformations &car)
+{
+    expectRow<CTblPersons>(car.m_iPersonBuyerID);
 }
 
 void CDlgAddAutomobilInformationSales::fill(CTblAutomobilInformations &car)

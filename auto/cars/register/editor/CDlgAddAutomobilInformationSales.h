@@ -20,6 +20,9 @@ public:
     ~CDlgAddAutomobilInformationSales() override;
 
     // The tariff chosen on the page, if any, sets the notary's cost in place of the stored one.
+    // That it will offer its choices, and be filled with that car (KReadAhead).
+    static void expectChoices();
+    static void expectFill(const CTblAutomobilInformations &car);
     void fill(CTblAutomobilInformations &car) override;
     // The page has no checks of its own.
     [[nodiscard]] bool validate() override;

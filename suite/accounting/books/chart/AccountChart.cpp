@@ -3,6 +3,7 @@
 
 #include "suite/accounting/books/chart/AccountChart.h"
 
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KLookup.h"
 #include "suite/db/connection/KTransaction.h"
@@ -34,11 +35,13 @@ QString codeText(int code)
     return QString::number(code);
 }
 
+const KSql orderOfCodes = "iCode";
+
 template <class Records, class Parent>
 QList<Account> readAll(int database, Parent parentOf)
 {
     Records set(database);
-    set.m_sort = "iCode";
+    set.m_sort = orderOfCodes;
     QList<Account> accounts;
     for (set.Open(true, true, true); !set.IsEOF(); set.MoveNext())
         accounts.append({set.m_iCode, set.m_sName, parentOf(set), set.m_iStatus == 0});
@@ -193,6 +196,15 @@ QList<Account> AccountChart::read(AccountLevel level, int database)
     Q_UNREACHABLE();
 }
 
+void AccountChart::expectAll(int database)
+{
+    for (const AccountLevel level : {AccountLevel::Kol, AccountLevel::Moeen, AccountLevel::Tafsily}) {
+        const std::unique_ptr<KMySQL> set = records(level, database);
+        set->m_sort = orderOfCodes;
+        set->expectOpen();
+    }
+}
+
 QString AccountChart::nameOf(int code, int database)
 {
     return KLookup::name({table(AccountCode::levelOf(code)), u"iCode"_s, u"sName"_s}, code, database);
@@ -200,6 +212,8 @@ QString AccountChart::nameOf(int code, int database)
 
 QList<Account> AccountChart::postable(int database)
 {
+    const KReadAhead reading(database);
+    expectAll(database);
     QSet<int> activeGeneral;
     for (const Account &account : read(AccountLevel::Kol, database)) {
         if (account.active)

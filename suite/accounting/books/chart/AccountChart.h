@@ -30,6 +30,8 @@ TZACCOUNTINGDATA_EXPORT QString docsColumn(AccountLevel level);
 TZACCOUNTINGDATA_EXPORT std::unique_ptr<KMySQL> records(AccountLevel level, int database = 0);
 // In the order of the codes.
 TZACCOUNTINGDATA_EXPORT QList<Account> read(AccountLevel level, int database = 0);
+// That each level will be read (KReadAhead).
+TZACCOUNTINGDATA_EXPORT void expectAll(int database = 0);
 // Empty for a code that the chart does not have.
 TZACCOUNTINGDATA_EXPORT QString nameOf(int code, int database = 0);
 // What a document's row may stand on: active accounts at the deepest existing level, that is, detail accounts, and

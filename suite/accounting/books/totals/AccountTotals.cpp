@@ -121,14 +121,13 @@ void AccountTotals::release(int num, int fiscalYear, int database)
     // By the unique key: by another one it would lock neighbours as well. Read and written by one unit: between the two a desk may take the document in again.
     KTransaction transaction(database);
     KConnection &connection = KConnection::forThread(database);
+    // Of one that is in no sum it must not read the rows: that would lock them, and whoever deletes them next would meet others who did.
+    connection.follow(KSql::formatted("INSERT INTO AccountTotalChanges(iMonth,iDay,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,dBed,dBes,iRows) "
+                                      "SELECT IFNULL(EXTRACT(YEAR_MONTH FROM h.date),0),IFNULL(DAYOFMONTH(h.date),0),iHesabKolCode,iHesabMoeenCode,"
+                                      "iHesabTafsilyCode,-SUM(CAST(dBed AS DECIMAL(50,10))),-SUM(CAST(dBes AS DECIMAL(50,10))),-COUNT(*) FROM (SELECT 1 FROM DUAL WHERE %3 LIMIT 1) AS released STRAIGHT_JOIN Documents h "
+                                      "JOIN Docs d ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.iNum=%1 AND h.iFiscalYear=%2 AND h.iStatus=0 "
+                                      "GROUP BY 1,2,3,4,5",
+                                      num, fiscalYear, KConnection::whereChanged()));
     connection.run(KSql::formatted("UPDATE Documents FORCE INDEX(yearNum) SET bSummed=0 WHERE iNum=%1 AND iFiscalYear=%2 AND bSummed=1", num, fiscalYear));
-    if (connection.affectedRows() > 0) {
-        connection.run(KSql::formatted("INSERT INTO AccountTotalChanges(iMonth,iDay,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,dBed,dBes,iRows) "
-                                       "SELECT IFNULL(EXTRACT(YEAR_MONTH FROM h.date),0),IFNULL(DAYOFMONTH(h.date),0),iHesabKolCode,iHesabMoeenCode,"
-                                       "iHesabTafsilyCode,-SUM(CAST(dBed AS DECIMAL(50,10))),-SUM(CAST(dBes AS DECIMAL(50,10))),-COUNT(*) FROM Documents h "
-                                       "JOIN Docs d ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.iNum=%1 AND h.iFiscalYear=%2 AND h.iStatus=0 "
-                                       "GROUP BY 1,2,3,4,5",
-                                       num, fiscalYear));
-    }
     transaction.commit();
 }

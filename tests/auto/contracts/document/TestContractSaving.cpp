@@ -97,8 +97,8 @@ private Q_SLOTS:
         for (const QString &statement : observed.taken())
             tables.append(statement.section(QRegularExpression(u"[ (]"_s), 0, 2));
         QCOMPARE(tables.join(u'|'),
-                 u"START TRANSACTION|UPDATE Documents FORCE|DELETE FROM Docs|INSERT INTO Docs|INSERT INTO Docs|INSERT INTO Docs|"
-                 "INSERT INTO Docs|INSERT INTO Changes|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
+                 u"START TRANSACTION|UPDATE Documents FORCE|INSERT INTO AccountTotalChanges|DELETE FROM Docs|INSERT INTO Docs|"
+                 "INSERT INTO Changes|UPDATE AutomobilContracts SET|INSERT INTO Changes|DELETE FROM CustomFieldRecords|"
                  "INSERT INTO CustomFieldRecords|INSERT INTO Changes|COMMIT"_s);
     }
 

@@ -39,7 +39,7 @@ class TestPlanFollowing : public QObject
     std::optional<PlanFollowing::Facts> asked(const Change &change, const std::optional<PlanFollowing::Answer> &answer = {}) const
     {
         try {
-            m_contract->save(change, [&answer](CTblAutomobilContracts &contract) { PlanFollowing::run(contract, answer); });
+            m_contract->save(change, {[&answer](CTblAutomobilContracts &contract) { PlanFollowing::run(contract, answer); }});
         } catch (const PlanFollowing::Undecided &undecided) {
             return undecided.facts();
         }

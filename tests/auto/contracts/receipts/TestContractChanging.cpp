@@ -34,7 +34,7 @@ class TestContractChanging : public QObject
         int status, const std::function<void(CTblAutomobilContracts &)> &write = [](CTblAutomobilContracts &) {}) const
     {
         try {
-            (void)ContractSaving::save({m_contract->key, status, write}, {}, ContractChanging::requireAllowed);
+            (void)ContractSaving::save({m_contract->key, status, write}, {}, {ContractChanging::requireAllowed});
         } catch (const ContractDeleting::MoneyReceived &received) {
             return received.userMessage();
         }

@@ -201,7 +201,7 @@ private Q_SLOTS:
         m_contract->receive(1, 112);
         const auto change = [](CTblAutomobilContracts &contract) { contract.m_dAmount = 3000; };
         std::optional<PlanFollowing::Answer> answer;
-        const auto plan = [&answer](CTblAutomobilContracts &contract) { PlanFollowing::run(contract, answer); };
+        const ContractSaving::PlanStep plan{[&answer](CTblAutomobilContracts &contract) { PlanFollowing::run(contract, answer); }};
         try {
             m_contract->save(change, plan);
         } catch (const PlanFollowing::Undecided &undecided) {

@@ -74,7 +74,7 @@ class TestCDlgAutoFullReport : public QObject
     {
         const int number = CTblDocuments::AddDoc(1, QDateTime(day, QTime(12, 0), Qt::UTC), u"سند"_s, year);
         const auto row = [&](int account, double bed, double bes) {
-            CTblDocs::AddRecord(number, year, {account, 0, bed, bes, {}});
+            CTblDocs::AddRecords(number, year, {{account, 0, bed, bes, {}}});
         };
         row(bedAccount, amount, 0);
         row(besAccount, 0, amount);

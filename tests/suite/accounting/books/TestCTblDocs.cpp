@@ -57,10 +57,10 @@ void TestCTblDocs::post(const QDateTime &date, int account, int detail, double a
 {
     constexpr int year = 1405;
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, date, u"سند"_s, year);
-    CTblDocs::AddRecord(num, year,
-                        {detail > 0 ? detail : account, account == Accounts::persons ? m_person : 0, debit ? amount : 0,
-                         debit ? 0 : amount, u"شرح %1"_s.arg(num)});
-    CTblDocs::AddRecord(num, year, {Accounts::bank, 0, debit ? 0 : amount, debit ? amount : 0, {}});
+    CTblDocs::AddRecords(num, year,
+                         {{detail > 0 ? detail : account, account == Accounts::persons ? m_person : 0, debit ? amount : 0,
+                           debit ? 0 : amount, u"شرح %1"_s.arg(num)},
+                          {Accounts::bank, 0, debit ? 0 : amount, debit ? amount : 0, {}}});
 }
 
 void TestCTblDocs::initTestCase()

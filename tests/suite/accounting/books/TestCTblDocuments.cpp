@@ -76,8 +76,8 @@ void TestCTblDocuments::init()
 int TestCTblDocuments::addDocument(double bed, double bes)
 {
     const int num = CTblDocuments::AddDoc(Accounts::documentKindContract, day, u"سند"_s, year);
-    CTblDocs::AddRecord(num, year, rowOf(bed, 0));
-    CTblDocs::AddRecord(num, year, rowOf(0, bes));
+    CTblDocs::AddRecords(num, year, {rowOf(bed, 0)});
+    CTblDocs::AddRecords(num, year, {rowOf(0, bes)});
     return num;
 }
 
@@ -127,8 +127,8 @@ void TestCTblDocuments::twoConnectionsDrawDifferentNumbers()
                 {
                     KTransaction transaction;
                     num = CTblDocuments::AddDoc(28, day, QString(), year);
-                    CTblDocs::AddRecord(num, year, rowOf(1, 0));
-                    CTblDocs::AddRecord(num, year, rowOf(0, 1));
+                    CTblDocs::AddRecords(num, year, {rowOf(1, 0)});
+                    CTblDocs::AddRecords(num, year, {rowOf(0, 1)});
                     transaction.commit();
                 }
                 const std::lock_guard lock(mutex);
@@ -278,7 +278,7 @@ void TestCTblDocuments::rowOnAnAccountOutsideTheChartIsRefused()
     for (const bool debit : {true, false}) {
         DocumentRow row = rowOf(debit ? 1 : 0, debit ? 0 : 1);
         row.account = 999901;
-        CTblDocs::AddRecord(num, year, row);
+        CTblDocs::AddRecords(num, year, {row});
     }
     QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocuments::RequireBalanced(num, year));
 }
@@ -307,7 +307,7 @@ void TestCTblDocuments::rowThatMayNotStandIsRefused()
     QFETCH(double, bes);
     DocumentRow row = rowOf(bed, bes);
     row.account = account;
-    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocs::AddRecord(num, year, row));
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, CTblDocs::AddRecords(num, year, {row}));
     QCOMPARE(count("Docs"), u"0"_s);
 }
 

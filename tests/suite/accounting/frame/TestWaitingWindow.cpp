@@ -168,8 +168,64 @@ private Q_SLOTS:
     {
         const KWaitNotice waits;
         KConnection::forThread().run(QByteArrayLiteral("SELECT SLEEP(1.3)"));
-        QVERIFY(!QApplication::activeModalWidget());
+        QTRY_VERIFY(!QApplication::activeModalWidget());
         QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    }
+
+    // Behind a slow line each answer is there within the second, and the operation takes several.
+    void anOperationOfManyAnswersCanBeGivenUp()
+    {
+        FaultProxy line(m_database.settings());
+        KConnection::configure(0, line.settings());
+        const KWaitNotice waits;
+        NameWindow window;
+        window.show();
+        window.m_name.setText(u"تازه"_s);
+        KConnection::forThread().run(QByteArrayLiteral("SELECT 1"));
+        QTRY_VERIFY(!QGuiApplication::overrideCursor());
+        line.setDelay(150);
+        bool asked = false;
+        giveUpWhenAsked(&asked);
+        int answered = 0;
+        bool isSlowShown = false;
+        const auto operation = [&] {
+            for (; answered < 30; ++answered) {
+                KConnection::forThread().run(QByteArrayLiteral("SELECT 1"));
+                isSlowShown = isSlowShown || QGuiApplication::overrideCursor();
+            }
+        };
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, operation());
+        QVERIFY(asked);
+        QVERIFY(isSlowShown);
+        QVERIFY(answered > 1);
+        QVERIFY(answered < 30);
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QVERIFY(window.isVisible());
+        QCOMPARE(window.m_name.text(), u"تازه"_s);
+        // The same pressed again, on the line as it was.
+        line.setDelay(0);
+        press(window);
+        QVERIFY(!window.isVisible());
+        QCOMPARE(m_database.value(u"SELECT sName FROM Names"_s), u"تازه"_s);
+    }
+
+    // The notice stays from its first moment to the operation's end, and comes to no harm where a window is opened meanwhile.
+    void theNoticeEndsBeforeAMessageOfTheOperation()
+    {
+        const KWaitNotice waits;
+        KConnection::forThread().run(QByteArrayLiteral("SELECT SLEEP(1.2)"));
+        QVERIFY(QApplication::activeModalWidget());
+        g_pDlgWarning->answerAll(false);
+        QPointer<QWidget> shown;
+        QTimer::singleShot(0, this, [&shown] {
+            shown = QApplication::activeModalWidget();
+            shown->close();
+        });
+        g_pDlgWarning->Show(u"پیام"_s, nullptr);
+        g_pDlgWarning->answerAll(true);
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(!QGuiApplication::overrideCursor());
     }
 };
 

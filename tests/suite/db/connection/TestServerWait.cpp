@@ -27,6 +27,12 @@ public:
     NotedWaits() { KConnection::setWaiter(this); }
     ~NotedWaits() override { KConnection::setWaiter(nullptr); }
 
+    bool began() noexcept override
+    {
+        ++m_operations;
+        return m_isOfOperations;
+    }
+    void slow() noexcept override { ++m_slow; }
     bool goOn(std::chrono::milliseconds waited) noexcept override
     {
         ++m_calls;
@@ -37,6 +43,9 @@ public:
     }
     void ended() noexcept override { ++m_ends; }
 
+    bool m_isOfOperations = false;
+    int m_operations = 0;
+    int m_slow = 0;
     int m_calls = 0;
     int m_ends = 0;
     std::chrono::milliseconds m_last{0};
@@ -116,11 +125,58 @@ private Q_SLOTS:
         NotedWaits waits;
         sleepOnServer("0.5");
         QCOMPARE(waits.m_calls, 0);
-        QCOMPARE(waits.m_ends, 0);
+        QCOMPARE(waits.m_slow, 1);
+        QCOMPARE(waits.m_ends, 1);
         sleepOnServer("1.5");
         QVERIFY(waits.m_calls > 0);
         QVERIFY(waits.m_last >= std::chrono::seconds(1));
+        QCOMPARE(waits.m_ends, 2);
+    }
+
+    // Each of its answers is there soon enough, all of them are not.
+    void anOperationWaitsForAllItsAnswers()
+    {
+        NotedWaits waits;
+        waits.m_isOfOperations = true;
+        for (int statement = 0; statement < 3; ++statement)
+            sleepOnServer("0.25");
+        QCOMPARE(waits.m_operations, 1);
+        QCOMPARE(waits.m_slow, 1);
+        QCOMPARE(waits.m_calls, 0);
+        for (int statement = 0; statement < 20; ++statement)
+            sleepOnServer("0.05");
+        QVERIFY(waits.m_calls > 1);
+        QVERIFY(waits.m_last >= std::chrono::seconds(1));
+        QCOMPARE(waits.m_ends, 0);
+        KConnection::endOperation();
         QCOMPARE(waits.m_ends, 1);
+        const int calls = waits.m_calls;
+        sleepOnServer("0.25");
+        QCOMPARE(waits.m_operations, 2);
+        QCOMPARE(waits.m_calls, calls);
+        KConnection::endOperation();
+        QCOMPARE(waits.m_ends, 2);
+        // Nothing was slow in this one.
+        sleepOnServer("0");
+        KConnection::endOperation();
+        QCOMPARE(waits.m_ends, 2);
+    }
+
+    // What is asked about the outcome waits anew.
+    void aFailureEndsTheOperation()
+    {
+        NotedWaits waits;
+        waits.m_isOfOperations = true;
+        waits.m_until = std::chrono::milliseconds(1200);
+        QCOMPARE(raisedCategory([] { sleepOnServer("5"); }), Category::GivenUp);
+        QCOMPARE(waits.m_ends, 1);
+        sleepOnServer("0.05");
+        QCOMPARE(waits.m_operations, 2);
+        sleepOnServer("0.3");
+        QCOMPARE(raisedCategory([] { KConnection::forThread().run(QByteArray("SELECT * FROM NoSuchTable")); }), Category::BadStatement);
+        QCOMPARE(waits.m_ends, 2);
+        sleepOnServer("0");
+        QCOMPARE(waits.m_operations, 3);
     }
 
     void givenUpWaitCutsTheConnectionAndSavesNothing()

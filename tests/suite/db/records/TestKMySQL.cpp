@@ -13,6 +13,7 @@
 
 #include <limits>
 #include <mysql.h>
+#include <stdexcept>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -41,6 +42,58 @@ class TestKMySQL : public QObject
 private Q_SLOTS:
     void init() { SampleRecord::createTable(); }
     void cleanup() { KConnection::setStatementObserver({}); }
+
+    void manyRowsAreAddedByOneStatement()
+    {
+        const QStringList names{u"پژو 'O\\x"_s, {}, u"a"_s, u"');DROP"_s};
+        QStringList statements;
+        SampleRecord record;
+        record.Open(true, false, true);
+        // What is known of the tables' columns is asked beside it.
+        KConnection::setStatementObserver([&](const QString &statement) {
+            if (!statement.startsWith(u"SELECT"))
+                statements.append(statement.section(u'(', 0, 0));
+        });
+        record.AddRows(names.size(), [&](qsizetype index) {
+            record.m_sName = names.at(index);
+            if (index == 1) {
+                record.m_date = someDate;
+                record.m_dAmount = -0.5;
+            }
+        });
+        KConnection::setStatementObserver({});
+        QCOMPARE(statements, (QStringList{u"START TRANSACTION"_s, u"INSERT INTO Samples"_s, u"COMMIT"_s}));
+        record.m_sort = "iID";
+        record.Open(true, true, true);
+        for (const QString &name : names) {
+            QCOMPARE(record.m_sName, name);
+            QCOMPARE(record.m_date, name.isEmpty() ? someDate : QDateTime());
+            QCOMPARE(record.m_dAmount, name.isEmpty() ? -0.5 : 0);
+            record.MoveNext();
+        }
+        QVERIFY(record.IsEOF());
+        // A value that was not set is the column's default, as of a single row.
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Samples WHERE sName IS NULL AND sNote IS NULL AND bFlag=0"_s), u"1"_s);
+    }
+
+    void ofManyRowsNoneIsAddedWhereOneIsWrong()
+    {
+        SampleRecord record;
+        record.Open(true, false, true);
+        record.AddRows(0, [](qsizetype) { QFAIL("there is none"); });
+        const auto add = [&](const QStringList &names) {
+            record.AddRows(names.size(), [&](qsizetype index) { record.m_sName = names.at(index); });
+        };
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, add({u"a"_s, u"longer than it may be"_s}));
+        QVERIFY_THROWS_EXCEPTION(CMySQLException, add({u"a"_s, u"b"_s, u"a"_s}));
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, record.AddRows(2, [](qsizetype index) {
+            if (index == 1)
+                throw std::runtime_error("refused");
+        }));
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Samples"_s), u"0"_s);
+        add({u"a"_s});
+        QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Samples"_s), u"1"_s);
+    }
 
     void everyKindOfColumnComesBackAsItWentIn()
     {

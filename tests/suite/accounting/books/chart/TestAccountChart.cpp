@@ -151,7 +151,7 @@ void TestAccountChart::noDetailBelowAnAccountWithRowsOfItsOwn()
     AccountChart::add(moeen, 620102, u"آب و برق"_s, 6201);
     const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
-    CTblDocs::AddRecord(num, 1405, {.account = 620102, .debit = 5});
+    CTblDocs::AddRecords(num, 1405, {{.account = 620102, .debit = 5}});
     QCOMPARE(refusalOf([] { AccountChart::add(tafsily, 620102001, u"آب"_s, 620102); }),
              u"حساب «آب و برق» خودش گردش دارد و زیر آن حساب تفصیلی ساخته نمی‌شود."_s);
     m_office.database.run(u"DELETE FROM Docs"_s);
@@ -164,7 +164,7 @@ void TestAccountChart::noDetailBecomesActiveAgainBelowAnAccountWithRowsOfItsOwn(
     AccountChart::setActive(620101001, false);
     const QDateTime day(QDate(2026, 5, 1), QTime(0, 0), Qt::UTC);
     const int num = CTblDocuments::AddDoc(Accounts::documentKindManual, day, {}, 1405);
-    CTblDocs::AddRecord(num, 1405, {.account = 620101, .debit = 5});
+    CTblDocs::AddRecords(num, 1405, {{.account = 620101, .debit = 5}});
     QCOMPARE(refusalOf([] { AccountChart::setActive(620101001, true); }),
              u"حساب «اجاره» خودش گردش دارد و حساب تفصیلی زیر آن فعال نمی‌شود."_s);
     QCOMPARE(value(u"SELECT iStatus FROM HesabTafsily"_s), u"1"_s);
