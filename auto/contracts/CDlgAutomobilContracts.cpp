@@ -99,9 +99,14 @@ KListColumn CDlgAutomobilContracts::receivedColumn(int side) const
     return {.key = receivedKey(side), .title = u"دریافت از "_s + ContractSide::nameOf(side), .width = 60, .cell = charged, .reads = ContractDues::chargedColumns(), .optional = true};
 }
 
+bool CDlgAutomobilContracts::completesRows() const
+{
+    return list()->isColumnShown(receivedKey(ContractSide::seller)) || list()->isColumnShown(receivedKey(ContractSide::buyer));
+}
+
 void CDlgAutomobilContracts::beginRows()
 {
-    if (list()->isColumnShown(receivedKey(ContractSide::seller)) || list()->isColumnShown(receivedKey(ContractSide::buyer)))
+    if (completesRows())
         m_levySeparate = ContractSettings::load().levySeparate;
 }
 
@@ -109,8 +114,6 @@ void CDlgAutomobilContracts::completeRows(QVector<KListModel::Row> &rows)
 {
     QList<int> sides{ContractSide::seller, ContractSide::buyer};
     sides.removeIf([this](int side) { return !list()->isColumnShown(receivedKey(side)); });
-    if (sides.isEmpty())
-        return;
     QList<int> contracts;
     for (const KListModel::Row &row : std::as_const(rows))
         contracts.append(row.key);

@@ -41,6 +41,7 @@ protected:
     KListReport reportSpec() const override;
     void chose(int row) override;
     void beginRows() override;
+    bool completesRows() const override;
     void completeRows(QVector<KListModel::Row> &rows) override;
 
 private:

@@ -27,6 +27,7 @@ protected:
     KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
+    bool completesRows() const override { return true; }
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;

@@ -74,11 +74,14 @@ QList<KListColumn> CDlgAutomobilDemands::columnTable() const
     };
 }
 
+bool CDlgAutomobilDemands::completesRows() const
+{
+    return list()->isColumnShown(phoneKey);
+}
+
 // The mobile number of who asks, or else the telephone.
 void CDlgAutomobilDemands::completeRows(QVector<KListModel::Row> &rows)
 {
-    if (!list()->isColumnShown(phoneKey))
-        return;
     const int column = list()->columnOf(phoneKey);
     QList<int> persons;
     for (const KListModel::Row &row : std::as_const(rows))

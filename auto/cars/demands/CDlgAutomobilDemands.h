@@ -27,6 +27,7 @@ protected:
     void opening() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     std::unique_ptr<KMySQL> makeRecord() const override;
+    bool completesRows() const override;
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override { return u"ad.iCode"_s; }
     void recordDeleted(int key) override;

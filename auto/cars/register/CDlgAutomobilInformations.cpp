@@ -106,6 +106,11 @@ QList<KListColumn> CDlgAutomobilInformations::columnTable() const
     + CarListColumns::further();
 }
 
+bool CDlgAutomobilInformations::completesRows() const
+{
+    return CarListColumns::completes(*list());
+}
+
 void CDlgAutomobilInformations::completeRows(QVector<KListModel::Row> &rows)
 {
     CarListColumns::complete(*list(), rows);

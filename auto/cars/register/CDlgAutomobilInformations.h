@@ -44,6 +44,7 @@ protected:
     void opening() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     std::unique_ptr<KMySQL> makeRecord() const override;
+    bool completesRows() const override;
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void deleteRecord(KMySQL &asked) override;

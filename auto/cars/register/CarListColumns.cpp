@@ -43,6 +43,11 @@ QString CarListColumns::webKey()
 }
 
 // Neither is a column of the joined view.
+bool CarListColumns::completes(const KExtListCtrl &list)
+{
+    return list.isColumnShown(mileageKey) || list.isColumnShown(webKey());
+}
+
 void CarListColumns::complete(const KExtListCtrl &list, QVector<KListModel::Row> &rows)
 {
     QList<int> cars;

@@ -13,7 +13,8 @@ namespace CarListColumns {
 QList<KListColumn> further();
 // Whether a car is ticked for the web.
 QString webKey();
-// What comes for all rows at once, as far as it is shown.
+// What comes for all rows at once, as far as it is shown; whether anything of it is.
+bool completes(const KExtListCtrl &list);
 void complete(const KExtListCtrl &list, QVector<KListModel::Row> &rows);
 
 }

@@ -37,6 +37,7 @@ protected:
     // Takes each note while its row is made.
     bool isWarning(KMySQL &record) const override;
     void beginRows() override;
+    bool completesRows() const override { return true; }
     void completeRows(QVector<KListModel::Row> &rows) override;
     void activated(int key) override;
 

@@ -452,9 +452,7 @@ QStringList KListPage::fetchedColumns() const
 
 KListModel::Row KListPage::rowOf(KMySQL &record, int number) const
 {
-    KListRows rows(m_readTable, record);
-    rows.add(number);
-    return rows.take().constFirst();
+    return KListRows::row(m_readTable, record, number);
 }
 
 KSql KListPage::filterClauses() const
@@ -510,15 +508,14 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter, int limit)
     const KReadAhead reading(set.database());
     expectCount();
     beginRows();
-    QVector<KListModel::Row> rows = makeRows(set, 1);
-    completeRows(rows);
+    QVector<KListModel::Row> rows = makeRows(1);
     m_isTableEmpty = rows.isEmpty() && !hasFurtherRows();
     if (!rows.isEmpty())
         m_asking.noteRows();
     countLeftOut();
     kept.giveUp();
-    // The rows hold all that the list shows; the record set need not keep a second copy of them.
-    set.Close();
+    // It is the rows' now, until the last of them has its cells.
+    m_records.reset();
     return rows;
 }
 
@@ -560,11 +557,10 @@ void KListPage::readFurther()
     const KReadAhead reading(set.database());
     expectCount();
     beginRows();
-    QVector<KListModel::Row> rows = makeRows(set, shown + 1);
-    completeRows(rows);
+    QVector<KListModel::Row> rows = makeRows(shown + 1);
     countLeftOut();
     kept.giveUp();
-    set.Close();
+    m_records.reset();
     const int first = rows.isEmpty() ? 0 : rows.constFirst().key;
     m_list->appendRows(std::move(rows));
     if (m_list->listModel()->rowOfKey(first) >= 0)
@@ -580,13 +576,15 @@ int KListPage::nextCount() const
     return int(qMin<qint64>(m_filledLimit, m_count.leftOut()));
 }
 
-QVector<KListModel::Row> KListPage::makeRows(KMySQL &records, int first)
+QVector<KListModel::Row> KListPage::makeRows(int first)
 {
-    KListRows rows(m_readTable, records);
-    rows.reserve(records.GetRecordsCount());
-    for (int number = first; !records.IsEOF(); records.MoveNext())
-        rows.add(number++).warning = isWarning(records);
-    return rows.take();
+    QVector<KListModel::Row> rows = KListRows::read(m_readTable, m_records, first, [this](KMySQL &record) { return isWarning(record); });
+    if (!completesRows())
+        return rows;
+    for (KListModel::Row &row : rows)
+        row.makeCells();
+    completeRows(rows);
+    return rows;
 }
 
 void KListPage::restoreSelection(int rememberedRow)

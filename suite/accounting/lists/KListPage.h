@@ -133,9 +133,12 @@ protected:
     virtual KSql filterClauses() const;
     // A row that stands out: what is overdue or void.
     virtual bool isWarning(KMySQL &) const { return false; }
-    // Called before the first row is made and after the last has its names, for what a list adds to all rows at once; also of rows that are
-    // read behind those that it has (isReadingOn).
+    // Called before the first row is read, also of rows that are read behind those that the list has (isReadingOn).
     virtual void beginRows() { }
+    // Whether the list adds to all rows at once as it stands now (completeRows): then their cells are made at once, and else when they are first
+    // seen. Cells that are made later say what the record holds and nothing else that is read.
+    virtual bool completesRows() const { return false; }
+    // Called after the last row has its names.
     virtual void completeRows(QVector<KListModel::Row> &) { }
     // The rows in sight have changed, for a list that sums them up itself (hasOwnTotals).
     virtual void showTotals(const QVector<KListModel::Row> &) { }
@@ -225,7 +228,7 @@ private:
     void sortBy(int column);
     KMySQL &records();
     QVector<KListModel::Row> readRows(const KSql &filter, int limit);
-    QVector<KListModel::Row> makeRows(KMySQL &records, int first);
+    QVector<KListModel::Row> makeRows(int first);
     void expectCount();
     void countLeftOut();
     void restoreSelection(int rememberedRow);
@@ -249,7 +252,7 @@ private:
     KListCount m_count;               // of the rows that it kept out
     bool m_isTableEmpty = false;      // the last fill found no row with any filter
     KListOrder m_order;
-    std::unique_ptr<KMySQL> m_records;
+    std::shared_ptr<KMySQL> m_records; // made when it is needed
     QList<KListColumn> m_columnTable;
     QList<KListColumn> m_readTable; // the same, with nothing to read for the columns that are not shown
     KListPrinting m_printing;

@@ -30,6 +30,7 @@ protected:
     KSql filterClauses() const override;
     QString defaultSort() const override;
     void beginRows() override;
+    bool completesRows() const override { return true; }
     void completeRows(QVector<KListModel::Row> &rows) override;
     void activated(int key) override;
 

@@ -53,6 +53,7 @@ protected:
     std::vector<KListCommand> commands() override;
     void buildFilters(QGridLayout *grid) override;
     std::unique_ptr<KMySQL> makeRecords() const override;
+    bool completesRows() const override { return true; }
     void completeRows(QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override;
     void activated(int key) override;

@@ -31,12 +31,6 @@ QVariant brush(Role role)
     return QBrush(HostColors::of(role));
 }
 
-// A number, a date or a telephone number, whatever kind of value it is.
-bool isFigure(const QString &text)
-{
-    return std::ranges::all_of(text, [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'/' || c == u',' || c == u'.' || c == u'-'; });
-}
-
 // How a cell stands out, if it does.
 QVariant look(const KListModel::Row &row, int column, int role)
 {
@@ -66,6 +60,14 @@ QVariant look(const KListModel::Row &row, int column, int role)
 
 KListModel::Source::~Source() = default;
 
+KListModel::Maker::~Maker() = default;
+
+void KListModel::Row::makeCells()
+{
+    if (const std::shared_ptr<const Maker> made = std::exchange(maker, nullptr))
+        made->make(*this);
+}
+
 KListModel::KListModel(QObject *parent)
     : QAbstractTableModel(parent)
     , m_madeRows(keptRows) { }
@@ -73,6 +75,11 @@ KListModel::KListModel(QObject *parent)
 QChar KListModel::sortMark()
 {
     return u'*';
+}
+
+bool KListModel::isFigure(const QString &text)
+{
+    return std::ranges::all_of(text, [](QChar c) { return (c >= u'0' && c <= u'9') || c == u'/' || c == u',' || c == u'.' || c == u'-'; });
 }
 
 // A run of digits with a sign, a slash or a separator would be turned round inside a line that reads from the right.
@@ -142,7 +149,7 @@ void KListModel::narrow(const QString &text, const QList<int> &columns)
 
 int KListModel::allRows() const
 {
-    return m_source ? m_sourceRows : int(m_rows.size());
+    return m_source ? m_source->count() : int(m_rows.size());
 }
 
 // Many cells of a column say the same: a state, a name, a kind.
@@ -151,7 +158,8 @@ void KListModel::makeRowKeys()
     QHash<QString, QString> known;
     m_rowKeys.clear();
     m_rowKeys.reserve(m_rows.size());
-    for (const Row &row : std::as_const(m_rows)) {
+    for (int at = 0; at < m_rows.size(); ++at) {
+        const Row &row = made(at);
         QString key;
         for (const int column : std::as_const(m_wordColumns)) {
             if (column >= row.cells.size() || row.cells.at(column).text.isEmpty())
@@ -183,9 +191,15 @@ void KListModel::findInSight()
 QString KListModel::longestFigure(int column) const
 {
     QString longest;
+    const Maker *asked = nullptr;
     const int rows = m_source ? qMin(m_sourceRows, sampledRows) : int(m_rows.size());
     for (int i = 0; i < rows; ++i) {
-        const Row &row = m_source ? rowAt(i) : m_rows[i];
+        const Row &row = m_source ? rowAt(i) : m_rows.at(i);
+        if (row.maker && row.maker.get() != asked) {
+            asked = row.maker.get();
+            if (const QString figure = asked->longestFigure(column); figure.size() > longest.size())
+                longest = figure;
+        }
         if (column >= row.cells.size())
             continue;
         const Cell &cell = row.cells[column];
@@ -197,16 +211,20 @@ QString KListModel::longestFigure(int column) const
 
 QVector<KListModel::Row> KListModel::rows() const
 {
-    if (!m_source && !isNarrowed())
+    if (!m_source && !isNarrowed()) {
+        for (int row = 0; row < m_rows.size(); ++row)
+            made(row);
         return m_rows;
+    }
     QVector<Row> rows;
     if (!m_source) {
         for (int row = 0; row < m_inSight.size(); ++row)
             rows.append(narrowedRow(row));
         return rows;
     }
-    rows.reserve(m_sourceRows);
-    for (int row = 0; row < m_sourceRows; ++row)
+    const int all = m_source->count();
+    rows.reserve(all);
+    for (int row = 0; row < all; ++row)
         rows.append(m_source->row(row));
     return rows;
 }
@@ -231,13 +249,22 @@ void KListModel::setSource(std::shared_ptr<const Source> source)
     m_inSight.clear();
     m_madeRows.clear();
     m_source = std::move(source);
-    m_sourceRows = m_source ? m_source->count() : 0;
+    m_mostRows = m_step;
+    m_sourceRows = m_source ? qMin(m_source->count(), m_mostRows) : 0;
     endResetModel();
+}
+
+void KListModel::showFurther(int rows)
+{
+    if (!m_source)
+        return;
+    m_mostRows = qMin(m_sourceRows + rows, m_source->count());
+    sourceGrew();
 }
 
 void KListModel::sourceGrew()
 {
-    const int count = m_source ? m_source->count() : 0;
+    const int count = m_source ? qMin(m_source->count(), m_mostRows) : 0;
     if (count <= m_sourceRows)
         return;
     beginInsertRows({}, m_sourceRows, count - 1);
@@ -297,13 +324,13 @@ bool KListModel::removeKey(int key)
     const int row = rowOfKey(key);
     if (row < 0)
         return false;
-    const int stored = isNarrowed() ? m_inSight.at(row) : row;
+    const int at = stored(row);
     beginRemoveRows({}, row, row);
-    m_rows.removeAt(stored);
+    m_rows.removeAt(at);
     m_rowKeys.clear();
     findInSight();
     endRemoveRows();
-    countRowsFrom(stored);
+    countRowsFrom(at);
     return true;
 }
 
@@ -314,8 +341,10 @@ void KListModel::countRowsFrom(int first)
     for (int column = 0; column < m_columns.size(); ++column) {
         if (!m_columns[column].countsRows)
             continue;
-        for (int row = first; row < m_rows.size(); ++row)
-            m_rows[row].cells[column] = {QString::number(row + 1), row + 1};
+        for (int row = first; row < m_rows.size(); ++row) {
+            if (!m_rows.at(row).maker)
+                m_rows[row].cells[column] = {QString::number(row + 1), row + 1};
+        }
         if (rowCount() > 0)
             Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
     }
@@ -328,7 +357,7 @@ void KListModel::clear()
 
 int KListModel::keyAt(int row) const
 {
-    return row >= 0 && row < rowCount() ? rowAt(row).key : 0;
+    return row >= 0 && row < rowCount() ? listed(row).key : 0;
 }
 
 int KListModel::rowOfKey(int key) const
@@ -339,7 +368,7 @@ int KListModel::rowOfKey(int key) const
         return row < m_sourceRows ? row : -1;
     }
     for (int row = 0, rows = rowCount(); row < rows; ++row) {
-        if (rowAt(row).key == key)
+        if (listed(row).key == key)
             return row;
     }
     return -1;
@@ -347,16 +376,21 @@ int KListModel::rowOfKey(int key) const
 
 void KListModel::addAmount(int row, int column, int words, QList<std::pair<QString, double>> &sums) const
 {
-    const Row &listed = rowAt(row);
-    if (column >= listed.cells.size() || words >= listed.cells.size() || listed.heading || !listed.cells.at(column).isSummed)
-        return;
-    const QString &part = words < 0 ? QString() : listed.cells.at(words).text;
-    const auto known = std::ranges::find(sums, part, &std::pair<QString, double>::first);
-    const double amount = listed.cells.at(column).value.toDouble();
-    if (known != sums.end())
-        known->second += amount;
+    const Row &summed = listed(row);
+    Maker::Amount amount;
+    if (summed.maker)
+        amount = summed.maker->amount(summed.place, column);
+    else if (column < summed.cells.size() && words < summed.cells.size() && !summed.heading)
+        amount = {summed.cells.at(column).value.toDouble(), summed.cells.at(column).isSummed, words < 0 ? QString() : summed.cells.at(words).text};
     else
-        sums.append({part, amount});
+        return;
+    if (!amount.isSummed)
+        return;
+    const auto known = std::ranges::find(sums, amount.part, &std::pair<QString, double>::first);
+    if (known != sums.end())
+        known->second += amount.value;
+    else
+        sums.append({amount.part, amount.value});
 }
 
 QList<std::pair<QString, double>> KListModel::sums(int column, const QList<int> &rows) const
@@ -390,7 +424,9 @@ int KListModel::rowCount(const QModelIndex &parent) const
 {
     if (parent.isValid())
         return 0;
-    return isNarrowed() ? int(m_inSight.size()) : allRows();
+    if (m_source)
+        return m_sourceRows;
+    return isNarrowed() ? int(m_inSight.size()) : int(m_rows.size());
 }
 
 int KListModel::columnCount(const QModelIndex &parent) const
@@ -398,11 +434,36 @@ int KListModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : int(m_columns.size());
 }
 
+int KListModel::stored(int row) const
+{
+    return isNarrowed() ? m_inSight.at(row) : row;
+}
+
+// Perhaps without its cells.
+const KListModel::Row &KListModel::listed(int row) const
+{
+    return m_source ? rowAt(row) : m_rows.at(stored(row));
+}
+
+// With them. Its number is the one that it has by now.
+const KListModel::Row &KListModel::made(int stored) const
+{
+    if (!m_rows.at(stored).maker)
+        return m_rows.at(stored);
+    Row &row = m_rows[stored];
+    row.makeCells();
+    for (int column = 0; column < m_columns.size() && column < row.cells.size(); ++column) {
+        if (m_columns[column].countsRows)
+            row.cells[column] = {QString::number(stored + 1), stored + 1};
+    }
+    return row;
+}
+
 // Valid until the next call.
 const KListModel::Row &KListModel::rowAt(int row) const
 {
     if (!m_source)
-        return m_rows[isNarrowed() ? m_inSight.at(row) : row];
+        return made(stored(row));
     if (const Row *made = m_madeRows.object(row))
         return *made;
     auto *made = new Row(m_source->row(row));

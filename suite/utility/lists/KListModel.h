@@ -10,6 +10,7 @@
 #include <QVariant>
 #include <QVector>
 
+#include <limits>
 #include <memory>
 
 #include "suite/utility/TzUtilityExport.h"
@@ -54,6 +55,8 @@ public:
         bool isSummed = true; // of an amount in a column that sums: false for what is void
     };
 
+    class Maker;
+
     struct Row
     {
         int key = 0;
@@ -61,6 +64,30 @@ public:
         bool warning = false; // stands out, as what is overdue
         bool heading = false; // stands out, as the title or the total of the rows around it
         int markedCell = -1;  // column of a cell that must be mended
+        std::shared_ptr<const Maker> maker = {}; // of its cells, where they are not made yet
+        int place = 0;                           // among that maker's rows
+
+        void makeCells();
+    };
+
+    // Makes the cells of rows once they are asked for: a list of thousands shows some thirty. What the list says of all its rows it knows
+    // without them.
+    class TZUTILITY_EXPORT Maker
+    {
+    public:
+        virtual ~Maker();
+        // Its cells, and how it stands out.
+        virtual void make(Row &row) const = 0;
+        // Of a column that sums.
+        struct Amount
+        {
+            double value = 0;
+            bool isSummed = true;
+            QString part = {}; // the words by which the sums are parted; empty where they are not
+        };
+        virtual Amount amount(int place, int column) const = 0;
+        // As KListModel::longestFigure, of all its rows.
+        virtual QString longestFigure(int column) const = 0;
     };
 
     // Makes the rows of a list that is too long to hold every cell of it.
@@ -78,6 +105,8 @@ public:
 
     // Whether the cell's text is drawn from left to right, on the screen and on paper.
     static bool readsLeftToRight(const Column &column, const Cell &cell);
+    // A number, a date or a telephone number, whatever kind of value it is.
+    static bool isFigure(const QString &text);
 
     void setColumns(const QVector<Column> &columns);
     const QVector<Column> &columns() const { return m_columns; }
@@ -110,6 +139,12 @@ public:
     // Shows the rows of the source instead of rows of its own, until rows are set; null: none. The rows are made when they are
     // shown, and again after sourceChanged.
     void setSource(std::shared_ptr<const Source> source);
+    // Of a source that is set from now on, at most so many rows are in sight until more are asked for: a view lays out anew all that are,
+    // each time one comes. What the list holds it holds all the same (allRows, rows).
+    void setStep(int rows) { m_step = rows; }
+    int step() const { return m_step; }
+    // So many further ones; as many as are left where these are less.
+    void showFurther(int rows);
     // The source has more rows behind those it had.
     void sourceGrew();
     // The source's rows have changed; their number has not.
@@ -135,6 +170,9 @@ public:
 
 private:
     const Row &rowAt(int row) const;
+    const Row &listed(int row) const;
+    const Row &made(int stored) const;
+    int stored(int row) const;
     void addAmount(int row, int column, int words, QList<std::pair<QString, double>> &sums) const;
     Row narrowedRow(int row) const;
     void makeRowKeys();
@@ -143,12 +181,14 @@ private:
 
     QVector<Column> m_columns;
     int m_markedColumn = -1;
-    QVector<Row> m_rows;
+    mutable QVector<Row> m_rows; // some without their cells
     QStringList m_words;      // searched for; empty: all rows are in sight
     QList<int> m_wordColumns; // in which they are
     QStringList m_rowKeys;    // of all rows, what the words are searched in; made when they are needed
     QList<int> m_inSight;     // of the rows, in their order, while there are words
     std::shared_ptr<const Source> m_source;
     int m_sourceRows = 0;                // of the source, as far as views know
+    int m_step = std::numeric_limits<int>::max();
+    int m_mostRows = m_step; // of the source that views may know
     mutable QCache<int, Row> m_madeRows; // of the source, those asked for last
 };
