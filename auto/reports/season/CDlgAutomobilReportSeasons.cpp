@@ -19,6 +19,7 @@
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/lists/KListCard.h"
+#include "suite/utility/lists/KNextRows.h"
 #include "suite/utility/values/KSettings.h"
 #include "suite/utility/entries/KStepArrows.h"
 #include "suite/utility/frame/KWaitCursor.h"
@@ -48,6 +49,8 @@ namespace {
 
 constexpr double highestTotal = 1e15;
 // In letters.
+// The list lays out anew all that are in sight: with more of them the window would stand still for longer than a frame.
+constexpr int rowsInSight = 100'000;
 constexpr int yearWidth = 12;
 constexpr int amountWidth = 22;
 const QString section = u"DlgAutomobilReportSeasons"_s;
@@ -116,7 +119,13 @@ CDlgAutomobilReportSeasons::CDlgAutomobilReportSeasons(QWidget *parent)
     column->setContentsMargins(LookSizes::windowMargin, LookSizes::unit, LookSizes::windowMargin, LookSizes::unit);
     column->setSpacing(LookSizes::cardGap);
     column->addWidget(buildChoices());
-    column->addWidget(new KListCard(m_list, content), 1);
+    auto *card = new KListCard(m_list, content);
+    column->addWidget(card, 1);
+    m_next = new KNextRows(card);
+    card->addBelowRows(m_next);
+    m_next->follow(m_list);
+    connect(m_next, &KNextRows::clicked, this, [this] { showFurther(m_list->count()); });
+    m_list->listModel()->setStep(rowsInSight);
     column->addWidget(buildTotals());
     QDialogButtonBox *buttons = createButtons({}, u"بازگشت"_s);
     setContent(content, buttons, Content::Fills);
@@ -336,10 +345,27 @@ void CDlgAutomobilReportSeasons::takeRows(const QVector<SeasonalRow> &rows)
 {
     m_rows->append(rows);
     m_progressText->setText(u"در حال گردآوری : %1 ردیف"_s.arg(m_rows->count()));
-    if (m_rows->count() < 2 * m_shownRows)
+    if (m_rows->count() < 2 * m_list->count())
         return;
-    m_shownRows = m_rows->count();
     m_list->listModel()->sourceGrew();
+}
+
+// As far as that row, in whole steps.
+void CDlgAutomobilReportSeasons::showFurther(int row)
+{
+    const KWaitCursor wait;
+    const int first = m_list->count();
+    const int step = m_list->listModel()->step();
+    if (row >= first)
+        m_list->listModel()->showFurther(((row - first) / step + 1) * step);
+    offerFurther();
+    if (m_list->count() > first)
+        m_list->selectRow(row);
+}
+
+void CDlgAutomobilReportSeasons::offerFurther()
+{
+    m_next->offer(qMin(m_list->listModel()->step(), m_rows->count() - m_list->count()));
 }
 
 void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcome)
@@ -351,6 +377,7 @@ void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcom
     }
     m_whole = true;
     m_list->listModel()->sourceGrew();
+    offerFurther();
     m_list->selectRow(0);
     showTotals(outcome.totals);
     setBusy(false);
@@ -366,8 +393,12 @@ void CDlgAutomobilReportSeasons::finish(const SeasonalGathering::Outcome &outcom
 // The address column is beyond the window's edge when it opens.
 void CDlgAutomobilReportSeasons::showTooLongAddress()
 {
-    if (const int row = m_rows->firstTooLongAddress(); row >= 0)
-        m_list->selectCell(row, SeasonalRow::Address);
+    const int row = m_rows->firstTooLongAddress();
+    if (row < 0)
+        return;
+    if (row >= m_list->count())
+        showFurther(row);
+    m_list->selectCell(row, SeasonalRow::Address);
 }
 
 void CDlgAutomobilReportSeasons::fail(const std::exception_ptr &error)
@@ -381,8 +412,8 @@ void CDlgAutomobilReportSeasons::fail(const std::exception_ptr &error)
 void CDlgAutomobilReportSeasons::dropRows()
 {
     m_rows = std::make_shared<SeasonalList>();
-    m_shownRows = 0;
     m_list->listModel()->setSource(m_rows);
+    offerFurther();
 }
 
 void CDlgAutomobilReportSeasons::showTotals(const SeasonalTotals &totals)
@@ -405,7 +436,8 @@ void CDlgAutomobilReportSeasons::sortBy(int column)
     m_list->setSortMark(column);
     m_rows->sort(column, m_order.descending);
     model->sourceChanged();
-    m_list->selectKey(selected);
+    if (!m_list->selectKey(selected))
+        m_list->selectRow(0);
 }
 
 // The party of the row is corrected in the list of persons, and every row that names it follows.
@@ -480,7 +512,7 @@ ListReport CDlgAutomobilReportSeasons::listReport() const
     report.setText(u"LeftBottom"_s,
                    u"تاریخ چاپ : "_s + shamsiText(GetDBSetting()->GetDBServerDate().date()));
     const auto total = [this](Total which) { return m_totals[which]->text(); };
-    report.setText(u"Count"_s, u"تعداد ردیف : %1"_s.arg(m_list->count()));
+    report.setText(u"Count"_s, u"تعداد ردیف : %1"_s.arg(m_rows->count()));
     report.setText(u"Amount"_s, u"مبلغ : %1"_s.arg(total(Amount)));
     report.setText(u"Tax"_s, u"مالیات : %1"_s.arg(total(Tax)));
     report.setText(u"Discount"_s, u"تخفیف : %1"_s.arg(total(Discount)));

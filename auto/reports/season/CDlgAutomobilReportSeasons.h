@@ -17,6 +17,7 @@ class KEdit;
 class KExtListCtrl;
 class QButtonGroup;
 class QDialogButtonBox;
+class KNextRows;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -46,6 +47,8 @@ public:
     bool isBusy() const { return m_task.isRunning(); }
 
     KExtListCtrl *list() const { return m_list; }
+    // Shown while the list does not show all rows at once.
+    KNextRows *nextRows() const { return m_next; }
     KEdit *year() const { return m_year; }
     KEdit *minimumAmount() const { return m_minimumAmount; }
     QButtonGroup *seasons() const { return m_seasons; }
@@ -96,12 +99,13 @@ private:
     void editParty(int key);
     bool isEntryGood();
     bool stillAsGathered();
+    void showFurther(int row);
+    void offerFurther();
     void dropRows();
 
     SeasonalTask m_task;
     std::shared_ptr<SeasonalList> m_rows;
     SeasonalGathering::Query m_gathered; // what the rows were gathered by
-    int m_shownRows = 0;                 // how many of them the list has been notified of
     bool m_whole = false;                // the gathering came to its end
     KSortOrder m_order;
     bool m_opened = false;
@@ -110,6 +114,7 @@ private:
     KEdit *m_year;
     KEdit *m_minimumAmount;
     KExtListCtrl *m_list;
+    KNextRows *m_next = nullptr;
     std::array<KEdit *, TotalCount> m_totals{};
     QWidget *m_progress = nullptr;
     QLabel *m_progressText = nullptr;

@@ -12,6 +12,7 @@
 #include "suite/accounting/office/KSecurity.h"
 #include "suite/accounting/reports/ReportPainter.h"
 #include "suite/crm/persons/CTblPersons.h"
+#include "suite/utility/lists/KNextRows.h"
 #include "suite/utility/entries/KEdit.h"
 #include "suite/utility/lists/KExtListCtrl.h"
 #include "suite/utility/look/HostColors.h"
@@ -397,6 +398,41 @@ private Q_SLOTS:
         window.refresh();
         waitUntilIdle(window);
         QCOMPARE(window.list()->listModel()->headerData(11, Qt::Horizontal).toString(), u"نام خریدار"_s);
+    }
+
+    // A view lays out anew all that it shows; what it does not show yet belongs to the report all the same.
+    void aLongSeasonIsShownStepByStep()
+    {
+        const int person = m_office.addPerson(u"علی"_s, u"رضایی"_s, [](CTblPersons &record) { record.m_sAddress = QString(81, u'ن'); });
+        for (int contract = 1; contract <= 4; ++contract)
+            addContract(20'000'000 + contract, [&](Contract &record) { record.m_iPersonSecondID = contract == 4 ? person : 0; });
+        Window window;
+        window.list()->listModel()->setStep(3);
+        window.show();
+        waitUntilIdle(window);
+        // The one that has to be mended is among the last, and comes into sight with those before it.
+        QCOMPARE(g_pDlgWarning->takeShown().size(), 1);
+        QCOMPARE(window.list()->count(), 8);
+        QCOMPARE(window.list()->currentRow(), 7);
+        QVERIFY(!window.nextRows()->isVisible());
+        m_office.database().run(u"UPDATE Persons SET sAddress='' WHERE iID=%1"_s.arg(person));
+        window.refresh();
+        waitUntilIdle(window);
+        QCOMPARE(window.list()->count(), 3);
+        QCOMPARE(window.nextRows()->text(), u"نمایش 3 ردیف بعدی"_s);
+        const auto onPaper = window.listReport().rows().size();
+        QVERIFY(onPaper >= 8);
+        Q_EMIT window.list()->columnClicked(4);
+        Q_EMIT window.list()->columnClicked(4);
+        QCOMPARE(window.list()->cellText(0, 4), u"20,000,004"_s); // of all rows the highest
+        window.nextRows()->click();
+        QCOMPARE(window.list()->count(), 6);
+        QCOMPARE(window.list()->currentRow(), 3);
+        QCOMPARE(window.nextRows()->text(), u"نمایش 2 ردیف بعدی"_s);
+        window.nextRows()->click();
+        QCOMPARE(window.list()->count(), 8);
+        QVERIFY(!window.nextRows()->isVisible());
+        QCOMPARE(window.listReport().rows().size(), onPaper);
     }
 
     void theYearIsTypedInDigitsOfAnyScriptAndSteppedByKeys()
