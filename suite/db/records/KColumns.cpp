@@ -19,7 +19,10 @@ const QString keyColumn = u"iID"_s;
 template <class Value>
 void loadMember(Value *member, const char *cell, unsigned long length)
 {
-    *member = cell ? KColumnValue<Value>::fromCell(cell, length) : Value();
+    if (cell)
+        KColumnValue<Value>::read(*member, cell, length);
+    else if (!KColumnValue<Value>::isEmpty(*member))
+        *member = Value();
 }
 
 }
