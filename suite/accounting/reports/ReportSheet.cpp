@@ -7,12 +7,15 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringEncoder>
 #include <QUuid>
 
 #include <xlsxwriter.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -123,16 +126,22 @@ ReportSheet::Result ReportSheet::fill(lxw_workbook *workbook, const ReportProgre
     return Written;
 }
 
+// One for each look: of two that look alike the library knows only the first by its number, and compares the other at every cell.
 void ReportSheet::makeFormats(lxw_workbook *workbook)
 {
     const int decimals = defaultMoneyDecimals();
     const QByteArray moneyFormat = decimals > 0 ? "#,##0." + QByteArray(decimals, '0') : QByteArray("#,##0");
+    std::map<std::tuple<uint8_t, QByteArray, bool>, lxw_format *> made;
     for (SheetColumn &column : m_columns) {
-        auto make = [&](const char *numberFormat, bool rightToLeft) {
-            lxw_format *format = workbook_add_format(workbook);
-            format_set_align(format, horizontal(m_report.columns().at(column.source).alignment));
-            if (numberFormat)
-                format_set_num_format(format, numberFormat);
+        const uint8_t align = horizontal(m_report.columns().at(column.source).alignment);
+        const auto make = [&](const QByteArray &numberFormat, bool rightToLeft) {
+            lxw_format *&format = made[{align, numberFormat, rightToLeft}];
+            if (format)
+                return format;
+            format = workbook_add_format(workbook);
+            format_set_align(format, align);
+            if (!numberFormat.isEmpty())
+                format_set_num_format(format, numberFormat.constData());
             if (rightToLeft)
                 format_set_reading_order(format, readsFromTheRight);
             return format;
@@ -141,9 +150,9 @@ void ReportSheet::makeFormats(lxw_workbook *workbook)
             column.format = make("yyyy\\-mm\\-dd", false);
             continue;
         }
-        column.format = make(nullptr, !m_report.columns().at(column.source).isDate);
+        column.format = make({}, !m_report.columns().at(column.source).isDate);
         column.whole = make("0", false);
-        column.money = make(moneyFormat.constData(), false);
+        column.money = make(moneyFormat, false);
     }
 }
 
@@ -185,11 +194,11 @@ QString ReportSheet::titleOf(const SheetColumn &column) const
 
 bool ReportSheet::writeRow(lxw_worksheet *sheet, unsigned row, const KListModel::Row &from)
 {
-    for (size_t i = 0; i < m_columns.size(); ++i) {
-        const int source = m_columns[i].source;
-        if (source < from.cells.size()
-            && !writeCell(sheet, row, static_cast<lxw_col_t>(i), m_columns[i], from.cells.at(source)))
+    lxw_col_t at = 0;
+    for (SheetColumn &column : m_columns) {
+        if (column.source < from.cells.size() && !writeCell(sheet, row, at, column, from.cells.at(column.source)))
             return false;
+        ++at;
     }
     return true;
 }
@@ -206,7 +215,7 @@ bool ReportSheet::writeCell(lxw_worksheet *sheet, unsigned row, unsigned short c
         return worksheet_write_datetime(sheet, row, column, &value, target.format) == LXW_NO_ERROR;
     }
     // What the list shows empty is empty here, also where it sorts by a number behind it.
-    if (QStringView(cell.text).trimmed().isEmpty())
+    if (std::ranges::all_of(cell.text, [](QChar character) { return character.isSpace(); }))
         return true;
     switch (cell.value.typeId()) {
     case QMetaType::Int:
@@ -217,6 +226,14 @@ bool ReportSheet::writeCell(lxw_worksheet *sheet, unsigned row, unsigned short c
     default:
         break;
     }
-    const QByteArray text = cell.text.left(longestCellText).toUtf8();
-    return worksheet_write_string(sheet, row, column, text.constData(), target.format) == LXW_NO_ERROR;
+    return worksheet_write_string(sheet, row, column, utf8(QStringView(cell.text).left(longestCellText)), target.format) == LXW_NO_ERROR;
+}
+
+// Valid until the next call.
+const char *ReportSheet::utf8(QStringView text)
+{
+    QStringEncoder encoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless);
+    m_utf8.resize(encoder.requiredSpace(text.size()) + 1);
+    *encoder.appendToBuffer(m_utf8.data(), text) = '\0';
+    return m_utf8.constData();
 }

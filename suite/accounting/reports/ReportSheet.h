@@ -45,7 +45,9 @@ private:
     bool writeRow(lxw_worksheet *sheet, unsigned row, const KListModel::Row &from);
     bool writeCell(lxw_worksheet *sheet, unsigned row, unsigned short column, SheetColumn &target, const KListModel::Cell &cell);
     QString titleOf(const SheetColumn &column) const;
+    const char *utf8(QStringView text);
 
     const ListReport &m_report;
     std::vector<SheetColumn> m_columns;
+    QByteArray m_utf8; // of the text under way
 };
