@@ -7,6 +7,7 @@
 #include "auto/db/CTblAutomobilInformations.h"
 #include "suite/accounting/office/CDBSetting.h"
 #include "suite/accounting/office/Placeholders.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KLookup.h"
 
@@ -26,14 +27,19 @@ struct FittingDemand
     int person = 0;
 };
 
-std::vector<FittingDemand> fittingDemands(const OfferedCar &car, int database)
+// Those that the car may fit: a demand of another brand than its own it does not, which an index tells. DemandMatch judges the rest.
+void askFor(CTblAutomobilDemands &demands, const OfferedCar &car)
 {
-    CTblAutomobilDemands demands(database);
     demands.SetColumns({u"iCode"_s, u"iPersonID"_s, u"iAutomobilType"_s,
                         u"iModelFrom"_s, u"iModelUpTo"_s, u"iColor"_s,
                         u"dAmountFrom"_s, u"dAmountUpTo"_s, u"dateReference"_s,
                         u"dateMaxTimeNeed"_s, u"sDescSpecial"_s});
-    demands.m_filter = "iArchiveUserID=0 AND iStatus=0 AND " + Placeholders::none(demands.GetTableName());
+    demands.m_filter = "iArchiveUserID=0 AND iStatus=0 AND " + Placeholders::none(demands.GetTableName())
+        + KSql::formatted(" AND (iAutomobilType IN (0,%1) OR iAutomobilType IS NULL)", car.automobilType);
+}
+
+std::vector<FittingDemand> fittingDemands(CTblAutomobilDemands &demands, const OfferedCar &car)
+{
     const QDate today = GetDBSetting()->GetDBServerDate().date();
     std::vector<FittingDemand> found;
     for (demands.Open(true, true, true); !demands.IsEOF(); demands.MoveNext()) {
@@ -59,6 +65,11 @@ struct Asker
     QString mobile;
 };
 
+KSql askersStatement(const QList<int> &persons)
+{
+    return KSql::formatted("SELECT iID,sName2,sMobile FROM Persons WHERE iID IN (%1)", KSql::list(persons));
+}
+
 QHash<int, Asker> askersOf(const QList<int> &persons, int database)
 {
     QHash<int, Asker> askers;
@@ -66,7 +77,7 @@ QHash<int, Asker> askersOf(const QList<int> &persons, int database)
         return askers;
     CTblTemp rows(database);
     rows.Open(true, false, true);
-    rows.ExecuteQuery(KSql::formatted("SELECT iID,sName2,sMobile FROM Persons WHERE iID IN (%1)", KSql::list(persons)));
+    rows.ExecuteQuery(askersStatement(persons));
     for (; rows.HasResultRow(); rows.MoveNextResult())
         askers.insert(rows.GetLongFieldValue(0), {rows.GetTextFieldValue(1), rows.GetTextFieldValue(2)});
     return askers;
@@ -83,6 +94,10 @@ std::vector<MatchingDemands::Demand> namedDemands(std::vector<FittingDemand> fou
         colors.append(entry.demand.wishes.color);
     }
     CTblAutomobilDemands record(database);
+    if (!persons.isEmpty())
+        KReadAhead::expect(askersStatement(persons), database);
+    KLookup::expectNames(record, u"iAutomobilType", types);
+    KLookup::expectNames(record, u"iColor", colors);
     const QHash<int, Asker> askers = askersOf(persons, database);
     const auto typeNames = KLookup::names(record, u"iAutomobilType", types);
     const auto colorNames = KLookup::names(record, u"iColor", colors);
@@ -120,8 +135,15 @@ MatchingDemands MatchingDemands::of(const OfferedCar &offer, int carCode, int da
     MatchingDemands matching;
     matching.carCode = carCode;
     matching.offer = offer;
+    const KReadAhead reading(database);
+    CTblAutomobilDemands demands(database);
+    askFor(demands, offer);
+    CDBSetting::ExpectDBServerDate();
+    demands.expectOpen();
+    KLookup::expectNames(car, u"iAutomobilType", {offer.automobilType});
+    KLookup::expectNames(car, u"iColor", {offer.color});
     matching.type = KLookup::name(car, u"iAutomobilType", offer.automobilType);
     matching.color = KLookup::name(car, u"iColor", offer.color);
-    matching.demands = namedDemands(fittingDemands(matching.offer, database), database);
+    matching.demands = namedDemands(fittingDemands(demands, matching.offer), database);
     return matching;
 }

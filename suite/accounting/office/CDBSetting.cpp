@@ -5,6 +5,7 @@
 
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/records/KChangeLog.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/office/CTblDepartments.h"
 #include "suite/accounting/office/CTblProperties.h"
@@ -26,6 +27,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 Q_LOGGING_CATEGORY(lcSetting, "tz.setting")
+
+constexpr char serverTime[] = "SELECT NOW()";
 
 void write(const OfficeSettings::Key &key, int value)
 {
@@ -114,8 +117,13 @@ QDateTime CDBSetting::GetDBServerDate() const
 {
     CTblTemp temp;
     temp.Open(true, false, true);
-    temp.ExecuteQuery("SELECT NOW()", true, true);
+    temp.ExecuteQuery(serverTime, true, true);
     return temp.GetDateFieldValue(0);
+}
+
+void CDBSetting::ExpectDBServerDate()
+{
+    KReadAhead::expect(KSql(serverTime));
 }
 
 QString CDBSetting::MoneyUnitName() const

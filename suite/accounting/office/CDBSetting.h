@@ -57,6 +57,8 @@ public:
 
     // Now, by the server's clock. Wall-clock time held in Qt::UTC, as record sets hold it.
     QDateTime GetDBServerDate() const;
+    // That it will be asked (KReadAhead).
+    static void ExpectDBServerDate();
 
     // For example "ریال".
     QString MoneyUnitName() const;

@@ -6,6 +6,8 @@
 #include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/KMySQL.h"
 
+#include <QSet>
+
 #include <mysql.h>
 
 #include <algorithm>
@@ -19,12 +21,14 @@ KLookup::Source sourceOf(KMySQL &record, QStringView column)
     return source;
 }
 
-QList<int> distinct(QList<int> keys)
+// In their order. Rows name few different ones, so that these are found before they are sorted.
+QList<int> distinct(const QList<int> &keys)
 {
-    std::sort(keys.begin(), keys.end());
-    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-    keys.removeAll(0);
-    return keys;
+    const QSet<int> found(keys.cbegin(), keys.cend());
+    QList<int> wanted(found.cbegin(), found.cend());
+    wanted.removeAll(0);
+    std::ranges::sort(wanted);
+    return wanted;
 }
 
 KSql namesStatement(const KLookup::Source &source, const QList<int> &wanted)

@@ -132,6 +132,25 @@ private Q_SLOTS:
         QCOMPARE(matching->cars.at(3).match.percent, 90);
     }
 
+    void aBrandThatIsNotAskedForOrNotKnown()
+    {
+        const int any = addDemand(1, [](Demand &demand) { demand.m_iAutomobilType = 0; });
+        const int peugeot = addDemand(2);
+        const int unwritten = addDemand(3);
+        m_database.run(u"UPDATE AutomobilDemands SET iAutomobilType=NULL WHERE iCode=3"_s);
+        const int ofPeugeot = addCar(1);
+        const int ofSaipa = addCar(2, [this](Car &car) { car.m_iAutomobilType = m_saipa; });
+        const int ofNone = addCar(3, [](Car &car) { car.m_iAutomobilType = 0; });
+        addCar(4);
+        m_database.run(u"UPDATE AutomobilInformations SET iAutomobilType=NULL WHERE iCode=4"_s);
+        QCOMPARE(codesOf(*MatchingCars::of(any)), (QList<int>{1, 2, 3, 4}));
+        QCOMPARE(codesOf(*MatchingCars::of(unwritten)), (QList<int>{1, 2, 3, 4}));
+        QCOMPARE(codesOf(*MatchingCars::of(peugeot)), QList<int>{1});
+        QCOMPARE(codesOf(*MatchingDemands::of(ofPeugeot)), (QList<int>{2, 1, 3}));
+        QCOMPARE(codesOf(*MatchingDemands::of(ofSaipa)), (QList<int>{1, 3}));
+        QCOMPARE(codesOf(*MatchingDemands::of(ofNone)), (QList<int>{1, 3}));
+    }
+
     void archivedAndInactiveCarsAreNotOffered()
     {
         const int demand = addDemand(1);
