@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The TzAuto team
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// How the time of what is done all day grows with the office: lists' first 1,000 rows, a person's contracts, the next code, the balances of all accounts,
-// each in offices of 10,000, 100,000 and a million contracts by turns. Each office is a process of its own with its own server, so that none
-// has read what another would have to read:
+// How the time of what is done all day grows with the office: lists' first 1,000 rows, a person's contracts, a contract's open instalments, the next
+// code, the balances of all accounts, each in offices of 10,000, 100,000 and a million contracts by turns. Each office is a process of its own with
+// its own server, so that none has read what another would have to read:
 //
 //     Growth --of CONTRACTS      is one, and does what its standard input says; answers with milliseconds
 
@@ -14,6 +14,8 @@
 
 #include "auto/cars/register/CDlgAutomobilInformations.h"
 #include "auto/contracts/CDlgAutomobilContracts.h"
+#include "auto/contracts/overdue/CDlgOverdueInstalments.h"
+#include "auto/contracts/overdue/DueDays.h"
 #include "auto/db/CTblAutomobilContracts.h"
 #include "suite/accounting/books/CTblDocs.h"
 #include "suite/accounting/frame/KApplication.h"
@@ -85,12 +87,20 @@ public:
         m_ofPerson.filters().set(u"seller", value("SELECT iPersonFirstID FROM AutomobilContracts WHERE iCode=100050"));
         show(m_cars);
         m_cars.filters().set(u"archive", 0);
+        // Of one contract from the first on: the desk shows all that is asked for.
+        m_due.filters().set(u"span", DueDays::AllOpen);
+        m_due.filters().set(u"contract", value("SELECT ac.iCode FROM AutomobilPayments ap JOIN AutomobilContracts ac ON ac.iID=ap.iAutomobilContractID WHERE "
+                                               "ap.iStatus=0 AND ac.iStatus=0 AND ac.iArchiveUserID=0 AND COALESCE(ac.iNum,0)=0 ORDER BY ap.iID LIMIT 1"));
+        m_due.resize(1366, 700);
+        m_due.show();
+        QCoreApplication::processEvents();
         const qint64 contracts = value("SELECT COUNT(*) FROM AutomobilContracts WHERE iArchiveUserID=0");
         const qint64 cars = value("SELECT COUNT(*) FROM AutomobilInformations WHERE iArchiveUserID=0");
         m_operations = {
             {"contracts", [this, contracts] { return fill(m_contracts, std::min(contracts, qint64(rowLimit)) / 2); }},
             {"personContracts", [this] { return fill(m_ofPerson, 1) && m_ofPerson.list()->count() < 50; }},
             {"cars", [this, cars] { return fill(m_cars, std::min(cars, qint64(rowLimit)) / 2); }},
+            {"dueInstalments", [this] { return fill(m_due, 1) && m_due.list()->count() < 50; }},
             {"nextCode", [] { return CTblAutomobilContracts::nextCode() > 100'000; }},
             {"balances", [] { return CTblDocs::balances(AccountLevel::Moeen).size() > 1; }},
             {"moreItems", [] { return changeItems("INSERT INTO Items(iType,sName,iStatus) SELECT 808,CONCAT('bench ',seq),0 FROM seq_1_to_" + QByteArray::number(manyItems)); }},
@@ -114,6 +124,7 @@ private:
     CDlgAutomobilContracts m_contracts;
     CDlgAutomobilContracts m_ofPerson;
     CDlgAutomobilInformations m_cars;
+    CDlgOverdueInstalments m_due;
     std::map<std::string, std::function<bool()>> m_operations;
 };
 
@@ -190,7 +201,7 @@ int main(int argc, char **argv)
     SampleReporter reporter;
     // Of a run that was broken off.
     bool isDone = ask(offices, "fewerItems");
-    for (const char *operation : {"contracts", "personContracts", "cars", "nextCode", "balances"})
+    for (const char *operation : {"contracts", "personContracts", "cars", "dueInstalments", "nextCode", "balances"})
         isDone = measure(offices, operation, operation, reporter) && isDone;
     isDone = isDone && ask(offices, "moreItems") && measure(offices, "cars", "carsOfManyItems", reporter);
     isDone = ask(offices, "fewerItems") && isDone;

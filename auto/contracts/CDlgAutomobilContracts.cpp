@@ -104,7 +104,7 @@ bool CDlgAutomobilContracts::completesRows() const
     return list()->isColumnShown(receivedKey(ContractSide::seller)) || list()->isColumnShown(receivedKey(ContractSide::buyer));
 }
 
-void CDlgAutomobilContracts::beginRows()
+void CDlgAutomobilContracts::beginRows(KMySQL &)
 {
     if (completesRows())
         m_levySeparate = ContractSettings::load().levySeparate;

@@ -40,7 +40,7 @@ protected:
     void rightClicked(int key) override;
     KListReport reportSpec() const override;
     void chose(int row) override;
-    void beginRows() override;
+    void beginRows(KMySQL &) override;
     bool completesRows() const override;
     void completeRows(QVector<KListModel::Row> &rows) override;
 

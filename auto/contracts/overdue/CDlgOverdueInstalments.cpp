@@ -27,6 +27,7 @@
 #include "suite/utility/values/Money.h"
 
 #include <QLabel>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -44,6 +45,17 @@ KListColumn::Cell amountCell(double amount)
 QDate officeToday()
 {
     return GetDBSetting()->GetDBServerDate().date();
+}
+
+// Each once.
+QList<int> contractsOf(CTblDueInstalments &instalments)
+{
+    QSet<int> contracts;
+    for (; !instalments.IsEOF(); instalments.MoveNext())
+        contracts.insert(instalments.m_iContractID);
+    if (!contracts.isEmpty())
+        instalments.MoveTo(0);
+    return contracts.values();
 }
 
 }
@@ -147,13 +159,13 @@ std::unique_ptr<KMySQL> CDlgOverdueInstalments::makeRecords() const
     return std::make_unique<CTblDueInstalments>();
 }
 
-void CDlgOverdueInstalments::beginRows()
+void CDlgOverdueInstalments::beginRows(KMySQL &records)
 {
     const OfficeSettings office = OfficeSettings::read({ContractSettings::section()});
     m_today = office.serverTime().date();
     m_decimals = office.moneyDecimals();
     m_settings = ContractSettings::of(office);
-    m_amounts = DueAmounts::read(m_decimals);
+    m_amounts = DueAmounts::read(contractsOf(static_cast<CTblDueInstalments &>(records)), m_decimals);
 }
 
 void CDlgOverdueInstalments::showTotals(const QVector<KListModel::Row> &rows)

@@ -33,7 +33,7 @@ protected:
     KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    void beginRows() override;
+    void beginRows(KMySQL &records) override;
     void showTotals(const QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override { return u"ap.date"_s; }
     void activated(int key) override;

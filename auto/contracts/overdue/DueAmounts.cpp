@@ -5,10 +5,9 @@
 
 #include "auto/contracts/instalments/InstalmentPlan.h"
 #include "auto/db/CTblAutomobilContracts.h"
+#include "suite/db/connection/KReadAhead.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/treasury/records/CTblReceipts.h"
-
-#include <QList>
 
 #include <vector>
 
@@ -28,13 +27,24 @@ void take(Plan &plan, int decimals, QHash<int, DueAmounts::Amount> &amounts)
     plan = {};
 }
 
-void readPlans(int decimals, int database, QHash<int, DueAmounts::Amount> &amounts)
+KSql plansStatement(const KSql &contracts)
+{
+    return "SELECT iID,iAutomobilContractID,dAmount,iDepartmentID FROM AutomobilPayments WHERE iAutomobilContractID IN (" + contracts
+        + ") ORDER BY iAutomobilContractID,iDepartmentID,date,iID";
+}
+
+KSql receivedStatement(const KSql &contracts)
+{
+    return KSql::formatted("SELECT iPaymentID,SUM(IF(iKind=%1,-dAmount,dAmount)) FROM Receipts WHERE iTable=%2 AND iPaymentID>0 AND iStatus=%3 AND iRecordID IN (",
+                           int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(CTblReceipts::valid))
+        + contracts + ") GROUP BY iPaymentID";
+}
+
+void readPlans(const KSql &contracts, int decimals, int database, QHash<int, DueAmounts::Amount> &amounts)
 {
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery("SELECT ap.iID,ap.iAutomobilContractID,ap.dAmount,ap.iDepartmentID FROM AutomobilPayments ap JOIN (SELECT DISTINCT iAutomobilContractID id "
-                       "FROM AutomobilPayments WHERE iStatus=0) plans ON plans.id=ap.iAutomobilContractID "
-                       "ORDER BY ap.iAutomobilContractID,ap.iDepartmentID,ap.date,ap.iID");
+    query.ExecuteQuery(plansStatement(contracts));
     Plan plan;
     std::pair<int, int> of; // contract and department: each department has plans of its own
     for (; query.HasResultRow(); query.MoveNextResult()) {
@@ -50,15 +60,18 @@ void readPlans(int decimals, int database, QHash<int, DueAmounts::Amount> &amoun
 
 }
 
-QHash<int, DueAmounts::Amount> DueAmounts::read(int decimals, int database)
+QHash<int, DueAmounts::Amount> DueAmounts::read(const QList<int> &contracts, int decimals, int database)
 {
     QHash<int, Amount> amounts;
-    readPlans(decimals, database, amounts);
+    if (contracts.isEmpty())
+        return amounts;
+    const KSql keys = KSql::list(contracts);
+    const KReadAhead reading(database);
+    KReadAhead::expect(receivedStatement(keys), database);
+    readPlans(keys, decimals, database, amounts);
     CTblTemp query(database);
     query.Open(true, false, true);
-    query.ExecuteQuery(KSql::formatted("SELECT iPaymentID,SUM(IF(iKind=%1,-dAmount,dAmount)) FROM Receipts WHERE iTable=%2 AND iPaymentID>0 "
-                                       "AND iStatus=%3 GROUP BY iPaymentID",
-                                       int(CTblReceipts::paid), int(CTblAutomobilContracts::recordKind), int(CTblReceipts::valid)));
+    query.ExecuteQuery(receivedStatement(keys));
     for (; query.HasResultRow(); query.MoveNextResult()) {
         const auto found = amounts.find(query.GetLongFieldValue(0));
         if (found != amounts.end())

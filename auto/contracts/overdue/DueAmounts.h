@@ -4,8 +4,9 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 
-// What is to be received for the instalments that are not paid, and what was received for them.
+// What is to be received for instalments, and what was received for them.
 namespace DueAmounts {
 
 struct Amount
@@ -14,7 +15,7 @@ struct Amount
     double received = 0;  // valid receipts less what was paid back
 };
 
-// By the key of the instalment: of all plans that have an unpaid one, in two statements.
-QHash<int, Amount> read(int decimals, int database = 0);
+// By the key of the instalment: of all plans of these contracts, in two statements, and none where there are no contracts.
+QHash<int, Amount> read(const QList<int> &contracts, int decimals, int database = 0);
 
 }

@@ -58,11 +58,11 @@ KListFilter::Clause promiseClause(const Days &today)
     };
 }
 
-// By the number that the contract is called by.
+// By the number that the contract is called by: its own, else its code. Each is found by a key.
 KSql contractClause(const QVariant &value, int)
 {
     const int number = value.toInt();
-    return number > 0 ? KSql::formatted(" AND IF(ac.iNum<>0,ac.iNum,ac.iCode)=%1", number) : KSql();
+    return number > 0 ? KSql::formatted(" AND (ac.iNum=%1 OR ac.iCode=%1 AND COALESCE(ac.iNum,0)=0)", number) : KSql();
 }
 
 // A buyer that was typed by hand has name and number in the contract only.

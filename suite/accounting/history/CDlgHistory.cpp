@@ -157,7 +157,7 @@ bool CDlgHistory::isWarning(KMySQL &record) const
     return false;
 }
 
-void CDlgHistory::beginRows()
+void CDlgHistory::beginRows(KMySQL &)
 {
     m_read.clear();
 }

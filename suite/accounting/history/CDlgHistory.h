@@ -36,7 +36,7 @@ protected:
     QString defaultSort() const override;
     // Takes each note while its row is made.
     bool isWarning(KMySQL &record) const override;
-    void beginRows() override;
+    void beginRows(KMySQL &) override;
     bool completesRows() const override { return true; }
     void completeRows(QVector<KListModel::Row> &rows) override;
     void activated(int key) override;

@@ -507,7 +507,7 @@ QVector<KListModel::Row> KListPage::readRows(const KSql &filter, int limit)
     m_asking.open(set, filter, KSql::order(m_order.sort()), limit);
     const KReadAhead reading(set.database());
     expectCount();
-    beginRows();
+    beginRows(set);
     QVector<KListModel::Row> rows = makeRows(1);
     m_isTableEmpty = rows.isEmpty() && !hasFurtherRows();
     if (!rows.isEmpty())
@@ -556,7 +556,7 @@ void KListPage::readFurther()
     const int shown = m_list->listModel()->allRows();
     const KReadAhead reading(set.database());
     expectCount();
-    beginRows();
+    beginRows(set);
     QVector<KListModel::Row> rows = makeRows(shown + 1);
     countLeftOut();
     kept.giveUp();

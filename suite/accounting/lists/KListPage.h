@@ -133,8 +133,9 @@ protected:
     virtual KSql filterClauses() const;
     // A row that stands out: what is overdue or void.
     virtual bool isWarning(KMySQL &) const { return false; }
-    // Called before the first row is read, also of rows that are read behind those that the list has (isReadingOn).
-    virtual void beginRows() { }
+    // Called before the first row is made, also of rows that are read behind those that the list has (isReadingOn). They may be gone through; the
+    // set stands on its first row again afterwards.
+    virtual void beginRows(KMySQL &) { }
     // Whether the list adds to all rows at once as it stands now (completeRows): then their cells are made at once, and else when they are first
     // seen. Cells that are made later say what the record holds and nothing else that is read.
     virtual bool completesRows() const { return false; }

@@ -36,6 +36,7 @@ constexpr Key keys[] = {
     {"AutomobilContracts", "personSecond", "iPersonSecondID"},
     {"AutomobilContracts", "day", "dateContract"},
     {"AutomobilContracts", "code", "iCode"},
+    {"AutomobilContracts", "number", "iNum"},
     {"AutomobilContracts", "listCode", "iStatus,bReturn,iArchiveUserID,iCode"},
     {"AutomobilContracts", "listType", "iStatus,bReturn,iArchiveUserID,iContractType"},
     {"AutomobilContracts", "listDocument", "iStatus,bReturn,iArchiveUserID,iDocNum"},

@@ -129,7 +129,7 @@ QString CDlgBin::defaultSort() const
     return u"date DESC"_s;
 }
 
-void CDlgBin::beginRows()
+void CDlgBin::beginRows(KMySQL &)
 {
     m_now = GetDBSetting()->GetDBServerDate();
     m_days = Bin::days();

@@ -29,7 +29,7 @@ protected:
     std::unique_ptr<KMySQL> makeRecords() const override;
     KSql filterClauses() const override;
     QString defaultSort() const override;
-    void beginRows() override;
+    void beginRows(KMySQL &) override;
     bool completesRows() const override { return true; }
     void completeRows(QVector<KListModel::Row> &rows) override;
     void activated(int key) override;

@@ -121,7 +121,7 @@ QString CDlgAlarms::defaultSort() const
     return u"iStatus,date"_s;
 }
 
-void CDlgAlarms::beginRows()
+void CDlgAlarms::beginRows(KMySQL &)
 {
     m_now = GetDBSetting()->GetDBServerDate();
 }

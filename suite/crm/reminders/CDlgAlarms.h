@@ -31,7 +31,7 @@ protected:
     KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    void beginRows() override;
+    void beginRows(KMySQL &) override;
     bool isWarning(KMySQL &record) const override;
     QString defaultSort() const override;
     void activated(int key) override;

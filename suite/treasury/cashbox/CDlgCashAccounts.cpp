@@ -85,7 +85,7 @@ std::unique_ptr<KMySQL> CDlgCashAccounts::makeRecords() const
     return std::make_unique<CTblHesabMoeen>();
 }
 
-void CDlgCashAccounts::beginRows()
+void CDlgCashAccounts::beginRows(KMySQL &)
 {
     m_balances = CTblDocs::balances(AccountLevel::Moeen, {}, GetDBSetting()->GetDBServerDate());
 }

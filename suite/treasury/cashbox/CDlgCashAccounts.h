@@ -28,7 +28,7 @@ protected:
     KListTraits traits() const override;
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
-    void beginRows() override;
+    void beginRows(KMySQL &) override;
     void showTotals(const QVector<KListModel::Row> &rows) override;
     QString defaultSort() const override { return u"iCode"_s; }
     void activated(int key) override;

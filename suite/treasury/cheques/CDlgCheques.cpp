@@ -100,7 +100,7 @@ std::unique_ptr<KMySQL> CDlgCheques::makeRecords() const
     return std::make_unique<CTblCheques>();
 }
 
-void CDlgCheques::beginRows()
+void CDlgCheques::beginRows(KMySQL &)
 {
     m_today = GetDBSetting()->GetDBServerDate().date();
 }

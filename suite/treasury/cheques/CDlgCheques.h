@@ -25,7 +25,7 @@ protected:
     std::vector<KListCommand> commands() override;
     std::unique_ptr<KMySQL> makeRecords() const override;
     bool isWarning(KMySQL &record) const override;
-    void beginRows() override;
+    void beginRows(KMySQL &) override;
     QString defaultSort() const override;
     int defaultLastColumn() const override;
     void opening() override;

@@ -39,7 +39,7 @@ void TestOverdueFilter::clause_data()
     row("promise that has come", {{u"promise"_s, 1}}, "fu.datePromised<'2026-11-23'");
     row("promise to come", {{u"promise"_s, 2}}, "fu.datePromised>='2026-11-23'");
     row("without a promise", {{u"promise"_s, 3}}, "fu.datePromised IS NULL");
-    row("contract", {{u"contract"_s, 12}}, "IF(ac.iNum<>0,ac.iNum,ac.iCode)=12");
+    row("contract", {{u"contract"_s, 12}}, "(ac.iNum=12 OR ac.iCode=12 AND COALESCE(ac.iNum,0)=0)");
     row("without the archived ones", {{u"archived"_s, false}}, "ac.iArchiveUserID=0");
     row("person", {{u"person"_s, 7}}, "ap.iPersonID=7");
     row("words stand for themselves", {{u"words"_s, u"x%"_s}},

@@ -53,6 +53,8 @@ private Q_SLOTS:
     void noteOfAnInstalmentThatIsGoneIsRefused();
     void receivingFromTheDeskTakesTheRowAway();
     void deskOfOneContractShowsAllThatIsOpen();
+    void contractIsAskedForByTheNumberItIsCalledBy();
+    void amountsOfOtherContractsAreNotRead();
     void planReplacedMeanwhileIsTold();
     void notesGoWithTheirContract();
     void commandsNeedTheirRights();
@@ -425,6 +427,40 @@ void TestOverdueInstalments::deskOfOneContractShowsAllThatIsOpen()
     host.shown->open();
     QCOMPARE(column(*host.shown, u"number"), (QStringList{u"1"_s, u"2"_s, u"3"_s, u"4"_s}));
     QCOMPARE(column(*host.shown, u"contract"), QStringList(4, u"1"_s));
+}
+
+// Its own number, else its code.
+void TestOverdueInstalments::contractIsAskedForByTheNumberItIsCalledBy()
+{
+    const auto asked = [](int number) {
+        CDlgOverdueInstalments page;
+        page.filters().set(u"contract", number);
+        page.open();
+        return column(page, u"contract");
+    };
+    const int numbered = addContract(m_buyer, [](CTblAutomobilContracts &contract) { contract.m_iNum = 555; });
+    addInstalment(numbered, 1, -1, 10);
+    const QString code = value(u"SELECT iCode FROM AutomobilContracts WHERE iID=%1"_s.arg(numbered));
+    QCOMPARE(asked(555), QStringList{u"555"_s});
+    QCOMPARE(asked(code.toInt()), QStringList());
+    m_office->database().run(u"UPDATE AutomobilContracts SET iNum=NULL WHERE iID=%1"_s.arg(numbered));
+    QCOMPARE(asked(555), QStringList());
+    QCOMPARE(asked(code.toInt()), QStringList{code});
+}
+
+void TestOverdueInstalments::amountsOfOtherContractsAreNotRead()
+{
+    const int other = addContract(m_buyer, [](CTblAutomobilContracts &contract) { contract.m_iNum = 555; });
+    addInstalment(other, 1, -1, 10);
+    CDlgOverdueInstalments page;
+    page.filters().set(u"contract", 555);
+    const ObservedStatements observed({u"SELECT iID,iAutomobilContractID"_s, u"SELECT iPaymentID"_s});
+    page.open();
+    const QString asked = u" IN (%1)"_s.arg(other);
+    QCOMPARE(observed.taken().size(), 2);
+    for (const QString &statement : observed.taken())
+        QVERIFY2(statement.contains(asked), qPrintable(statement));
+    QCOMPARE(column(page, u"rest"), QStringList{u"10"_s});
 }
 
 void TestOverdueInstalments::planReplacedMeanwhileIsTold()

@@ -104,7 +104,7 @@ protected:
     KListTraits traits() const override { return m_traits; }
     std::unique_ptr<KMySQL> makeRecords() const override { return std::make_unique<ItemsJoined>(); }
     std::unique_ptr<KMySQL> makeRecord() const override { return std::make_unique<CTblItems>(); }
-    void beginRows() override { ++searches; }
+    void beginRows(KMySQL &) override { ++searches; }
     QString defaultSort() const override { return u"it.iID"_s; }
     KSql filterClauses() const override { return typed + KListPage::filterClauses(); }
     void activated(int) override { }
