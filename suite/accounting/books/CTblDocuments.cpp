@@ -31,7 +31,7 @@ KSql documentFilter(int num, int fiscalYear)
 
 KSql balanceStatement(int num, int fiscalYear)
 {
-    return KSql::formatted("SELECT SUM(d.dBed), SUM(d.dBes), SUM(m.iID IS NULL) FROM Docs d LEFT JOIN HesabMoeen m ON m.iCode=d.iHesabMoeenCode "
+    return KSql::formatted("SELECT SUM(d.dBed), SUM(d.dBes), SUM(m.iID IS NULL) FROM Docs d FORCE INDEX(document) LEFT JOIN HesabMoeen m ON m.iCode=d.iHesabMoeenCode "
                            "WHERE d.iDocNum=%1 AND d.iFiscalYear=%2",
                            num, fiscalYear);
 }

@@ -69,7 +69,7 @@ KSql onDays(const QDate &from, const QDate &to)
 KSql unsummed(const KSql &columns, const QDateTime &from, const QDateTime &to)
 {
     KSql statement = "SELECT " + columns
-        + " FROM Documents h JOIN Docs d ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.bSummed=0 AND h.iStatus=0";
+        + " FROM Documents h STRAIGHT_JOIN Docs d FORCE INDEX(document) ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.bSummed=0 AND h.iStatus=0";
     if (from.isValid())
         statement += " AND h.date>=" + DateToSQL(from);
     if (to.isValid())

@@ -35,6 +35,12 @@ KSql among(const QList<int> &keys)
     return keys.isEmpty() ? KSql("IN (NULL)") : "IN (" + KSql::list(keys) + ")";
 }
 
+// As a table, to be joined with what has these keys.
+KSql takenKeys(const QList<int> &keys)
+{
+    return "JSON_TABLE('[" + KSql::list(keys) + "]','$[*]' COLUMNS(iID INT PATH '$')) taken";
+}
+
 // Those that nobody else is changing. By their keys alone, which locks these rows and no gap: new ones are added meanwhile.
 QList<int> locked(const KSql &from, const QList<int> &keys, const KSql &condition, int database)
 {
@@ -43,17 +49,20 @@ QList<int> locked(const KSql &from, const QList<int> &keys, const KSql &conditio
     return keysIn("SELECT iID FROM " + from + " FORCE INDEX(PRIMARY) WHERE iID " + among(keys) + condition + " FOR UPDATE SKIP LOCKED", database);
 }
 
-// By month and by day. Plain reading: the headers are locked, and whoever changes rows has that lock.
+// By month and by day. Plain reading: the headers are locked, and whoever changes rows has that lock. From the keys to the rows, said outright: right
+// after many rows were stored the server believes their tables to be empty, and would go through all rows for each document.
 KSql sums(const QList<int> &documents, const QList<int> &changes)
 {
     return "SELECT iMonth,iDay*levels.n,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,SUM(dBed),SUM(dBes),SUM(iRows) FROM ("
            "SELECT IFNULL(EXTRACT(YEAR_MONTH FROM h.date),0) iMonth,IFNULL(DAYOFMONTH(h.date),0) iDay,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,"
-           "SUM(CAST(dBed AS DECIMAL(50,10))) dBed,SUM(CAST(dBes AS DECIMAL(50,10))) dBes,COUNT(*) iRows FROM Documents h JOIN Docs d "
-           "ON d.iDocNum=h.iNum AND d.iFiscalYear=h.iFiscalYear WHERE h.iStatus=0 AND h.iID "
-        + among(documents)
-        + " GROUP BY 1,2,3,4,5 UNION ALL SELECT iMonth,iDay,iHesabKolCode,iHesabMoeenCode,iHesabTafsilyCode,dBed,dBes,iRows FROM AccountTotalChanges WHERE iID "
-        + among(changes)
-        + ") found JOIN (SELECT 0 n UNION ALL SELECT 1) levels ON levels.n=0 OR found.iDay>0 GROUP BY 2,1,4,5,3 ORDER BY 2,1,4,5,3";
+           "SUM(CAST(dBed AS DECIMAL(50,10))) dBed,SUM(CAST(dBes AS DECIMAL(50,10))) dBes,COUNT(*) iRows FROM "
+        + takenKeys(documents)
+        + " STRAIGHT_JOIN Documents h FORCE INDEX(PRIMARY) ON h.iID=taken.iID STRAIGHT_JOIN Docs d FORCE INDEX(document) ON d.iDocNum=h.iNum "
+          "AND d.iFiscalYear=h.iFiscalYear WHERE h.iStatus=0 GROUP BY 1,2,3,4,5 UNION ALL SELECT iMonth,iDay,iHesabKolCode,iHesabMoeenCode,"
+          "iHesabTafsilyCode,dBed,dBes,iRows FROM "
+        + takenKeys(changes)
+        + " STRAIGHT_JOIN AccountTotalChanges c FORCE INDEX(PRIMARY) ON c.iID=taken.iID) found JOIN (SELECT 0 n UNION ALL SELECT 1) levels "
+          "ON levels.n=0 OR found.iDay>0 GROUP BY 2,1,4,5,3 ORDER BY 2,1,4,5,3";
 }
 
 // False where nothing is left that could be had.
@@ -90,7 +99,7 @@ bool foldSome(int &done, int database)
             if (!documents.isEmpty())
                 connection.run("UPDATE Documents FORCE INDEX(PRIMARY) SET bSummed=1 WHERE iID " + among(documents));
             if (!changes.isEmpty())
-                connection.run("DELETE c FROM JSON_TABLE('[" + KSql::list(changes) + "]','$[*]' COLUMNS(iID INT PATH '$')) taken STRAIGHT_JOIN AccountTotalChanges c ON c.iID=taken.iID");
+                connection.run("DELETE c FROM " + takenKeys(changes) + " STRAIGHT_JOIN AccountTotalChanges c ON c.iID=taken.iID");
         },
         database);
     done += static_cast<int>(taken);

@@ -13,11 +13,13 @@
 #include "suite/db/connection/KTransaction.h"
 #include "tests/suite/accounting/TestOffice.h"
 #include "tests/support/FaultProxy.h"
+#include "tests/support/ObservedStatements.h"
 #include "tests/support/RegisteredTest.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <atomic>
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void desksBookTheSameAccountAtOnce();
     void documentInWorkIsPassedOver();
     void foldingThatStoppedGoesOn();
+    void manyNewRowsAreFoundByKeysBeforeTheServerHasCountedThem();
     void foldingIsSavedOnceWhateverBecomesOfTheLine_data();
     void foldingIsSavedOnceWhateverBecomesOfTheLine();
     void unitThatIsRolledBackLeavesThemAsTheyWere();
@@ -416,6 +419,32 @@ void TestAccountTotals::foldingThatStoppedGoesOn()
     TotalsFolding::fold();
     QCOMPARE(TotalsFolding::behind(10000), 0);
     COMPARE_WITH_ROWS(AccountLevel::Moeen, QDate(2026, 6, 1), QDate());
+}
+
+// As after a filling or an import: the server counts its rows some seconds later.
+void TestAccountTotals::manyNewRowsAreFoundByKeysBeforeTheServerHasCountedThem()
+{
+    run(u"INSERT INTO Documents(iNum,iFiscalYear,iKind,date) SELECT seq,1405,3,'2026-05-05' FROM seq_1_to_2000"_s);
+    run(u"INSERT INTO Docs(iDocNum,iFiscalYear,iHesabKolCode,iHesabMoeenCode,dBed,dBes) SELECT seq,1405,1101,110101,seq,0 FROM seq_1_to_2000"_s);
+    const auto forgetCounts = [this] {
+        run(u"UPDATE mysql.innodb_table_stats SET n_rows=0,clustered_index_size=1,sum_of_other_index_sizes=1 WHERE database_name=DATABASE() AND table_name IN('Docs','Documents')"_s);
+        run(u"FLUSH TABLES Docs,Documents"_s);
+    };
+    QStringList asked;
+    {
+        const ObservedStatements observed({u"SELECT iMonth"_s, u"SELECT code"_s});
+        forgetCounts();
+        AccountTotals::read(AccountLevel::Moeen, {}, {}, {});
+        TotalsFolding::fold();
+        asked = observed.taken().filter(u"JOIN Docs d"_s);
+    }
+    QVERIFY(asked.size() >= 2);
+    for (const QString &statement : std::as_const(asked)) {
+        forgetCounts();
+        static const QRegularExpression ofRows(u"\"table_name\": \"d\",\\s*\"access_type\": \"ref\",\\s*\"possible_keys\": \\[[^]]*\\],\\s*\"key\": \"document\""_s);
+        const QString plan = value(u"EXPLAIN FORMAT=JSON "_s + statement);
+        QVERIFY2(plan.contains(ofRows), qPrintable(plan));
+    }
 }
 
 void TestAccountTotals::foldingIsSavedOnceWhateverBecomesOfTheLine_data()
