@@ -43,6 +43,13 @@ constexpr int monthsOfContracts = 24;
 constexpr int daysOfInvoices = 142; // so that the season before this one has sales and purchases
 constexpr int daysOfMoney = 235;
 
+const QString userName = u"demo"_s;
+
+// In the office's properties.
+const QString section = u"Demo"_s;
+const QString rowsKey = u"iRows"_s;
+const QString wholeKey = u"iContracts"_s;
+
 // Settings and invoices are written by the office's own user, who is logged in meanwhile.
 class OfficeUser
 {
@@ -126,20 +133,16 @@ ContractSettings contractSettings()
     return settings;
 }
 
-}
-
-namespace DemoData {
-
-void fill(int contracts, const QDate &today, int database)
+// What there are many of. In a unit of its own: as long as one that has filled an empty table goes on, the server believes that table to be empty still, and
+// goes through all of its rows for each statement.
+void writeRows(int contracts, const QDate &today, DemoRandom &random, int database)
 {
     // The office has been closed since yesterday evening, and its next day begins.
     const QDate yesterday = today.addDays(-1);
-    const KLongWork work;
     KTransaction transaction(database);
     requireEmpty(database);
-    DemoRandom random(static_cast<unsigned int>(contracts));
     const DemoContracts::Office office{
-        CTblUsers::create(u"demo"_s, u"demo"_s, u"سارا احمدی"_s, true, database),
+        CTblUsers::create(userName, u"demo"_s, u"سارا احمدی"_s, true, database),
         company(), contractSettings(), addShamsiMonths(yesterday, -monthsOfContracts).addDays(1), yesterday};
     const OfficeUser user(office.userID);
     office.company.write(database);
@@ -159,13 +162,43 @@ void fill(int contracts, const QDate &today, int database)
     DemoInvoices(yesterday.addDays(-daysOfInvoices), office.lastDay, office.settings.taxPercent, office.settings.dutyPercent, people, random,
                  database)
         .write(qBound(fewestSales, contracts / 10, mostSales));
-    ContractReceiptOwner::enter();
-    DemoMoney(yesterday.addDays(-daysOfMoney), today, random).write(mostWithMoney);
-    DemoYear::enter(today);
-    DemoStories::write(carsWithStories, office.userID, today, database);
-    DemoToday::write(office.userID, today, database);
-    CTblProperties::DBWriteSettingInt(u"Demo"_s, u"iContracts"_s, contracts, database);
+    CTblProperties::DBWriteSettingInt(section, rowsKey, contracts, database);
     transaction.commit();
+    // It would count them some seconds later.
+    CTblTemp(database).ExecuteQuery("ANALYZE TABLE AutomobilContracts,AutomobilDemands,AutomobilInformations,Docs,Documents,Persons", true, true);
+}
+
+void writeStories(int contracts, const QDate &today, DemoRandom &random, int database)
+{
+    KTransaction transaction(database);
+    CTblUsers demo(database);
+    demo.m_filter = "sUser=" + KSql::quoted(userName);
+    demo.Open(true, true, true);
+    if (demo.IsEOF())
+        throw KAccountingError(u"کاربر دفتر نمونه نیست و دفتر نمونه کامل نمی‌شود."_s);
+    const OfficeUser user(demo.m_iID);
+    ContractReceiptOwner::enter();
+    DemoMoney(today.addDays(-1 - daysOfMoney), today, random).write(mostWithMoney);
+    DemoYear::enter(today);
+    DemoStories::write(carsWithStories, demo.m_iID, today, database);
+    DemoToday::write(demo.m_iID, today, database);
+    CTblProperties::DBWriteSettingInt(section, wholeKey, contracts, database);
+    transaction.commit();
+}
+
+}
+
+namespace DemoData {
+
+void fill(int contracts, const QDate &today, int database)
+{
+    const KLongWork work;
+    DemoRandom random(static_cast<unsigned int>(contracts));
+    const int written = CTblProperties::DBReadSettingInt(section, rowsKey, 0, database);
+    const bool isHalf = written > 0 && CTblProperties::DBReadSettingInt(section, wholeKey, 0, database) == 0;
+    if (!isHalf)
+        writeRows(contracts, today, random, database);
+    writeStories(isHalf ? written : contracts, today, random, database);
     TotalsFolding::fold({}, database);
 }
 

@@ -13,8 +13,9 @@ namespace DemoData {
 // The largest useful number of contracts.
 inline constexpr int largest = 1000000;
 
-// All or nothing, in one transaction. Today its day begins: contracts reach to the evening before, and what is due is due around it. The
-// same contents for the same number of contracts and the same day, but for the passwords' salt.
+// In two units of work, the rows and what happens to the latest of them; one that was broken off between the two is gone on with, by other chances. Today its
+// day begins: contracts reach to the evening before, and what is due is due around it. The same contents for the same number of contracts
+// and the same day, but for the passwords' salt.
 // Throws CMySQLException; KAccountingError when the database holds users, persons or contracts already.
 void fill(int contracts, const QDate &today = QDate::currentDate(), int database = 0);
 

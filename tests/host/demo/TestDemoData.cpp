@@ -11,6 +11,7 @@
 #include "auto/db/CTblAutomobilContracts.h"
 #include "auto/db/CTblAutomobilDemands.h"
 #include "auto/db/CTblAutomobilInformations.h"
+#include "suite/db/connection/CMySQLException.h"
 #include "suite/db/records/CTblTemp.h"
 #include "suite/db/connection/KTransaction.h"
 #include "suite/accounting/books/chart/Accounts.h"
@@ -60,6 +61,7 @@ private Q_SLOTS:
     void userCanLogIn();
     void editorContinuesTheCodes();
     void aDatabaseWithDataIsLeftAlone();
+    void aFillingThatStoppedHalfWayGoesOn();
     void somethingWaitsForItsPeople();
     void itsDaysReachToToday_data();
     void itsDaysReachToToday();
@@ -360,6 +362,23 @@ void TestDemoData::aDatabaseWithDataIsLeftAlone()
     const QString before = checksum();
     QVERIFY_THROWS_EXCEPTION(KAccountingError, DemoData::fill(10));
     QCOMPARE(checksum(), before);
+}
+
+void TestDemoData::aFillingThatStoppedHalfWayGoesOn()
+{
+    prepareModuleTables(m_database);
+    m_database.run(u"CREATE TRIGGER half BEFORE INSERT ON Receipts FOR EACH ROW SIGNAL SQLSTATE '45000'"_s);
+    QVERIFY_THROWS_EXCEPTION(CMySQLException, DemoData::fill(40));
+    m_database.run(u"DROP TRIGGER half"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"40"_s);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM Receipts"_s), u"0"_s);
+    // However many are asked for by then.
+    DemoData::fill(60);
+    QCOMPARE(m_database.value(u"SELECT COUNT(*) FROM AutomobilContracts"_s), u"40"_s);
+    QVERIFY(m_database.value(u"SELECT COUNT(*) FROM Receipts"_s).toInt() > 0);
+    QVERIFY(m_database.value(u"SELECT COUNT(*) FROM Alarms"_s).toInt() > 0);
+    QCOMPARE(m_database.value(booksAgree(Accounts::documentKindContract)), u"40/0/0"_s);
+    QVERIFY_THROWS_EXCEPTION(KAccountingError, DemoData::fill(40));
 }
 
 // Each list and card of the first page has rows, and the people have the rights of their roles.
