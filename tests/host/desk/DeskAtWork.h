@@ -107,6 +107,8 @@ public:
             if (place.isChanged)
                 all.append({place.name + u", saved"_s, mostOfSave, [=](DeskAtWork &desk) { return desk.save(place.entry); }});
         }
+        // A list in a window of its own.
+        all.append({u"list of parameters"_s, mostOfList, [](DeskAtWork &desk) { return desk.editor(u"گالري اتومبيل"_s, u"inputParameters"_s); }});
         all.append({u"contract, saved first"_s, mostOfSave, [](DeskAtWork &desk) { return desk.newContract(); }});
         all.append({u"row person"_s, mostOfRow, [](DeskAtWork &desk) { return desk.newPerson(); }});
         all.append({u"row item"_s, mostOfRow, [](DeskAtWork &desk) { return desk.newItem(); }});
@@ -135,7 +137,15 @@ private:
                 {u"services"_s, u"خدمات"_s, both},
                 {u"chart of accounts"_s, u"سرفصل حساب‌ها"_s, {}, false, false},
                 {u"reminders"_s, u"یادآوری ها"_s},
-                {u"users"_s, u"کاربران و دسترسی‌ها"_s}};
+                {u"users"_s, u"کاربران و دسترسی‌ها"_s},
+                {u"open instalments"_s, u"اقساط و سررسیدها"_s, {}, false, false},
+                {u"receipts"_s, u"دریافت‌ها و پرداخت‌ها"_s},
+                {u"cheques"_s, u"چک‌ها"_s},
+                {u"cash and bank"_s, u"صندوق و بانک"_s, {}, false, false},
+                {u"changes"_s, u"تاریخچه"_s},
+                // Nothing is in these.
+                {u"texts of messages"_s, u"متن پیام‌ها"_s, {}, false, false},
+                {u"bin"_s, u"سطل بازیافت"_s, {}, false, false}};
     }
 
     // What threads beside the last operation ask is no part of the next one.
