@@ -82,7 +82,12 @@ void Desk::read()
     std::string line;
     while (std::getline(std::cin, line))
         QMetaObject::invokeMethod(
-            this, [this, text = QString::fromStdString(line)] { take(text); }, Qt::QueuedConnection);
+            this,
+            [this, text = QString::fromStdString(line)] {
+                m_waiting.append(text);
+                takeWaiting();
+            },
+            Qt::QueuedConnection);
     // A desk whose test has ended ends too, whatever it waits for.
     std::_Exit(0);
 }
@@ -96,6 +101,12 @@ void Desk::keepLooking()
             QMetaObject::invokeMethod(
                 this, [this] { look(); }, Qt::QueuedConnection);
     }
+}
+
+void Desk::takeWaiting()
+{
+    while (!m_waiting.isEmpty() && (m_noticesHeard || !isNotice(QApplication::activeModalWidget())))
+        take(m_waiting.takeFirst());
 }
 
 void Desk::take(const QString &line)
@@ -153,6 +164,7 @@ void Desk::see(QWidget *window)
 void Desk::look()
 {
     m_looked = true;
+    takeWaiting();
     QWidget *window = QApplication::activeModalWidget();
     if (!m_owes || !window || m_seen.contains(window) || !window->isVisible() || (isNotice(window) && !m_noticesHeard))
         return;

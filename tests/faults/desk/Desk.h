@@ -54,7 +54,8 @@ public:
     void setAsking(bool on) { m_asking = on; }
     void answerQuestion(bool yes);
 
-    // A notice that comes and goes by itself, while the server is awaited, is an answer only when told so.
+    // A notice that comes and goes by itself, while the server is awaited, is an answer only when told so; otherwise commands wait
+    // until it has gone, whatever it is that waits for the server.
     void setNoticesHeard(bool on) { m_noticesHeard = on; }
     static bool isNotice(const QWidget *window);
 
@@ -73,6 +74,8 @@ private:
     void read();
     void keepLooking();
     void take(const QString &line);
+    // The commands that came below a notice.
+    void takeWaiting();
     void see(QWidget *window);
     void look();
 
@@ -80,6 +83,7 @@ private:
     std::atomic<bool> m_looked = true; // the last call of look has run
     // Modal windows that an answer has told of, or that a command was given in.
     QList<QPointer<QWidget>> m_seen;
+    QStringList m_waiting;
     QStringList m_said;
     QJsonValue m_value;
     QEventLoop *m_question = nullptr;

@@ -5,6 +5,7 @@
 import getpass
 import glob
 import os
+import random
 import shutil
 import socket
 import stat
@@ -16,6 +17,7 @@ from lib.waiting import wait_for
 # Where scripts/setup.sh puts them when the server's package is not installed.
 _SCRIPTS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "..", "build", "unpacked")
 _PROVIDERS = ("/usr/lib/galera/libgalera_smm.so", "/usr/lib/*/galera/libgalera_smm.so")
+_PORTS = range(20_000, 32_768)
 _OPTIONS = ("--bind-address=127.0.0.1", "--skip-name-resolve", "--binlog-format=ROW", "--innodb-autoinc-lock-mode=2",
             "--innodb-log-file-size=8M", "--innodb-buffer-pool-size=48M", "--innodb-flush-log-at-trx-commit=1",
             "--performance-schema=OFF", "--character-set-server=utf8mb4", "--max-allowed-packet=32M",
@@ -123,12 +125,15 @@ def _usable_scripts(folder):
 
 
 def _free_ports(count):
-    """All at once, so that none is given twice."""
-    probes = [socket.socket() for _ in range(count)]
-    try:
-        for probe in probes:
-            probe.bind(("127.0.0.1", 0))
-        return [probe.getsockname()[1] for probe in probes]
-    finally:
-        for probe in probes:
-            probe.close()
+    """Below those that the system gives to outgoing connections, one of which could else take a port before its node does."""
+    ports = []
+    for port in random.sample(_PORTS, len(_PORTS)):
+        if len(ports) == count:
+            break
+        with socket.socket() as probe:
+            try:
+                probe.bind(("127.0.0.1", port))
+            except OSError:
+                continue
+        ports.append(port)
+    return ports
