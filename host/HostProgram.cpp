@@ -168,6 +168,7 @@ HostProgram::HostProgram(const HostOptions &options, StartupClock &clock)
     , m_lock(m_folder)
 {
     connect(&m_lock, &InstanceLock::raiseRequested, this, &HostProgram::raiseWindow);
+    connect(&m_screen, &StartScreen::loginPainted, this, &HostProgram::loginShown);
     GetDBSetting()->SetReceiptWindow(&CDlgCashFromPerson::receive);
     InvoiceReceiptOwner::enter();
     OfficeSubjects::enter();
@@ -219,7 +220,7 @@ int HostProgram::run()
         } while (m_switchUser);
         return 0;
     } catch (...) {
-        m_splash.hide();
+        m_screen.hide();
         tellFailure();
         return exitFailed;
     }
@@ -229,7 +230,7 @@ int HostProgram::rebuildSearch()
 {
     const KLongWork work;
     SearchIndex::build(true);
-    m_splash.hide();
+    m_screen.hide();
     std::puts("rebuilt");
     return 0;
 }
@@ -246,7 +247,7 @@ bool HostProgram::prepareDespiteDamage(int &exitCode)
         try {
             return prepare(exitCode);
         } catch (...) {
-            m_splash.hide();
+            m_screen.hide();
             if (!leadBack(std::current_exception()))
                 throw;
         }
@@ -269,7 +270,7 @@ bool HostProgram::loginDespiteDamage()
 bool HostProgram::prepare(int &exitCode)
 {
     if (!m_view && !startDatabase()) {
-        exitCode = exitFailed;
+        exitCode = m_screen.isLeft() ? 0 : exitFailed;
         return false;
     }
     m_clock.reached("server");
@@ -280,7 +281,7 @@ bool HostProgram::prepare(int &exitCode)
 void HostProgram::openBackup()
 {
     m_view = std::make_unique<BackupView>(m_folder, m_options.lookInto,
-                                          [this](const QString &text) { return m_splash.showWaitingOrGiveUp(text); });
+                                          [this](const QString &text) { return m_screen.showWaitingOrGiveUp(text); });
     m_folder = m_view->folder();
     HostLog::start(m_folder.logsPath());
     HostLook::showChoice();
@@ -340,13 +341,22 @@ bool HostProgram::takeFolder()
 bool HostProgram::startDatabase()
 {
     if (m_options.connect) {
-        m_splash.showWaiting(u"اتصال به سرور دفتر"_s);
-        if (!OfficeServer::connect(m_options, &m_splash))
+        m_screen.showWaiting(u"اتصال به سرور دفتر"_s);
+        if (!OfficeServer::connect(m_options, m_screen.window()))
             return false;
         BackupRestoring(KConnection::settings(0)).cleanLeft();
         return true;
     }
-    startPrivateServer();
+    if (!m_options.rebuildSearch)
+        m_screen.offerLogin();
+    try {
+        startPrivateServer();
+    } catch (const ServerError &error) {
+        if (error.kind() != ServerError::Kind::Cancelled)
+            throw;
+        qCInfo(lcHost).noquote() << "start:" << error.detail();
+        return false;
+    }
     return true;
 }
 
@@ -359,7 +369,11 @@ void HostProgram::startPrivateServer()
     connect(m_server.get(), &EmbeddedServer::endedUnexpectedly, this, &HostProgram::serverEnded);
     // What the module lacks is told when its turn has come.
     const auto meanwhile = [this] { static_cast<void>(m_module.entry() || m_module.load(m_options.moduleDir)); };
-    m_server->start([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); }, meanwhile);
+    const auto progress = [this](const QString &waitingFor) {
+        if (!m_screen.showWaiting(waitingFor))
+            throw ServerError(ServerError::Kind::Cancelled, u"ورود به برنامه بسته شد."_s, u"the user closed the login"_s);
+    };
+    m_server->start(progress, meanwhile);
     KConnection::configure(0, m_server->connectionSettings());
     BackupRestoring(m_server->connectionSettings()).cleanLeft();
 }
@@ -367,14 +381,14 @@ void HostProgram::startPrivateServer()
 void HostProgram::prepareSchema()
 {
     DatabaseUpgrade upgrade(
-        m_folder.backupsPath(), [this](const QString &text) { m_splash.showWaiting(text); },
-        [this](const QString &text) { return m_splash.showWaitingOrGiveUp(text); });
+        m_folder.backupsPath(), [this](const QString &text) { m_screen.showWaiting(text); },
+        [this](const QString &text) { return m_screen.showWaitingOrGiveUp(text); });
     upgrade.setWayBack(m_server ? WayBack(m_folder).sentences() : WayBack::ofOfficeServer());
     upgrade.upgradeSuite();
     upgrade.sumUpBooks();
     m_clock.reached("suite-schema");
     if (!m_module.entry() && !m_module.load(m_options.moduleDir)) {
-        g_pDlgWarning->Show(m_module.errorText() + u"\nبرنامه بدون آن ادامه می‌یابد."_s, &m_splash);
+        g_pDlgWarning->Show(m_module.errorText() + u"\nبرنامه بدون آن ادامه می‌یابد."_s, m_screen.window());
         return;
     }
     m_clock.reached("module");
@@ -391,7 +405,7 @@ bool HostProgram::prepareOffice()
         fillDemo();
     if (m_options.rebuildSearch || CTblUsers::anyUser())
         return true;
-    m_splash.hide();
+    m_screen.hide();
     if (m_view) {
         g_pDlgWarning->Show(u"در این پشتیبان هنوز کاربری نیست که با آن بتوان وارد شد."_s);
         return false;
@@ -413,9 +427,9 @@ void HostProgram::fillDemo()
 {
     if (DemoOffice::isFilled())
         return;
-    m_splash.showWaiting(u"ساختن دفتر نمونه"_s);
+    m_screen.showWaiting(u"ساختن دفتر نمونه"_s);
     DemoOffice::fill(m_options.demoSize, m_options.demoDay, m_server->folder().clientConfigPath(),
-                     [this] { m_splash.showWaiting(u"ساختن دفتر نمونه"_s); });
+                     [this] { m_screen.showWaiting(u"ساختن دفتر نمونه"_s); });
     m_proposedUser = DemoOffice::userName();
     m_clock.reached("demo");
 }
@@ -426,23 +440,33 @@ void HostProgram::loginShown()
         return;
     m_started = true;
     m_clock.reached("login");
-    m_clock.finished();
+    m_clock.passed("total");
 }
 
 bool HostProgram::login()
 {
-    CDlgLogin dialog(CompanyDetails::read().name());
+    if (m_screen.isLeft())
+        return false;
+    std::unique_ptr<CDlgLogin> dialog = m_screen.takeLogin();
+    const QString officeName = CompanyDetails::read().name();
+    if (dialog)
+        dialog->databaseAnswers(officeName);
+    else
+        dialog = std::make_unique<CDlgLogin>(officeName);
     if (!m_proposedUser.isEmpty())
-        dialog.setUserName(m_proposedUser);
+        dialog->setUserName(m_proposedUser);
     m_proposedUser.clear();
-    m_splash.hide();
+    m_screen.hide();
+    m_clock.passed("answering");
+    if (m_started && m_options.quitAfterLoginShown)
+        return false;
     const auto shown = [this, &dialog] {
         loginShown();
         if (m_options.quitAfterLoginShown)
-            dialog.reject();
+            dialog->reject();
     };
-    connect(&dialog, &CDlgLogin::painted, &dialog, shown, Qt::QueuedConnection);
-    return dialog.exec() == QDialog::Accepted && GetDBSetting()->Login(dialog.userID());
+    connect(dialog.get(), &CDlgLogin::painted, dialog.get(), shown, Qt::QueuedConnection);
+    return dialog->exec() == QDialog::Accepted && GetDBSetting()->Login(dialog->userID());
 }
 
 void HostProgram::work()
@@ -526,12 +550,12 @@ void HostProgram::restore(const RestoreRequest &request)
         }
         KTableSchema::forgetAll();
         prepareSchema();
-        m_splash.hide();
+        m_screen.hide();
         qCInfo(lcHost).noquote() << "restored:" << request.file.path() << "copy of the state before:" << copy.path();
         const QString forward = request.lastMinute ? u" و تغییرهای ثبت شده پس از آن"_s : QString();
         g_pDlgMessage->Show(u"بازگردانده شد به %1%2.\nپشتیبان وضع پیش از آن: %3"_s.arg(when, forward, ServerError::shownPath(copy.path())) + warnings);
     } catch (const ServerError &error) {
-        m_splash.hide();
+        m_screen.hide();
         qCCritical(lcHost).noquote() << "restore:" << error.detail();
         if (error.kind() == ServerError::Kind::Damaged && m_server && showDamage(error.userMessage())) {
             startPrivateServer();
@@ -559,14 +583,14 @@ bool HostProgram::restartServer()
 {
     for (;;) {
         try {
-            m_server->restart([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
-            m_splash.hide();
+            m_server->restart([this](const QString &waitingFor) { m_screen.showWaiting(waitingFor); });
+            m_screen.hide();
             // Connections to the server that ended would fail once more before they notice.
             KConnection::closeThreadConnections();
             qCInfo(lcHost) << "the server runs again";
             return true;
         } catch (const ServerError &error) {
-            m_splash.hide();
+            m_screen.hide();
             qCCritical(lcHost).noquote() << "restart:" << error.detail();
             const QString question = error.userMessage() + u"\nدوباره تلاش شود؟"_s;
             if (g_pDlgYesNo->Ask(question, m_window) != KMessageDialog::Yes)
@@ -598,7 +622,7 @@ void HostProgram::shutDown()
     if (!m_server)
         return;
     try {
-        m_server->stop([this](const QString &waitingFor) { m_splash.showWaiting(waitingFor); });
+        m_server->stop([this](const QString &waitingFor) { m_screen.showWaiting(waitingFor); });
     } catch (const ServerError &error) {
         qCWarning(lcHost).noquote() << "stop:" << error.detail();
     }

@@ -5,7 +5,7 @@
 
 #include "host/frame/AutoModule.h"
 #include "host/frame/HostOptions.h"
-#include "host/start/SplashWindow.h"
+#include "host/start/StartScreen.h"
 #include "host/frame/StartupClock.h"
 #include "host/server/DataFolder.h"
 #include "host/server/EmbeddedServer.h"
@@ -47,6 +47,7 @@ private:
     void openBackup();
     bool takeFolder();
     bool startDatabase();
+    // Throws ServerError, also where the user has left the login meanwhile.
     void startPrivateServer();
     // Brings the schemas to this version; loads the module where it is not loaded yet.
     void prepareSchema();
@@ -74,7 +75,7 @@ private:
     std::unique_ptr<EmbeddedServer> m_server;
     std::unique_ptr<BackupView> m_view; // instead of the office
     AutoModule m_module;
-    SplashWindow m_splash;
+    StartScreen m_screen;
     ManualKey m_manual;
     QString m_proposedUser;
     MainWindow *m_window = nullptr;

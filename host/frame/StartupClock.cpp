@@ -16,7 +16,7 @@ void StartupClock::reached(const char *phase)
     qCInfo(lcHost, "startup: %s %lld", phase, static_cast<long long>(m_phase.restart()));
 }
 
-void StartupClock::finished()
+void StartupClock::passed(const char *point)
 {
-    qCInfo(lcHost, "startup: total %lld", static_cast<long long>(m_whole.elapsed()));
+    qCInfo(lcHost, "startup: %s %lld", point, static_cast<long long>(m_whole.elapsed()));
 }

@@ -17,8 +17,8 @@ public:
 
     // The phase that ran since the last call (or since the clock was made) is over.
     void reached(const char *phase);
-    // Writes "startup: total" with the time since the clock was made.
-    void finished();
+    // The same with all the time since the clock was made.
+    void passed(const char *point);
 
 private:
     QElapsedTimer m_whole;

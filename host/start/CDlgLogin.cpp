@@ -23,12 +23,15 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 const QString section = u"Login"_s;
 const QString lastUserKey = u"sLastUser"_s;
+const QString officeKey = u"sOffice"_s;
 
 constexpr int loginPicture = 64;
 constexpr int wholeLine = 8;
@@ -36,30 +39,81 @@ constexpr int wholeLine = 8;
 }
 
 CDlgLogin::CDlgLogin(const QString &officeName, QWidget *parent)
+    : CDlgLogin(BeforeDatabase(), parent)
+{
+    databaseAnswers(officeName);
+}
+
+CDlgLogin::CDlgLogin(BeforeDatabase, QWidget *parent)
     : KDialog(parent)
     , m_user(new KEdit(this))
     , m_password(new KEdit(this))
+    , m_title(new QLabel(this))
     , m_hint(new QLabel(this))
 {
     setWindowTitle(u"ورود به برنامه"_s);
-    build(officeName.isEmpty() ? u"گالری اتومبیل"_s : officeName);
+    build();
+    setOfficeName(ReadSetting(section, officeKey, QString()));
     m_wait.setInterval(1000);
     connect(&m_wait, &QTimer::timeout, this, &CDlgLogin::showWait);
+    // Whoever types on has not finished.
+    for (const KEdit *edit : {m_user, m_password})
+        connect(edit, &QLineEdit::textEdited, this, [this] { keepWhatIsPressed(false); });
     setUserName(ReadSetting(section, lastUserKey, QString()));
-    wait(LoginAttempts::secondsLeft());
 }
 
-void CDlgLogin::build(const QString &officeName)
+bool CDlgLogin::isOfficeKnown()
+{
+    return !ReadSetting(section, officeKey, QString()).isEmpty();
+}
+
+void CDlgLogin::waitFor(const QString &waitingFor)
+{
+    if (m_hint->text() == waitingFor)
+        return;
+    LookFonts::applyHint(m_hint);
+    m_hint->setText(waitingFor);
+}
+
+void CDlgLogin::databaseAnswers(const QString &officeName)
+{
+    setOfficeName(officeName);
+    if (ReadSetting(section, officeKey, QString()) != m_title->text())
+        WriteSetting(section, officeKey, m_title->text());
+    LookFonts::applyError(m_hint);
+    m_hint->clear();
+    m_databaseAnswers = true;
+    wait(LoginAttempts::secondsLeft());
+    if (std::exchange(m_pressed, false))
+        QMetaObject::invokeMethod(this, &CDlgLogin::accept, Qt::QueuedConnection);
+}
+
+void CDlgLogin::setOfficeName(const QString &name)
+{
+    m_title->setText(name.isEmpty() ? u"گالری اتومبیل"_s : name);
+}
+
+void CDlgLogin::keepWhatIsPressed(bool pressed)
+{
+    if (m_databaseAnswers)
+        return;
+    m_pressed = pressed;
+    // A button that goes dark passes the focus on to the one beside it, which would end the program at the next Enter.
+    if (pressed)
+        m_password->setFocus();
+    m_ok->setEnabled(!pressed);
+}
+
+void CDlgLogin::build()
 {
     auto *content = new QWidget(this);
     auto *picture = new QLabel(content);
     picture->setPixmap(LookIcons::icon(u":/icons/tzauto.svg"_s).pixmap(LookSizes::scaled(loginPicture)));
     picture->setAlignment(Qt::AlignCenter);
-    auto *title = new QLabel(officeName, content);
-    title->setAlignment(Qt::AlignCenter);
-    title->setTextFormat(Qt::PlainText);
-    title->setWordWrap(true);
-    LookFonts::apply(title, LookFonts::Use::Page);
+    m_title->setAlignment(Qt::AlignCenter);
+    m_title->setTextFormat(Qt::PlainText);
+    m_title->setWordWrap(true);
+    LookFonts::apply(m_title, LookFonts::Use::Page);
 
     m_password->setEchoMode(QLineEdit::Password);
     m_user->setMaxLength(50);
@@ -79,7 +133,7 @@ void CDlgLogin::build(const QString &officeName)
             m_ok = button;
 
     auto *column = new CardStack(content);
-    for (QWidget *part : {static_cast<QWidget *>(picture), static_cast<QWidget *>(title), static_cast<QWidget *>(box), static_cast<QWidget *>(m_hint)})
+    for (QWidget *part : {static_cast<QWidget *>(picture), static_cast<QWidget *>(m_title), static_cast<QWidget *>(box), static_cast<QWidget *>(m_hint)})
         column->addCard(part);
     setContent(content, buttons);
     resize(fontMetrics().averageCharWidth() * 52, sizeHint().height());
@@ -93,7 +147,8 @@ void CDlgLogin::setUserName(const QString &user)
 
 bool CDlgLogin::OnOK()
 {
-    if (m_secondsLeft > 0)
+    keepWhatIsPressed(true);
+    if (!m_databaseAnswers || m_secondsLeft > 0)
         return false;
     KEdit *const empty = m_user->text().trimmed().isEmpty() ? m_user : m_password->text().isEmpty() ? m_password
                                                                                                     : nullptr;

@@ -36,6 +36,7 @@ protected:
     {
         m_folder = std::make_unique<QTemporaryDir>();
         m_options = HostOptions();
+        m_drivesEarlyLogin = false;
         m_options.dataDir = m_folder->filePath(u"office"_s);
         m_options.moduleDir = u"" TZ_MODULE_DIR ""_s;
         for (KMessageDialog *dialog : {g_pDlgWarning, g_pDlgMessage, g_pDlgYesNo})
@@ -70,6 +71,8 @@ protected:
         timer.setInterval(15);
         connect(&timer, &QTimer::timeout, this, [&] {
             QWidget *window = inputWindow();
+            if (const auto *login = qobject_cast<CDlgLogin *>(window); login && login->isBeforeDatabase() && !m_drivesEarlyLogin)
+                return;
             if (running.elapsed() > longestRunMilliseconds && window)
                 window->close();
             else if (window)
@@ -155,4 +158,6 @@ protected:
 
     std::unique_ptr<QTemporaryDir> m_folder;
     HostOptions m_options;
+    // Whether step is also given the login that the database does not answer yet.
+    bool m_drivesEarlyLogin = false;
 };

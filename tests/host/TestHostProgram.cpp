@@ -8,6 +8,7 @@
 #include "tests/support/RegisteredTest.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -26,6 +27,9 @@ private Q_SLOTS:
     void wrongCommandLineIsToldWithItsOwnExitCode();
     void newOfficeGoesFromFirstStartToWork();
     void existingOfficeGoesStraightToTheLogin();
+    void whatIsTypedWhileTheServerStartsLogsIn();
+    void wrongPasswordTypedWhileTheServerStartsIsToldOnce();
+    void loginLeftWhileTheServerStartsEndsTheProgram();
     void logTellsTheTimeOfEachPhaseAndNoSecret();
     void missingModuleIsToldOnceAndTheProgramGoesOn();
     void serverThatDiesIsRestartedWithOneMessage();
@@ -108,13 +112,80 @@ void TestHostProgram::existingOfficeGoesStraightToTheLogin()
     QCOMPARE(windows, QStringList{u"CDlgLogin"_s});
 }
 
+void TestHostProgram::whatIsTypedWhileTheServerStartsLogsIn()
+{
+    makeOffice();
+    m_drivesEarlyLogin = true;
+    bool pressedBefore = false;
+    int presses = 0;
+    QString heading;
+    QString waitingFor;
+    QStringList windows;
+    QCOMPARE(drive([&](QWidget *window) {
+                 windows.append(QString::fromLatin1(window->metaObject()->className()));
+                 auto *login = qobject_cast<CDlgLogin *>(window);
+                 if (!login) {
+                     window->close();
+                     return;
+                 }
+                 if (presses++ > 0)
+                     return;
+                 pressedBefore = !logText().contains(u"startup: server "_s);
+                 for (const QLabel *label : login->findChildren<QLabel *>()) {
+                     heading += label->text().contains(u"نمایشگاه آریا"_s) ? label->text() : QString();
+                     waitingFor += label->text().contains(u"پایگاه داده"_s) ? label->text() : QString();
+                 }
+                 logIn(*login, u"sara"_s, u"gallery7"_s);
+                 login->accept();
+             }),
+             0);
+    QVERIFY(pressedBefore);
+    QCOMPARE(heading, u"نمایشگاه آریا"_s);
+    QVERIFY(!waitingFor.isEmpty());
+    windows.removeDuplicates();
+    QCOMPARE(windows, (QStringList{u"CDlgLogin"_s, u"MainWindow"_s}));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+}
+
+void TestHostProgram::wrongPasswordTypedWhileTheServerStartsIsToldOnce()
+{
+    makeOffice();
+    m_drivesEarlyLogin = true;
+    bool pressed = false;
+    QCOMPARE(drive([&](QWidget *window) {
+                 auto *login = qobject_cast<CDlgLogin *>(window);
+                 if (login && !pressed) {
+                     pressed = true;
+                     logIn(*login, u"sara"_s, u"guess"_s);
+                     login->accept();
+                 } else if (!login || logText().contains(u"wrong password"_s)) {
+                     window->close();
+                 }
+             }),
+             0);
+    QVERIFY(pressed);
+    QCOMPARE(g_pDlgWarning->takeShown(), QStringList{u"نام کاربری یا کلمه عبور درست نیست."_s});
+}
+
+void TestHostProgram::loginLeftWhileTheServerStartsEndsTheProgram()
+{
+    makeOffice();
+    m_drivesEarlyLogin = true;
+    QCOMPARE(drive([](QWidget *window) { window->close(); }), 0);
+    QVERIFY2(logText().contains(u"the user closed the login"_s), qPrintable(logText()));
+    QVERIFY(!logText().contains(u"startup: server "_s));
+    QVERIFY(g_pDlgWarning->takeShown().isEmpty());
+    // It starts as well as ever.
+    QCOMPARE(workOnce(), 0);
+}
+
 void TestHostProgram::logTellsTheTimeOfEachPhaseAndNoSecret()
 {
     makeOffice();
     m_options.quitAfterLoginShown = true;
     QCOMPARE(drive([](QWidget *) {}), 0);
     const QString log = logText();
-    for (const char *phase : {"folder", "server", "suite-schema", "module", "module-schema", "login", "total"}) {
+    for (const char *phase : {"folder", "server", "suite-schema", "module", "module-schema", "login", "total", "answering"}) {
         const QRegularExpression line(u"startup: %1 \\d+\\n"_s.arg(QString::fromLatin1(phase)));
         QVERIFY2(log.count(line) == 1, qPrintable(QString::fromLatin1(phase) + u'\n' + log));
     }

@@ -43,6 +43,8 @@ private Q_SLOTS:
     void waitGrowsUpToItsLimit_data();
     void waitGrowsUpToItsLimit();
     void saysWhenItIsOnTheScreen();
+    void pressIsRememberedUntilTheDatabaseAnswers();
+    void whoeverTypesOnHasNotPressed();
 
 private:
     HostTestOffice m_office;
@@ -291,6 +293,52 @@ void TestCDlgLogin::saysWhenItIsOnTheScreen()
     login.dialog.repaint();
     QTest::qWait(20);
     QCOMPARE(painted.count(), 1);
+}
+
+void TestCDlgLogin::pressIsRememberedUntilTheDatabaseAnswers()
+{
+    CDlgLogin dialog{CDlgLogin::BeforeDatabase()};
+    auto *ok = captioned<QPushButton>(dialog, u"ورود"_s);
+    dialog.waitFor(u"در انتظار"_s);
+    dialog.show();
+    named<KEdit>(dialog, u"نام کاربری :"_s)->setText(u"admin"_s);
+    auto *password = named<KEdit>(dialog, u"کلمه عبور :"_s);
+    password->setText(u"secret"_s);
+    password->setFocus();
+    // The second time impatiently: it must not meet the button beside.
+    for (int press = 0; press < 2; ++press) {
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+        QVERIFY(!ok->isEnabled());
+    }
+    QCOMPARE(dialog.focusWidget(), password);
+    QCOMPARE(dialog.userID(), 0);
+    dialog.databaseAnswers(u"نمایشگاه آریا"_s);
+    QTRY_COMPARE(dialog.userID(), m_office.admin);
+    QVERIFY(!dialog.isVisible());
+    QVERIFY(CDlgLogin::isOfficeKnown());
+    const CDlgLogin next{CDlgLogin::BeforeDatabase()};
+    const QList<QLabel *> labels = next.findChildren<QLabel *>();
+    QVERIFY(std::ranges::any_of(labels, [](const QLabel *label) { return label->text() == u"نمایشگاه آریا"_s; }));
+}
+
+void TestCDlgLogin::whoeverTypesOnHasNotPressed()
+{
+    CDlgLogin dialog{CDlgLogin::BeforeDatabase()};
+    auto *ok = captioned<QPushButton>(dialog, u"ورود"_s);
+    auto *password = named<KEdit>(dialog, u"کلمه عبور :"_s);
+    dialog.show();
+    named<KEdit>(dialog, u"نام کاربری :"_s)->setText(u"admin"_s);
+    password->setText(u"secre"_s);
+    ok->click();
+    QTest::keyClicks(password, u"t"_s);
+    QVERIFY(ok->isEnabled());
+    dialog.databaseAnswers({});
+    QCoreApplication::processEvents();
+    QCOMPARE(dialog.userID(), 0);
+    QVERIFY(dialog.isVisible());
+    ok->click();
+    QCOMPARE(dialog.userID(), m_office.admin);
 }
 
 static const RegisteredTest<TestCDlgLogin, QApplication> registeredCDlgLogin;
